@@ -1,0 +1,19 @@
+// Board geometry in twips: cell numbers, cell and text positions, hit testing.
+#pragma once
+
+#include "model/game_state.h"
+
+namespace velmora {
+
+inline constexpr int kCellSize = 810;
+inline constexpr int kBoardMargin = 30;
+
+// Fills CellNumber, CellRow, CellCol, CellX, CellY, TextX, TextY for the
+// current Rows x Cols. Clearing the picture is the window's part.
+void CalcCellPos(GameState& s);
+
+// The first cell (rows outer) whose square, borders included, holds (x, y);
+// row and col are left unchanged when there is none.
+void FindCell(const GameState& s, float x, float y, int& row, int& col);
+
+}  // namespace velmora

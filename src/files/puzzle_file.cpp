@@ -1,0 +1,177 @@
+// Reading and writing puzzle records.
+#include "files/puzzle_file.h"
+
+#include <stdexcept>
+#include <vector>
+
+#include "board/geometry.h"
+#include "model/rules.h"
+#include "model/text.h"
+
+namespace velmora {
+namespace {
+
+// A step that would index outside a table or read past a line: the load's
+// failure exit.
+struct LoadError {};
+
+int32_t& Cell(Board<int32_t>& board, int row, int col) {
+  if (row < 0 || row > kMaxIndex || col < 0 || col > kMaxIndex) throw LoadError{};
+  return board[row][col];
+}
+
+int CharCode(const std::string& line, long long position) {  // 1-based position
+  if (position < 1 || position > static_cast<long long>(line.size())) throw LoadError{};
+  return static_cast<unsigned char>(line[static_cast<size_t>(position - 1)]);
+}
+
+std::string NextLine(LineReader& reader) {
+  std::string line;
+  if (!reader.ReadLine(line)) throw LoadError{};
+  return line;
+}
+
+int32_t SizeField(const std::string& field) {
+  const auto v = ValInt(field);
+  if (!v) throw LoadError{};
+  return *v;
+}
+
+}  // namespace
+
+int CountPuzzles(const std::string& file) {
+  LineReader reader(file);
+  int count = 0;
+  std::string line;
+  while (reader.ReadLine(line)) {
+    if (!line.empty() && line[0] == '#') ++count;
+  }
+  return count;
+}
+
+int FindPuzzleHeader(LineReader& reader, int n, int& number) {
+  int counter = -1;
+  std::string line;
+  while (reader.ReadLine(line)) {
+    if (line.empty() || line[0] != '#') continue;
+    ++counter;
+    if (counter >= n) {
+      const auto v = ValInt(std::string_view(line).substr(1));
+      number = v ? *v : 0;
+      return 0;
+    }
+  }
+  return -1;
+}
+
+int LoadPuzzle(GameState& s, UserInterface& ui, const std::string& file, int n, std::string& title,
+               int drawFlag) {
+  ui.SetBusy(true);
+  try {
+    LineReader reader(file);
+    if (!reader.IsOpen()) throw LoadError{};
+    int k = 0;
+    std::string line;
+    while (k < n || n <= 0) {
+      if (!reader.ReadLine(line)) {
+        ui.SetBusy(false);
+        return 1;
+      }
+      if (line.empty() || line[0] != '#') continue;
+      title = NextLine(reader);
+      ++k;
+    }
+
+    const std::string size = NextLine(reader);
+    const size_t comma = size.find(',');
+    if (comma == std::string::npos) throw LoadError{};  // the size line has no second field
+    const size_t comma2 = size.find(',', comma + 1);
+    s.Rows = SizeField(size.substr(0, comma));
+    s.Cols = SizeField(size.substr(comma + 1, comma2 == std::string::npos ? std::string::npos
+                                                                           : comma2 - comma - 1));
+    for (long long r = 1; r <= s.Rows; ++r) {
+      const std::string row = NextLine(reader);
+      const size_t bar = row.find('|');
+      const long long p = bar == std::string::npos ? 0 : static_cast<long long>(bar) + 1;
+      const int ri = r > kMaxIndex ? kGridDim : static_cast<int>(r);
+      if (p > 1) {
+        for (long long c = 1; c <= s.Cols; ++c) {
+          const int ci = c > kMaxIndex ? kGridDim : static_cast<int>(c);
+          const int v = CharCode(row, p + c) - 64;
+          Cell(s.SolutionGrid, ri, ci) = v;
+        }
+      }
+      for (long long c = 1; c <= s.Cols; ++c) {
+        const int ci = c > kMaxIndex ? kGridDim : static_cast<int>(c);
+        const int v = CharCode(row, c) - 64;
+        Cell(s.Grid, ri, ci) = v;
+        Cell(s.PuzzleGrid, ri, ci) = v;
+        s.CellOptions[ri][ci] = 0;
+      }
+    }
+
+    CalcCellPos(s);
+    s.CurrentPuzzleNumber = n;
+    s.view.PuzNumNow = NumText(n);
+    s.PuzzleCount = CountPuzzles(file);
+    s.view.MaxPuzCount = " of" + Str(s.PuzzleCount);
+    s.view.PuzTitle = title;
+    s.view.Caption = "File: " + file;
+    ui.ControlsChanged();
+
+    if (!RebuildCardCodes(s) || !UpdateOptions(s, 1)) throw LoadError{};
+    if (drawFlag == 1) ui.DrawBoard();
+    s.CellOptionsSaved = s.CellOptions;
+    s.Solving = 0;
+    s.SelectedCard.clear();
+    ui.ControlsChanged();
+    ui.SetBusy(false);
+    return 0;
+  } catch (const LoadError&) {
+    ui.SetBusy(false);
+    s.Solving = 0;
+    return 1;
+  }
+}
+
+std::string PuzzleRecordText(const GameState& s, int number, const std::string& title) {
+  std::vector<std::string> lines;
+  lines.push_back("#" + NumText(number == 0 ? 1 : number));
+  lines.push_back(title);
+  lines.push_back(Str(s.Rows) + "," + Str(s.Cols) + "," + Str(CountBlanks(s)));
+  if (s.Rows > kMaxIndex || s.Cols > kMaxIndex) return {};  // no such grid cells
+  auto letter = [](int v, std::string& out) {
+    if (v + 64 < 0 || v + 64 > 255) return false;
+    out += static_cast<char>(v + 64);
+    return true;
+  };
+  for (int r = 1; r <= s.Rows; ++r) {
+    std::string puzzle, solution;
+    for (int c = 1; c <= LoopCols(s); ++c) {
+      if (s.Grid[r][c] <= 0) {
+        puzzle += '@';
+      } else if (!letter(s.SolutionGrid[r][c], puzzle)) {
+        return {};
+      }
+      if (!letter(s.SolutionGrid[r][c], solution)) return {};
+    }
+    lines.push_back(puzzle + "|" + solution);
+  }
+  return JoinLines(lines);
+}
+
+bool WritePuzzleRecord(const GameState& s, const std::string& file, int number, const std::string& title) {
+  const std::string text = PuzzleRecordText(s, number, title);
+  if (text.empty()) return false;
+  return number != 0 ? AppendToFile(file, text) : WriteFileAtomically(file, text);
+}
+
+int CountBlanks(const GameState& s) {
+  int blanks = 0;
+  for (int r = 1; r <= LoopRows(s); ++r) {
+    for (int c = 1; c <= LoopCols(s); ++c) blanks += s.Grid[r][c] == 0;
+  }
+  return blanks;
+}
+
+}  // namespace velmora

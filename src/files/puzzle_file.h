@@ -1,0 +1,36 @@
+// Reading and writing puzzle records.
+#pragma once
+
+#include <string>
+
+#include "files/text_file.h"
+#include "model/game_state.h"
+#include "model/user_interface.h"
+
+namespace velmora {
+
+// Lines beginning with "#"; 0 for a missing or unreadable file.
+int CountPuzzles(const std::string& file);
+
+// Reads on from the reader's position to the n-th header line (the first
+// when n = 0). Returns status 0 with number = the header's numeric value, or
+// -1 at end of file.
+int FindPuzzleHeader(LineReader& reader, int n, int& number);
+
+// Loads record n (1-based ordinal) into the grids and shows it. Returns
+// notFound: 0 when loaded, 1 when there is no such record or reading failed;
+// what a failed load already wrote into the state stays.
+int LoadPuzzle(GameState& s, UserInterface& ui, const std::string& file, int n, std::string& title,
+               int drawFlag);
+
+// The record text WritePuzzleRecord writes; empty when a value has no letter.
+std::string PuzzleRecordText(const GameState& s, int number, const std::string& title);
+
+// number != 0 appends a record headed "#number"; 0 replaces the whole file
+// with one record headed "#1". False on a file error.
+bool WritePuzzleRecord(const GameState& s, const std::string& file, int number, const std::string& title);
+
+// Cells of the board whose Grid value is 0.
+int CountBlanks(const GameState& s);
+
+}  // namespace velmora

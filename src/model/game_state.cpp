@@ -1,0 +1,58 @@
+// Card tables and the main state's construction.
+#include "model/game_state.h"
+
+namespace velmora {
+
+std::string CardCodeTable::Code(int i) const {
+  const int r = Rank(i);
+  std::string code;
+  code += static_cast<char>('0' + r / 10);
+  code += static_cast<char>('0' + r % 10);
+  code += SuitLetter(i);
+  return code;
+}
+
+void BuildCardCodes(CardCodeTable& codes) {
+  int index = 0;
+  for (int r = 1; r <= 13; ++r) {
+    for (int suit = 1; suit <= 4; ++suit) codes.Set(++index, r, suit);
+  }
+  for (int suit = 1; suit <= 4; ++suit) codes.Set(-suit, 0, suit);
+  codes.Set(0, 0, 0);
+}
+
+GameState::GameState() { BuildCardCodes(CardCodes); }
+
+bool RebuildCardCodes(GameState& s) {
+  for (int i = 1; i <= 52; ++i) s.CardCodes.Set(i, (i - 1) / 4 + 1, (i - 1) % 4 + 1);
+  s.CardCodes.Set(0, 0, 0);
+  std::array<bool, kMaxCardIndex + 1> used{};
+  for (int k = 1; k <= 52; ++k) {
+    const int v = s.SolutionGrid[s.CellRow[k]][s.CellCol[k]];
+    if (v < 0 || v > kMaxCardIndex) return false;
+    used[v] = true;
+  }
+  for (int i = 1; i <= 52; ++i) {
+    if (!used[i]) s.CardCodes.Set(i, 0, 0);
+  }
+  return true;
+}
+
+std::string OptionText(CardSet set) {
+  std::string text;
+  text.reserve(3 * 52);
+  while (set) {
+    const int card = __builtin_ctzll(set) + 1;
+    set &= set - 1;
+    text += ' ';
+    text += RankLetter((card - 1) / 4 + 1);
+    text += kSuitLetters[(card - 1) % 4 + 1];
+  }
+  return text;
+}
+
+std::string ListText(const GameState& s, int card) {
+  return std::string(RankLetter(s.CardCodes.Rank(card))) + s.CardCodes.SuitLetter(card);
+}
+
+}  // namespace velmora

@@ -1,0 +1,130 @@
+// The program's main state: card tables, board arrays, options, lists and flags.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "model/random.h"
+
+namespace velmora {
+
+// Per-cell arrays are indexed (row, col) 0..9 in each direction; row and
+// column 0 are never used by the puzzle and stay 0.
+inline constexpr int kGridDim = 10;
+inline constexpr int kMaxIndex = kGridDim - 1;
+inline constexpr int kMinCardIndex = -4;
+inline constexpr int kMaxCardIndex = 52;
+// The cell-number tables cover the largest board the grids can hold.
+inline constexpr int kMaxCellNumber = kMaxIndex * kMaxIndex;
+
+template <typename T>
+using Board = std::array<std::array<T, kGridDim>, kGridDim>;
+
+// A set of cards: bit k-1 stands for card index k (1..52). Iterating the
+// bits from low to high visits cards in option-text token order.
+using CardSet = uint64_t;
+inline constexpr CardSet kAllCards = (CardSet{1} << 52) - 1;
+inline constexpr CardSet CardBit(int card) { return CardSet{1} << (card - 1); }
+
+// Suit numbers 1..4 for "S", "H", "D", "C"; 0 stands for the "X" of "00X".
+inline constexpr char kSuitLetters[5] = {'X', 'S', 'H', 'D', 'C'};
+// RankLetters -1..13, stored from index 0.
+inline constexpr const char* kRankLetters[15] = {"?", " ", "1", "2", "3", "4", "5", "6",
+                                                 "7", "8", "9", "T", "J", "Q", "K"};
+inline const char* RankLetter(int rank) { return kRankLetters[rank + 1]; }
+inline constexpr const char* kDifficultyNames[3] = {"Easy", "Hard", "VHard"};
+
+// CardCodes -4..52 held as rank number and suit number, which is what every
+// reader of the table extracts ("07D" is rank 7, suit 3; "00X" is 0, 0).
+struct CardCodeTable {
+  std::array<int8_t, kMaxCardIndex - kMinCardIndex + 1> rank{};
+  std::array<int8_t, kMaxCardIndex - kMinCardIndex + 1> suit{};
+  CardSet deck = 0;  // cards 1..52 whose code is not "00X"
+
+  static bool InRange(int i) { return i >= kMinCardIndex && i <= kMaxCardIndex; }
+  int Rank(int i) const { return rank[i - kMinCardIndex]; }
+  int Suit(int i) const { return suit[i - kMinCardIndex]; }
+  char SuitLetter(int i) const { return kSuitLetters[Suit(i)]; }
+  bool IsAbsent(int i) const { return Suit(i) == 0; }  // reads "00X"
+  void Set(int i, int r, int s) {
+    rank[i - kMinCardIndex] = static_cast<int8_t>(r);
+    suit[i - kMinCardIndex] = static_cast<int8_t>(s);
+    if (i >= 1) deck = s ? (deck | CardBit(i)) : (deck & ~CardBit(i));
+  }
+  // The code text, e.g. "01S", "13C", "00X".
+  std::string Code(int i) const;
+};
+
+// Texts of the main window's controls that commands write.
+struct ViewState {
+  std::string PuzNumNow;
+  std::string MaxPuzCount;
+  std::string PuzTitle;
+  std::string Caption;
+  std::string pb;       // status label
+  std::string NewLab;   // progress panel label
+  std::string Label3;   // row of the last click
+  std::string Label4;   // column of the last click
+  bool Frame1Visible = false;
+};
+
+struct GameState {
+  GameState();
+
+  CardCodeTable CardCodes;
+
+  int Rows = 7;
+  int Cols = 7;
+  Board<int32_t> Grid{};
+  Board<int32_t> PuzzleGrid{};
+  Board<int32_t> SolutionGrid{};
+  Board<CardSet> CellOptions{};
+  Board<CardSet> CellOptionsSaved{};
+  CardSet AvailableCards = 0;
+  std::array<std::vector<std::string>, 4> Remain;
+
+  // Cell numbering and drawing positions (twips), filled by CalcCellPos.
+  Board<int32_t> CellNumber{};
+  std::array<int32_t, kMaxCellNumber + 1> CellRow{};
+  std::array<int32_t, kMaxCellNumber + 1> CellCol{};
+  Board<int32_t> CellX{}, CellY{}, TextX{}, TextY{};
+
+  int Solving = 0;
+  int CancelRequest = 0;
+  std::string SelectedCard;
+
+  std::deque<std::string> UndoList;  // newest first
+  std::array<std::string, 1> GridBackups;
+
+  std::string AppFolder;  // always ends in '/'
+  std::string CurrentPuzzleFile;
+  int CurrentPuzzleNumber = 0;
+  int PuzzleCount = 0;
+  std::string ColorSchemeName = "default.col";
+
+  ViewState view;
+  Random rng;
+};
+
+// Loop bounds over the board: a failed load may leave Rows or Cols outside
+// what the 0..9 arrays hold, and loops must never index past them.
+inline int LoopRows(const GameState& s) { return s.Rows < 0 ? 0 : (s.Rows > kMaxIndex ? kMaxIndex : s.Rows); }
+inline int LoopCols(const GameState& s) { return s.Cols < 0 ? 0 : (s.Cols > kMaxIndex ? kMaxIndex : s.Cols); }
+
+// Rewrites CardCodes 1..52 to the plain codes (and -4..-1, 0 as at start-up).
+void BuildCardCodes(CardCodeTable& codes);
+
+// Marks the cards absent from SolutionGrid as "00X". Returns false when a
+// solution value lies outside 0..52 (a run-time error for the caller).
+bool RebuildCardCodes(GameState& s);
+
+// Option text of a card set: " 1S 3H KC", tokens in card-index order.
+std::string OptionText(CardSet set);
+
+// Rank letter and suit letter of a card index through CardCodes ("QH").
+std::string ListText(const GameState& s, int card);
+
+}  // namespace velmora

@@ -1,0 +1,34 @@
+// Number/text conversions shared by files, messages and option texts.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace velmora {
+
+// The leading-blank form: " 7" for 7, "-3" for -3. Every reader of undo
+// entries, size lines and messages relies on it.
+std::string Str(long long n);
+
+// Trimmed decimal text, no leading blank ("12").
+std::string NumText(long long n);
+
+// Lenient numeric value of a text: leading blanks, an optional sign, digits
+// and an optional fraction; anything else ends the number, no digits give 0.
+double Val(std::string_view text);
+
+// Val rounded half-to-even into a 32-bit integer; nullopt on overflow.
+std::optional<int32_t> ValInt(std::string_view text);
+
+std::string Trim(std::string_view text);
+std::string TrimLeft(std::string_view text);
+std::string ToLower(std::string_view text);
+bool ContainsNoCase(std::string_view haystack, std::string_view needle);
+bool StartsWithNoCase(std::string_view text, std::string_view prefix);
+
+// CR LF inside message texts.
+inline constexpr const char* kNewLine = "\r\n";
+
+}  // namespace velmora

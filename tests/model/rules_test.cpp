@@ -1,0 +1,187 @@
+// Rule tests, option texts, Remain lists and card lookup.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "board/geometry.h"
+#include "model/rules.h"
+#include "model/text.h"
+
+namespace velmora {
+namespace {
+
+int Card(int rank, int suit) { return (rank - 1) * 4 + suit; }
+
+GameState EmptyBoard() {
+  GameState s;
+  s.Rows = s.Cols = 7;
+  CalcCellPos(s);
+  return s;
+}
+
+std::string Options(const GameState& s, int r, int c) { return OptionText(s.CellOptions[r][c]); }
+
+TEST(ExcludedRanks, NeighbourRanksWrapBetweenKingAndAce) {
+  GameState s = EmptyBoard();
+  s.Grid[4][3] = Card(13, 1);  // king left of (4,4)
+  // The neighbour's entries, then its rank again as a card of the same row.
+  EXPECT_EQ(ExcludedRanks(s, 4, 4), " 13, 1, 12, 13,");
+  ASSERT_TRUE(UpdateOptions(s, 0));
+  const std::string opts = Options(s, 4, 4);
+  EXPECT_EQ(opts.find('K'), std::string::npos);
+  EXPECT_EQ(opts.find(" 1"), std::string::npos);
+  EXPECT_EQ(opts.find('Q'), std::string::npos);
+  EXPECT_NE(opts.find(" 2H"), std::string::npos);
+
+  s.Grid[4][3] = 0;
+  s.Grid[3][4] = Card(1, 2);  // ace above (4,4)
+  EXPECT_EQ(ExcludedRanks(s, 4, 4), " 1, 2, 13, 1,");
+}
+
+TEST(ExcludedRanks, SameRowBarsOnlyThatRankAndEntriesDoNotOverlap) {
+  GameState s = EmptyBoard();
+  s.Grid[2][7] = Card(10, 3);  // ten far along row 2
+  EXPECT_EQ(ExcludedRanks(s, 2, 1), " 10,");
+  ASSERT_TRUE(UpdateOptions(s, 0));
+  const std::string opts = Options(s, 2, 1);
+  EXPECT_EQ(opts.find('T'), std::string::npos);
+  EXPECT_NE(opts.find(" 1S"), std::string::npos);  // " 1," is not inside " 10,"
+  // Row, then column order; repeats are kept.
+  s.Grid[6][1] = Card(10, 1);
+  EXPECT_EQ(ExcludedRanks(s, 2, 1), " 10, 10,");
+}
+
+TEST(NeighbourSuits, OrderLeftUpRightDownWithXForEmpty) {
+  GameState s = EmptyBoard();
+  s.Grid[3][2] = Card(5, 2);
+  s.Grid[4][3] = -4;  // clubs mark below
+  EXPECT_EQ(NeighbourSuits(s, 3, 3), "HXXC");
+  EXPECT_EQ(NeighbourSuits(s, 1, 1), "XX");  // off-board neighbours add nothing
+  ASSERT_TRUE(UpdateOptions(s, 0));
+  const std::string opts = Options(s, 3, 3);
+  EXPECT_EQ(opts.find('H'), std::string::npos);
+  EXPECT_EQ(opts.find('C'), std::string::npos);
+  // A mark does not filter its own cell: the clubs mark may list clubs.
+  EXPECT_NE(Options(s, 4, 3).find('C'), std::string::npos);
+}
+
+TEST(UpdateOptions, EmptyBoardOffersTheWholeDeckButNoAbsentCard) {
+  GameState s = EmptyBoard();
+  for (int i : {7, 30, 52}) s.CardCodes.Set(i, 0, 0);  // absent from this puzzle
+  ASSERT_TRUE(UpdateOptions(s, 1));
+  const std::string opts = Options(s, 4, 4);
+  EXPECT_EQ(opts.size(), 147u);
+  EXPECT_EQ(opts.substr(0, 12), " 1S 1H 1D 1C");
+  EXPECT_EQ(opts.find(" 2D"), std::string::npos);  // card 7
+  EXPECT_EQ(opts.find(" KC"), std::string::npos);  // card 52
+  size_t total = 0;
+  for (const auto& list : s.Remain) total += list.size();
+  EXPECT_EQ(total, 49u);
+  EXPECT_EQ(s.Remain[0].front(), "1S");
+  EXPECT_EQ(s.Remain[3].back(), "QC");
+  EXPECT_EQ(s.Remain[2][1], "3D");  // 2D is absent
+}
+
+TEST(UpdateOptions, FilledAndBarredCellsHaveEmptyTextAndFullBoardEmptiesLists) {
+  GameState s = EmptyBoard();
+  for (int k = 1; k <= 52; ++k)
+    if (k != 5 && k != 18 && k != 9 && k != 20) s.CardCodes.Set(k, 0, 0);
+  s.Grid[1][1] = 9;   // 3S left of (1,2): bars 2S
+  s.Grid[2][2] = 20;  // 5C below (1,2): bars 5H
+  ASSERT_TRUE(UpdateOptions(s, 1));
+  EXPECT_EQ(Options(s, 1, 1), "");
+  EXPECT_EQ(Options(s, 1, 2), "");
+  EXPECT_EQ(Options(s, 5, 5), " 2S 5H");
+  ASSERT_EQ(s.Remain[0].size(), 1u);
+  EXPECT_EQ(s.Remain[0][0], "2S");
+  EXPECT_EQ(s.Remain[1][0], "5H");
+
+  GameState full = EmptyBoard();
+  for (int r = 1; r <= 7; ++r)
+    for (int c = 1; c <= 7; ++c) full.Grid[r][c] = (r - 1) * 7 + c;
+  full.Remain[0].push_back("stale");
+  ASSERT_TRUE(UpdateOptions(full, 1));
+  for (const auto& list : full.Remain) EXPECT_TRUE(list.empty());
+}
+
+TEST(UpdateOptions, ValuesWithoutACodeAreRunTimeErrors) {
+  GameState s = EmptyBoard();
+  s.Grid[2][2] = 53;
+  EXPECT_FALSE(UpdateOptions(s, 0));
+  s.Grid[2][2] = -5;
+  EXPECT_FALSE(UpdateOptions(s, 0));  // read by the empty cells of its row
+  GameState lone;
+  lone.Rows = lone.Cols = 1;
+  lone.Grid[1][1] = -20;  // nothing else reads it
+  EXPECT_TRUE(UpdateOptions(lone, 0));
+}
+
+// The option texts must equal the literal rule: A and B as texts, substring tests.
+TEST(UpdateOptions, BitSetsAgreeWithTheTextRuleOnRandomBoards) {
+  std::mt19937 rng(12345);
+  for (int round = 0; round < 300; ++round) {
+    GameState s = EmptyBoard();
+    for (int i = 0; i < 3; ++i) s.CardCodes.Set(1 + static_cast<int>(rng() % 52), 0, 0);
+    for (int r = 1; r <= 7; ++r)
+      for (int c = 1; c <= 7; ++c) {
+        const int roll = static_cast<int>(rng() % 10);
+        s.Grid[r][c] = roll < 4 ? 0 : roll == 4 ? -static_cast<int>(1 + rng() % 4) : 1 + static_cast<int>(rng() % 52);
+      }
+    ASSERT_TRUE(UpdateOptions(s, 1));
+    for (int r = 1; r <= 7; ++r)
+      for (int c = 1; c <= 7; ++c) {
+        std::string expected;
+        if (s.Grid[r][c] < 1) {
+          const std::string a = ExcludedRanks(s, r, c), b = NeighbourSuits(s, r, c);
+          for (int k = 1; k <= 52; ++k) {
+            bool onBoard = false;
+            for (int i = 1; i <= 7; ++i)
+              for (int j = 1; j <= 7; ++j) onBoard |= s.Grid[i][j] == k;
+            if (s.CardCodes.IsAbsent(k) || onBoard) continue;
+            const int rank = s.CardCodes.Rank(k);
+            const char suit = s.CardCodes.SuitLetter(k);
+            if (b.find(suit) == std::string::npos && a.find(Str(rank) + ",") == std::string::npos)
+              expected += std::string(" ") + RankLetter(rank) + suit;
+          }
+        }
+        ASSERT_EQ(Options(s, r, c), expected) << "round " << round << " cell " << r << "," << c;
+      }
+  }
+}
+
+TEST(CardLookup, FindCardIndexAndSuitListIndex) {
+  EXPECT_EQ(FindCardIndex("QD"), 47);
+  EXPECT_EQ(FindCardIndex("1S"), 1);
+  EXPECT_EQ(FindCardIndex("ks"), 49);
+  EXPECT_EQ(FindCardIndex("TS"), 37);
+  EXPECT_EQ(FindCardIndex("ZZ"), -1);
+  EXPECT_EQ(FindCardIndex("1S02"), -1);
+  EXPECT_EQ(SuitListIndex("S"), 0);
+  EXPECT_EQ(SuitListIndex("C"), 3);
+  EXPECT_EQ(SuitListIndex("s"), -1);
+  EXPECT_EQ(SuitListIndex("X"), -1);
+  EXPECT_EQ(SuitListIndex("SH"), -1);
+}
+
+TEST(Geometry, CellNumbersAndPositions) {
+  GameState s = EmptyBoard();
+  EXPECT_EQ(s.CellNumber[1][1], 1);
+  EXPECT_EQ(s.CellNumber[2][1], 8);
+  EXPECT_EQ(s.CellNumber[7][7], 49);
+  EXPECT_EQ(s.CellRow[12], 2);
+  EXPECT_EQ(s.CellCol[12], 5);
+  EXPECT_EQ(s.CellRow[50], 0);
+  EXPECT_EQ(s.CellX[1][2], 840);
+  EXPECT_EQ(s.CellY[3][1], 1650);
+  EXPECT_EQ(s.TextX[1][1], 280);
+  int row = 0, col = 0;
+  FindCell(s, 900, 1650, row, col);  // on the border of rows 2 and 3
+  EXPECT_EQ(row, 2);
+  EXPECT_EQ(col, 2);
+  row = col = 0;
+  FindCell(s, 5701, 100, row, col);
+  EXPECT_EQ(row, 0);
+}
+
+}  // namespace
+}  // namespace velmora

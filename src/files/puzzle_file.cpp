@@ -2,6 +2,7 @@
 #include "files/puzzle_file.h"
 
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 #include "board/geometry.h"
@@ -136,7 +137,9 @@ int LoadPuzzle(GameState& s, UserInterface& ui, const std::string& file, int n, 
 
 std::string PuzzleRecordText(const GameState& s, int number, const std::string& title) {
   std::vector<std::string> lines;
-  lines.push_back("#" + NumText(number == 0 ? 1 : number));
+  std::string header = "#";
+  header += NumText(number == 0 ? 1 : number);
+  lines.push_back(std::move(header));
   lines.push_back(title);
   lines.push_back(Str(s.Rows) + "," + Str(s.Cols) + "," + Str(CountBlanks(s)));
   if (s.Rows > kMaxIndex || s.Cols > kMaxIndex) return {};  // no such grid cells

@@ -21,38 +21,25 @@ bool GridValue(const GameState& s, int row, int col, int& v) {
   return true;
 }
 
-// Card masks of rank sets, split into two tables to stay small.
-struct RankTables {
-  std::array<CardSet, 128> low{};  // ranks 1..7
-  std::array<CardSet, 64> high{};  // ranks 8..13
-  std::array<uint16_t, 14> spread{};  // a neighbour of rank r bars r, r+1, r-1 (wrapping)
-  std::array<CardSet, 32> suits{};    // suit bits 1..4 to card masks
-  RankTables() {
-    for (int m = 0; m < 128; ++m) {
-      for (int r = 1; r <= 7; ++r)
-        if (m & (1 << (r - 1))) low[m] |= CardSet{0xF} << (4 * (r - 1));
-    }
-    for (int m = 0; m < 64; ++m) {
-      for (int r = 8; r <= 13; ++r)
-        if (m & (1 << (r - 8))) high[m] |= CardSet{0xF} << (4 * (r - 1));
-    }
+// Card masks: all four suits of a rank, the three ranks a neighbour of rank r
+// bars (r, r+1, r-1, wrapping between king and ace), and all cards of a suit.
+struct CardMasks {
+  std::array<CardSet, 14> rank{};
+  std::array<CardSet, 14> neighbourRank{};
+  std::array<CardSet, 5> suit{};  // index 0, the "X" of "00X", bars nothing
+  CardMasks() {
+    for (int r = 1; r <= 13; ++r) rank[r] = CardSet{0xF} << (4 * (r - 1));
     for (int r = 1; r <= 13; ++r) {
       const int up = r + 1 > 13 ? 1 : r + 1;
       const int down = r == 1 ? 13 : r - 1;
-      spread[r] = static_cast<uint16_t>((1 << r) | (1 << up) | (1 << down));
+      neighbourRank[r] = rank[r] | rank[up] | rank[down];
     }
-    for (int m = 0; m < 32; ++m) {
-      for (int suit = 1; suit <= 4; ++suit) {
-        if (!(m & (1 << suit))) continue;
-        for (int r = 0; r < 13; ++r) suits[m] |= CardSet{1} << (4 * r + suit - 1);
-      }
-    }
+    for (int st = 1; st <= 4; ++st)
+      for (int r = 0; r < 13; ++r) suit[st] |= CardSet{1} << (4 * r + st - 1);
   }
-  // rankBits uses bit r for rank r (1..13).
-  CardSet Cards(unsigned rankBits) const { return low[(rankBits >> 1) & 127] | high[(rankBits >> 8) & 63]; }
 };
 
-const RankTables kTables;
+const CardMasks kMasks;
 
 }  // namespace
 
@@ -104,56 +91,54 @@ bool UpdateOptions(GameState& s, int refresh) {
   if (rows < 1 || cols < 1) return true;
   if (rows > kMaxIndex || cols > kMaxIndex) return false;  // Grid(10, c) does not exist
 
-  // Rank and suit of every cell through CardCodes, padded by one empty ring.
-  uint8_t rank[kGridDim + 1][kGridDim + 1] = {};
-  uint8_t suitBit[kGridDim + 1][kGridDim + 1] = {};
-  uint16_t rowRanks[kGridDim + 1] = {}, colRanks[kGridDim + 1] = {};
-  uint16_t badRows = 0, badCols = 0;  // rows/columns holding a value below -4
+  // What each card or mark bars its neighbours from; ranks also bar their row
+  // and column. The padding ring stands for the cells off the board.
+  CardSet rowBars[kGridDim + 1] = {}, colBars[kGridDim + 1] = {};
+  CardSet nearBars[kGridDim + 1][kGridDim + 1];
+  for (int c = 0; c <= cols + 1; ++c) nearBars[0][c] = nearBars[rows + 1][c] = 0;
+  for (int r = 1; r <= rows; ++r) nearBars[r][0] = nearBars[r][cols + 1] = 0;
+  CardSet available = s.AvailableCards;
+  bool anyBad = false;  // a value below -4 has no code
   for (int r = 1; r <= rows; ++r) {
     for (int c = 1; c <= cols; ++c) {
       const int v = s.Grid[r][c];
       if (v > kMaxCardIndex) return false;  // AvailableCards(v) does not exist
       if (v < kMinCardIndex) {
-        badRows |= static_cast<uint16_t>(1 << r);
-        badCols |= static_cast<uint16_t>(1 << c);
+        anyBad = true;
+        nearBars[r][c] = 0;
         continue;
       }
-      if (v > 0) s.AvailableCards &= ~CardBit(v);
+      if (v > 0) available &= ~CardBit(v);
       const int rk = s.CardCodes.Rank(v);
-      rank[r][c] = static_cast<uint8_t>(rk);
-      suitBit[r][c] = static_cast<uint8_t>(1 << s.CardCodes.Suit(v));
-      if (rk > 0) {
-        rowRanks[r] |= static_cast<uint16_t>(1 << rk);
-        colRanks[c] |= static_cast<uint16_t>(1 << rk);
-      }
+      nearBars[r][c] = kMasks.neighbourRank[rk] | kMasks.suit[s.CardCodes.Suit(v)];
+      rowBars[r] |= kMasks.rank[rk];
+      colBars[c] |= kMasks.rank[rk];
     }
   }
+  s.AvailableCards = available;
 
-  const CardSet available = s.AvailableCards;
-  bool any = false;
+  bool anyEmpty = false;
   for (int r = 1; r <= rows; ++r) {
     for (int c = 1; c <= cols; ++c) {
-      s.CellOptions[r][c] = 0;
-      if (s.Grid[r][c] >= 1) continue;
-      // Reading a neighbour or a row/column cell whose value has no code fails.
-      if (((badRows >> r) & 1) || ((badCols >> c) & 1)) {
-        // The only offender may be the cell itself, which its own tests never read.
+      if (s.Grid[r][c] >= 1) {
+        s.CellOptions[r][c] = 0;
+        continue;
+      }
+      // Reading a row or column cell whose value has no code fails; the cell's
+      // own tests never read the cell itself.
+      if (anyBad) {
         bool otherBad = false;
-        for (int j = 1; j <= cols && !otherBad; ++j) otherBad = j != c && s.Grid[r][j] < kMinCardIndex;
-        for (int i = 1; i <= rows && !otherBad; ++i) otherBad = i != r && s.Grid[i][c] < kMinCardIndex;
+        for (int j = 1; j <= cols; ++j) otherBad |= j != c && s.Grid[r][j] < kMinCardIndex;
+        for (int i = 1; i <= rows; ++i) otherBad |= i != r && s.Grid[i][c] < kMinCardIndex;
         if (otherBad) return false;
       }
-      const unsigned excluded = rowRanks[r] | colRanks[c] | kTables.spread[rank[r][c - 1]] |
-                                kTables.spread[rank[r - 1][c]] | kTables.spread[rank[r + 1][c]] |
-                                kTables.spread[rank[r][c + 1]];
-      const unsigned suits =
-          (suitBit[r][c - 1] | suitBit[r - 1][c] | suitBit[r + 1][c] | suitBit[r][c + 1]) & 0x1E;
-      s.CellOptions[r][c] = available & ~kTables.Cards(excluded) & ~kTables.suits[suits];
-      any = true;
+      const CardSet near = nearBars[r][c - 1] | nearBars[r][c + 1] | nearBars[r - 1][c] | nearBars[r + 1][c];
+      s.CellOptions[r][c] = available & ~(rowBars[r] | colBars[c] | near);
+      anyEmpty = true;
     }
   }
 
-  if (refresh == 1 && any) {
+  if (refresh == 1 && anyEmpty) {
     for (CardSet set = available; set; set &= set - 1) {
       const int card = __builtin_ctzll(set) + 1;
       const int suit = (card - 1) % 4 + 1;

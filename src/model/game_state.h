@@ -23,6 +23,9 @@ inline constexpr int kMaxCellNumber = kMaxIndex * kMaxIndex;
 template <typename T>
 using Board = std::array<std::array<T, kGridDim>, kGridDim>;
 
+// A colour scheme: 13 RGB colours, red in the low byte.
+using SchemeColors = std::array<uint32_t, 13>;
+
 // A set of cards: bit k-1 stands for card index k (1..52). Iterating the
 // bits from low to high visits cards in option-text token order.
 using CardSet = uint64_t;
@@ -104,6 +107,7 @@ struct GameState {
   int CurrentPuzzleNumber = 0;
   int PuzzleCount = 0;
   std::string ColorSchemeName = "default.col";
+  SchemeColors Scheme{};  // the current colour scheme
 
   ViewState view;
   Random rng;

@@ -1,0 +1,22 @@
+// The main window's own buttons: Exit and the progress panel's Cancel.
+#include "app/app_commands.h"
+
+#include "files/config.h"
+
+namespace velmora {
+
+bool cmdexit(GameState& s, UserInterface& ui) {
+  if (!ui.AskYesNo("Exit?")) return false;
+  SavecfgFile(s, ui);
+  return true;
+}
+
+void cmdcancel(GameState& s, UserInterface& ui) {
+  if (s.view.NewLab == kCancelingText) return;
+  s.CancelRequest = 1;
+  s.view.NewLab = kCancelingText;
+  ui.ControlsChanged();
+  ui.Yield();
+}
+
+}  // namespace velmora

@@ -1,0 +1,137 @@
+// Named colour schemes in all.col: reading, listing, adding, replacing, deleting.
+#include "appearance/color_scheme.h"
+
+#include <algorithm>
+
+#include "files/text_file.h"
+#include "model/text.h"
+
+namespace velmora {
+namespace {
+
+constexpr int kSchemeLines = 13;
+
+int Channel(std::string_view field) {
+  const double v = Val(field);
+  return v < 0 ? 0 : (v > 255 ? 255 : static_cast<int>(v + 0.5));
+}
+
+// " 10; 20; 30" -> Rgb(10, 20, 30); false when a field is missing.
+bool ParseColorLine(const std::string& line, uint32_t& color) {
+  const size_t a = line.find(';');
+  const size_t b = a == std::string::npos ? a : line.find(';', a + 1);
+  if (b == std::string::npos) return false;
+  const std::string_view text(line);
+  const size_t c = line.find(';', b + 1);
+  color = Rgb(Channel(text.substr(0, a)), Channel(text.substr(a + 1, b - a - 1)),
+              Channel(text.substr(b + 1, c == std::string::npos ? std::string_view::npos : c - b - 1)));
+  return true;
+}
+
+std::string ColorLine(uint32_t color) {
+  return Str(RedOf(color)) + ";" + Str(GreenOf(color)) + ";" + Str(BlueOf(color));
+}
+
+bool ReadLines(const std::string& path, std::vector<std::string>& lines) {
+  LineReader reader(path);
+  if (!reader.IsOpen()) return false;
+  std::string line;
+  while (reader.ReadLine(line)) lines.push_back(line);
+  return true;
+}
+
+// The new contents go to the work file first, then replace the scheme file.
+bool Rewrite(const std::string& schemeFile, const std::string& workFile, const std::vector<std::string>& lines) {
+  const std::string text = JoinLines(lines);
+  return WriteFileAtomically(workFile, text) && WriteFileAtomically(schemeFile, text);
+}
+
+}  // namespace
+
+SchemeColors DefaultSchemeColors() {
+  SchemeColors colors;
+  colors.fill(Rgb(240, 240, 240));
+  colors[0] = Rgb(50, 50, 50);
+  colors[1] = Rgb(200, 9, 9);
+  colors[kSchemeTitleBox] = colors[kSchemeTitleCopy] = Rgb(255, 255, 255);
+  return colors;
+}
+
+SchemeColors EffectiveColors(const SchemeColors& scheme, const std::string& name, uint32_t systemButtonFace) {
+  SchemeColors colors = scheme;
+  if (ToLower(name) == kDefaultSchemeName) {
+    colors[kSchemeBackground] = systemButtonFace;
+    colors[kSchemeButtonFace] = Rgb(240, 240, 240);
+  }
+  return colors;
+}
+
+bool ReadColorScheme(GameState& s, UserInterface& ui, const std::string& name) {
+  LineReader reader(s.AppFolder + kSchemeFileName);
+  std::string line;
+  bool found = false;
+  while (!found && reader.ReadLine(line)) found = line == name;
+  for (int i = 0; found && i < kSchemeLines; ++i) {
+    uint32_t color = 0;
+    found = reader.ReadLine(line) && ParseColorLine(line, color);
+    if (found) s.Scheme[i] = color;
+  }
+  if (!found) {
+    ui.ShowMessage("Color Scheme: " + name + " not found");
+    s.ColorSchemeName = kDefaultSchemeName;
+    return false;
+  }
+  s.Scheme[kSchemeTitleCopy] = s.Scheme[kSchemeTitleBox];
+  return true;
+}
+
+std::vector<std::string> SchemeNames(const std::string& schemeFile) {
+  std::vector<std::string> names;
+  LineReader reader(schemeFile);
+  std::string line;
+  while (reader.ReadLine(line)) {
+    const size_t at = line.find(".col");
+    if (at != std::string::npos) names.push_back(line.substr(0, at));
+  }
+  return names;
+}
+
+std::vector<std::string> SchemeLines(const std::string& name, const SchemeColors& colors) {
+  std::vector<std::string> lines{ToLower(name) + ".col"};
+  for (const uint32_t c : colors) lines.push_back(ColorLine(c));
+  return lines;
+}
+
+bool AppendScheme(const std::string& schemeFile, const std::string& name, const SchemeColors& colors) {
+  return AppendToFile(schemeFile, JoinLines(SchemeLines(name, colors)));
+}
+
+bool ReplaceScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine,
+                   const SchemeColors& colors) {
+  std::vector<std::string> old;
+  if (!ReadLines(schemeFile, old)) return false;
+  std::vector<std::string> out;
+  for (size_t i = 0; i < old.size(); ++i) {
+    out.push_back(old[i]);
+    if (old[i] != nameLine) continue;
+    for (const uint32_t c : colors) out.push_back(ColorLine(c));
+    i += std::min<size_t>(kSchemeLines, old.size() - 1 - i);
+  }
+  return Rewrite(schemeFile, workFile, out);
+}
+
+bool DeleteScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine) {
+  std::vector<std::string> old;
+  if (!ReadLines(schemeFile, old)) return false;
+  std::vector<std::string> out;
+  for (size_t i = 0; i < old.size(); ++i) {
+    if (old[i] == nameLine) {
+      i += std::min<size_t>(kSchemeLines, old.size() - 1 - i);
+    } else {
+      out.push_back(old[i]);
+    }
+  }
+  return Rewrite(schemeFile, workFile, out);
+}
+
+}  // namespace velmora

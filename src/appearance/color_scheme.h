@@ -1,0 +1,61 @@
+// Named colour schemes in all.col: reading, listing, adding, replacing, deleting.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "model/game_state.h"
+#include "model/user_interface.h"
+
+namespace velmora {
+
+inline constexpr const char* kSchemeFileName = "all.col";
+inline constexpr const char* kSchemeWorkFileName = "newall.cox";
+inline constexpr const char* kDefaultSchemeName = "default.col";
+
+// Roles of the scheme's elements; the others are kept but not painted.
+inline constexpr int kSchemeBackground = 2;
+inline constexpr int kSchemeTitleBox = 3;
+inline constexpr int kSchemeButtonFace = 4;
+inline constexpr int kSchemeTitleCopy = 5;
+
+inline constexpr uint32_t Rgb(int r, int g, int b) {
+  return static_cast<uint32_t>(r & 255) | static_cast<uint32_t>(g & 255) << 8 | static_cast<uint32_t>(b & 255) << 16;
+}
+inline constexpr int RedOf(uint32_t c) { return static_cast<int>(c & 255); }
+inline constexpr int GreenOf(uint32_t c) { return static_cast<int>(c >> 8 & 255); }
+inline constexpr int BlueOf(uint32_t c) { return static_cast<int>(c >> 16 & 255); }
+
+// Colours in use before any scheme is read.
+SchemeColors DefaultSchemeColors();
+
+// The colours a window is painted with: "default.col" (any case) takes the
+// system's button face as background and a light grey button face.
+SchemeColors EffectiveColors(const SchemeColors& scheme, const std::string& name, uint32_t systemButtonFace);
+
+// Loads scheme `name` from AppFolder's all.col into s.Scheme. When the name
+// is missing (or its 13 colour lines are damaged) it shows
+// "Color Scheme: NAME not found", makes "default.col" the active name and
+// returns false; colours read before the failure stay.
+bool ReadColorScheme(GameState& s, UserInterface& ui, const std::string& name);
+
+// Scheme names for the list: the text before the first ".col" of every line
+// holding ".col". Empty for a missing file.
+std::vector<std::string> SchemeNames(const std::string& schemeFile);
+
+// One scheme as written to the file: the name line (lower case + ".col")
+// and 13 lines " r; g; b".
+std::vector<std::string> SchemeLines(const std::string& name, const SchemeColors& colors);
+
+// Appends scheme `name`; false on a file error.
+bool AppendScheme(const std::string& schemeFile, const std::string& name, const SchemeColors& colors);
+
+// Rewrites the file through the work file with the 13 colour lines after
+// `nameLine` replaced (ReplaceScheme) or the scheme left out (DeleteScheme).
+bool ReplaceScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine,
+                   const SchemeColors& colors);
+bool DeleteScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine);
+
+}  // namespace velmora

@@ -1,0 +1,121 @@
+// The configuration file velmora.cfg: colour scheme, puzzle file and puzzle number.
+#include "files/config.h"
+
+#include <ctime>
+#include <optional>
+#include <string_view>
+
+#include "files/text_file.h"
+#include "model/text.h"
+
+namespace velmora {
+namespace {
+
+// Reads the file the way the original line and field input statements do:
+// a field read stops at a comma, and the next whole-line read continues
+// right after that comma on the same line.
+class FieldReader {
+ public:
+  explicit FieldReader(std::string text) : text_(std::move(text)) {}
+
+  std::optional<std::string> Line() {
+    if (pos_ >= text_.size()) return std::nullopt;
+    const size_t end = text_.find('\n', pos_);
+    std::string line = text_.substr(pos_, end == std::string::npos ? std::string::npos : end - pos_);
+    pos_ = end == std::string::npos ? text_.size() : end + 1;
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    return line;
+  }
+
+  // One comma-delimited field: blanks around it dropped, double quotes
+  // around it removed (a quoted field may hold commas).
+  std::optional<std::string> Field() {
+    while (pos_ < text_.size() && (text_[pos_] == ' ' || text_[pos_] == '\t')) ++pos_;
+    if (pos_ >= text_.size()) return std::nullopt;
+    std::string field;
+    if (text_[pos_] == '"') {
+      const size_t close = text_.find('"', pos_ + 1);
+      const size_t end = close == std::string::npos ? text_.size() : close;
+      field = text_.substr(pos_ + 1, end - pos_ - 1);
+      pos_ = close == std::string::npos ? text_.size() : close + 1;
+      while (pos_ < text_.size() && (text_[pos_] == ' ' || text_[pos_] == '\t')) ++pos_;
+    } else {
+      while (pos_ < text_.size() && text_[pos_] != ',' && text_[pos_] != '\r' && text_[pos_] != '\n') {
+        field += text_[pos_++];
+      }
+      while (!field.empty() && (field.back() == ' ' || field.back() == '\t')) field.pop_back();
+    }
+    SkipSeparator();
+    return field;
+  }
+
+ private:
+  void SkipSeparator() {
+    if (pos_ < text_.size() && text_[pos_] == ',') {
+      ++pos_;
+    } else {
+      if (pos_ < text_.size() && text_[pos_] == '\r') ++pos_;
+      if (pos_ < text_.size() && text_[pos_] == '\n') ++pos_;
+    }
+  }
+
+  std::string text_;
+  size_t pos_ = 0;
+};
+
+std::string ConfigPath(const GameState& s) { return s.AppFolder + kConfigFileName; }
+
+std::string AccessMessage(const std::string& path, const char* consequence) {
+  return std::string("Configuration file:") + kNewLine + path + kNewLine + consequence;
+}
+
+// Numeric print form: a blank (or the sign) before, a blank after.
+std::string PrintNumber(long long n) { return Str(n) + " "; }
+
+}  // namespace
+
+std::string TimeStamp() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  char text[32] = {};
+  if (localtime_r(&now, &local) == nullptr) return {};
+  std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &local);
+  return text;
+}
+
+std::string ConfigText(const GameState& s) {
+  return JoinLines({TimeStamp(), s.ColorSchemeName, s.CurrentPuzzleFile, PrintNumber(s.CurrentPuzzleNumber)});
+}
+
+void ReadcfgFile(GameState& s, UserInterface& ui) {
+  const std::string path = ConfigPath(s);
+  std::string contents;
+  if (ReadWholeFile(path, contents)) {
+    FieldReader in(std::move(contents));
+    if (in.Line()) {
+      const auto scheme = in.Field();
+      if (scheme) s.ColorSchemeName = Trim(*scheme).empty() ? "default.col" : *scheme;
+      const auto file = scheme ? in.Line() : std::nullopt;
+      if (file) s.CurrentPuzzleFile = *file;
+      const auto number = file ? in.Field() : std::nullopt;
+      const auto value = number ? ValInt(*number) : std::nullopt;
+      if (value) {
+        s.CurrentPuzzleNumber = *value;
+        return;
+      }
+    }
+  }
+  ui.ShowMessage(AccessMessage(path, "could not be accessed, new file will be created"));
+  s.ColorSchemeName = "default.col";
+  // A file that cannot be created is noticed again at the next save.
+  WriteFileAtomically(path, JoinLines({TimeStamp(), s.ColorSchemeName, s.CurrentPuzzleFile, "1"}));
+}
+
+bool SavecfgFile(const GameState& s, UserInterface& ui) {
+  const std::string path = ConfigPath(s);
+  if (WriteFileAtomically(path, ConfigText(s))) return true;
+  ui.ShowMessage(AccessMessage(path, "could not be accessed, options not saved"));
+  return false;
+}
+
+}  // namespace velmora

@@ -1,0 +1,26 @@
+// The configuration file velmora.cfg: colour scheme, puzzle file and puzzle number.
+#pragma once
+
+#include <string>
+
+#include "model/game_state.h"
+#include "model/user_interface.h"
+
+namespace velmora {
+
+inline constexpr const char* kConfigFileName = "velmora.cfg";
+
+// The current date and time, the first line of the file (never read back).
+std::string TimeStamp();
+
+// The four lines SavecfgFile writes for the current state.
+std::string ConfigText(const GameState& s);
+
+// Fills ColorSchemeName, CurrentPuzzleFile and CurrentPuzzleNumber. On any
+// read failure it says so once and writes a fresh file; never fails itself.
+void ReadcfgFile(GameState& s, UserInterface& ui);
+
+// Writes the configuration; false (after the program's message) on failure.
+bool SavecfgFile(const GameState& s, UserInterface& ui);
+
+}  // namespace velmora

@@ -1,0 +1,101 @@
+// Mouse play on the board and choosing a card in the suit panels.
+#include "board/play.h"
+
+#include "board/geometry.h"
+#include "model/check.h"
+#include "model/rules.h"
+#include "model/text.h"
+#include "model/undo.h"
+
+namespace velmora {
+namespace {
+
+// A left click with a card chosen. Every refusal is silent.
+void PlaceSelectedCard(GameState& s, UserInterface& ui, int row, int col) {
+  const int card = FindCardIndex(s.SelectedCard);
+  if (card == -1) return;
+  if (s.PuzzleGrid[row][col] >= 1) return;  // a given card; a given mark does not block
+  const std::string suit = s.SelectedCard.substr(s.SelectedCard.size() - 1);
+  const int current = s.Grid[row][col];
+  if (current == 0 && !ContainsNoCase(OptionText(s.CellOptionsSaved[row][col]), suit)) return;
+  if (s.CardCodes.Rank(card) == 0) return;
+  if (current > 0) {
+    // A card is exchanged only for one of its own suit; the removal is an
+    // undo entry of its own.
+    if (!CardCodeTable::InRange(current) || std::string(1, s.CardCodes.SuitLetter(current)) != suit) return;
+    PushUndo(s, row, col);
+    s.Grid[row][col] = 0;
+    UpdateOptions(s, 1);
+    s.SelectedCard.clear();
+  }
+  PushUndo(s, row, col);
+  s.Grid[row][col] = card;
+  UpdateOptions(s, 1);
+  ui.DrawCell(s.CardCodes.Rank(card), std::string(1, s.CardCodes.SuitLetter(card)), row, col);
+  s.SelectedCard.clear();
+  ui.ControlsChanged();
+  if (CheckBoard(s).status == kCheckDone) ui.ShowMessage("Done");
+}
+
+// The status text of a cell, or empty for a value that has no code.
+std::string CellStatus(const GameState& s, int row, int col) {
+  const int v = s.Grid[row][col];
+  std::string detail;
+  if (v == 0) {
+    detail = " Options=" + OptionText(s.CellOptionsSaved[row][col]);
+  } else {
+    if (!CardCodeTable::InRange(v)) return "";
+    detail = s.PuzzleGrid[row][col] != 0 ? " Fixed=" : " Card=";
+    detail += RankLetter(s.CardCodes.Rank(v));
+    detail += s.CardCodes.SuitLetter(v);
+  }
+  return " Cell" + Str(s.CellNumber[row][col]) + "," + detail;
+}
+
+}  // namespace
+
+void Picture1MouseUp(GameState& s, UserInterface& ui, int button, float x, float y) {
+  if (s.Solving == 1) {
+    if (ui.AskYesNo("Cancel Solution?")) s.CancelRequest = 1;
+    return;
+  }
+  int row = 0, col = 0;
+  FindCell(s, x, y, row, col);
+  s.view.Label3 = NumText(row);
+  s.view.Label4 = NumText(col);
+  ui.ControlsChanged();
+  if (row == 0 && col == 0) return;
+
+  if (button == kRightButton) {
+    // No test of the givens: a right click empties any cell.
+    if (s.Grid[row][col] == 0) return;
+    PushUndo(s, row, col);
+    s.Grid[row][col] = 0;
+    s.SelectedCard.clear();
+    UpdateOptions(s, 1);
+    ui.DrawCell(-1, "", row, col);
+    ui.ControlsChanged();
+  } else if (button == kLeftButton && !s.SelectedCard.empty()) {
+    PlaceSelectedCard(s, ui, row, col);
+  }
+}
+
+void Picture1MouseMove(GameState& s, UserInterface& ui, float x, float y) {
+  if (s.Solving == 1) return;
+  int row = 0, col = 0;
+  FindCell(s, x, y, row, col);
+  const std::string text = row == 0 && col == 0 ? std::string() : CellStatus(s, row, col);
+  if (text == s.view.pb) return;
+  s.view.pb = text;
+  ui.ControlsChanged();
+}
+
+void RemainClick(GameState& s, UserInterface& ui, int list, int index) {
+  if (list < 0 || list >= static_cast<int>(s.Remain.size())) return;
+  const auto& items = s.Remain[static_cast<size_t>(list)];
+  if (index < 0 || index >= static_cast<int>(items.size())) return;
+  s.SelectedCard = items[static_cast<size_t>(index)];
+  ui.ControlsChanged();
+}
+
+}  // namespace velmora

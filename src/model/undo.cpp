@@ -1,0 +1,75 @@
+// The undo list of mouse changes and the grid snapshot taken before AutoSolve.
+#include "model/undo.h"
+
+#include <string_view>
+#include <vector>
+
+#include "model/rules.h"
+#include "model/text.h"
+
+namespace velmora {
+namespace {
+
+std::vector<std::string_view> Split(std::string_view text, char separator) {
+  std::vector<std::string_view> parts;
+  size_t start = 0;
+  for (size_t i = 0; i <= text.size(); ++i) {
+    if (i == text.size() || text[i] == separator) {
+      parts.push_back(text.substr(start, i - start));
+      start = i + 1;
+    }
+  }
+  return parts;
+}
+
+bool OnBoardArrays(int row, int col) { return row >= 0 && row <= kMaxIndex && col >= 0 && col <= kMaxIndex; }
+
+}  // namespace
+
+std::string UndoEntry(int row, int col, int value) { return Str(row) + "," + Str(col) + "," + Str(value); }
+
+void PushUndo(GameState& s, int row, int col) {
+  if (!OnBoardArrays(row, col)) return;
+  s.UndoList.push_front(UndoEntry(row, col, s.Grid[row][col]));
+}
+
+void UndoLast(GameState& s, UserInterface& ui) {
+  if (s.UndoList.empty()) return;
+  const auto parts = Split(s.UndoList.front(), ',');
+  const int row = parts.size() >= 3 ? ValInt(parts[0]).value_or(-1) : -1;
+  const int col = parts.size() >= 3 ? ValInt(parts[1]).value_or(-1) : -1;
+  // An entry that names no cell is dropped without a change.
+  if (OnBoardArrays(row, col)) {
+    s.Grid[row][col] = ValInt(parts[2]).value_or(0);
+    s.CellOptions[row][col] = 0;
+    UpdateOptions(s, 1);
+    ui.DrawCell(-1, "", row, col);
+  }
+  s.SelectedCard.clear();
+  s.UndoList.pop_front();
+  ui.ControlsChanged();
+}
+
+void SaveGridSnapshot(GameState& s, int n) {
+  if (n < 0 || n >= static_cast<int>(s.GridBackups.size())) return;
+  std::string text;
+  for (int r = 1; r <= LoopRows(s); ++r) {
+    for (int c = 1; c <= LoopCols(s); ++c) text += NumText(s.Grid[r][c]) + ";";
+  }
+  s.GridBackups[static_cast<size_t>(n)] = text;
+}
+
+void RestoreGridSnapshot(GameState& s, int n) {
+  if (n < 0 || n >= static_cast<int>(s.GridBackups.size())) return;
+  const auto parts = Split(s.GridBackups[static_cast<size_t>(n)], ';');
+  size_t next = 0;
+  // A snapshot of a smaller board fills only the cells it has values for.
+  for (int r = 1; r <= LoopRows(s); ++r) {
+    for (int c = 1; c <= LoopCols(s); ++c) {
+      if (next >= parts.size()) return;
+      s.Grid[r][c] = ValInt(parts[next++]).value_or(0);
+    }
+  }
+}
+
+}  // namespace velmora

@@ -1,0 +1,25 @@
+// The undo list of mouse changes and the grid snapshot taken before AutoSolve.
+#pragma once
+
+#include <string>
+
+#include "model/game_state.h"
+#include "model/user_interface.h"
+
+namespace velmora {
+
+// The entry for a cell and the value it holds: " 3, 5, 0".
+std::string UndoEntry(int row, int col, int value);
+
+// Records the cell's current value as the newest undo entry.
+void PushUndo(GameState& s, int row, int col);
+
+// Takes back the newest entry, if any: the cell gets its old value and is
+// painted blank whatever that value is (the next full redraw shows it).
+void UndoLast(GameState& s, UserInterface& ui);
+
+// GridBackups(n) as "9;0;-3;..." rows outer; n other than 0 is ignored.
+void SaveGridSnapshot(GameState& s, int n);
+void RestoreGridSnapshot(GameState& s, int n);
+
+}  // namespace velmora

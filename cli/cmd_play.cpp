@@ -1,0 +1,117 @@
+// velmora-cli play: a scripted game on one record; the board, suit-panel
+// and solve commands of the script.
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "board/geometry.h"
+#include "board/play.h"
+#include "model/commands.h"
+#include "play_script.h"
+#include "record.h"
+#include "subcommand.h"
+
+namespace velmora::cli {
+namespace {
+
+int RunPlay(const std::vector<std::string>& args);
+
+const Subcommand kPlay{"play", "play FILE N",
+                       "load record N, then run the commands read from standard input (select CARD, left R C, "
+                       "right R C, move R C, undo, autosolve, restore, showsolution, checksolution, board, remain)",
+                       40, RunPlay};
+const Registration kPlayReg(kPlay);
+
+void Print(PlaySession& session, const std::string& text) { std::fwrite(text.data(), 1, text.size(), session.out); }
+
+// The middle of cell (row, col) in twips, by the board's layout; a cell off
+// the board gives a point that no cell holds.
+bool CellCentre(const std::vector<std::string>& args, float& x, float& y) {
+  int row = 0, col = 0;
+  if (!ParseArg(args[0], row) || !ParseArg(args[1], col)) return false;
+  x = kBoardMargin + static_cast<float>(col - 1) * kCellSize + kCellSize / 2;
+  y = kBoardMargin + static_cast<float>(row - 1) * kCellSize + kCellSize / 2;
+  return true;
+}
+
+bool Select(PlaySession& session, const std::vector<std::string>& args) {
+  const auto& lists = session.state.Remain;
+  for (size_t list = 0; list < lists.size(); ++list) {
+    for (size_t i = 0; i < lists[list].size(); ++i) {
+      if (lists[list][i] != args[0]) continue;
+      RemainClick(session.state, session.ui, static_cast<int>(list), static_cast<int>(i));
+      return true;
+    }
+  }
+  return true;  // no panel holds it: nothing happens
+}
+
+bool MouseUp(PlaySession& session, const std::vector<std::string>& args, int button) {
+  float x = 0, y = 0;
+  if (!CellCentre(args, x, y)) return false;
+  Picture1MouseUp(session.state, session.ui, button, x, y);
+  return true;
+}
+
+bool Left(PlaySession& session, const std::vector<std::string>& args) { return MouseUp(session, args, kLeftButton); }
+bool Right(PlaySession& session, const std::vector<std::string>& args) {
+  return MouseUp(session, args, kRightButton);
+}
+
+bool Move(PlaySession& session, const std::vector<std::string>& args) {
+  float x = 0, y = 0;
+  if (!CellCentre(args, x, y)) return false;
+  Picture1MouseMove(session.state, session.ui, x, y);
+  Print(session, "status:" + session.state.view.pb + "\n");
+  return true;
+}
+
+// Commands that take no arguments and only call a command of the program.
+template <void (*Command)(GameState&, UserInterface&)>
+bool Call(PlaySession& session, const std::vector<std::string>&) {
+  Command(session.state, session.ui);
+  return true;
+}
+
+bool Board(PlaySession& session, const std::vector<std::string>&) {
+  Print(session, BoardText(session.state));
+  return true;
+}
+
+bool Remain(PlaySession& session, const std::vector<std::string>&) {
+  static constexpr const char* kNames[4] = {"S:", "H:", "D:", "C:"};
+  std::string text;
+  for (size_t list = 0; list < 4; ++list) {
+    text += kNames[list];
+    for (const auto& item : session.state.Remain[list]) text += " " + item;
+    text += "\n";
+  }
+  Print(session, text);
+  return true;
+}
+
+const PlayCommandRegistration kCommands({
+    {"select", "CARD", 1, Select},
+    {"left", "R C", 2, Left},
+    {"right", "R C", 2, Right},
+    {"move", "R C", 2, Move},
+    {"undo", "", 0, Call<UndoEdit>},
+    {"autosolve", "", 0, Call<mnusolveall>},
+    {"restore", "", 0, Call<mnurestore>},
+    {"showsolution", "", 0, Call<Command7>},
+    {"checksolution", "", 0, Call<Command6>},
+    {"board", "", 0, Board},
+    {"remain", "", 0, Remain},
+});
+
+int RunPlay(const std::vector<std::string>& args) {
+  GameState state;
+  ScriptUserInterface ui(stdout);
+  if (const int failed = LoadRecordArgs(kPlay, args, state, ui); failed != 0) return failed;
+  PlaySession session{state, ui, stdout, args[0]};
+  RunPlayScript(session, stdin);
+  return 0;
+}
+
+}  // namespace
+}  // namespace velmora::cli

@@ -1,0 +1,86 @@
+// The command table of `velmora-cli play` and its line reader.
+#include "play_script.h"
+
+#include "subcommand.h"
+
+namespace velmora::cli {
+namespace {
+
+std::vector<PlayCommand>& Table() {
+  static std::vector<PlayCommand> commands;
+  return commands;
+}
+
+bool ReadLine(std::FILE* in, std::string& line) {
+  line.clear();
+  int ch;
+  while ((ch = std::fgetc(in)) != EOF && ch != '\n') line += static_cast<char>(ch);
+  if (ch == EOF && line.empty()) return false;
+  if (!line.empty() && line.back() == '\r') line.pop_back();
+  return true;
+}
+
+std::vector<std::string> Words(const std::string& text) {
+  std::vector<std::string> words;
+  size_t i = 0;
+  while (i < text.size()) {
+    while (i < text.size() && (text[i] == ' ' || text[i] == '\t')) ++i;
+    size_t start = i;
+    while (i < text.size() && text[i] != ' ' && text[i] != '\t') ++i;
+    if (i > start) words.push_back(text.substr(start, i - start));
+  }
+  return words;
+}
+
+void PrintError(PlaySession& session, const std::string& text) {
+  const std::string line = "error: " + text + "\n";
+  std::fwrite(line.data(), 1, line.size(), session.out);
+}
+
+void RunLine(PlaySession& session, const std::string& line) {
+  const std::vector<std::string> words = Words(line);
+  if (words.empty()) return;
+  for (const PlayCommand& command : Table()) {
+    if (words[0] != command.name) continue;
+    std::vector<std::string> args(words.begin() + 1, words.end());
+    if (command.argCount == kRestOfLine) {
+      const size_t at = line.find(words[0]) + words[0].size();
+      const size_t start = line.find_first_not_of(" \t", at);
+      args.assign(1, start == std::string::npos ? std::string() : line.substr(start));
+    }
+    const bool countOk = command.argCount == kRestOfLine ? !args[0].empty()
+                                                          : static_cast<int>(args.size()) == command.argCount;
+    if (!countOk || !command.run(session, args)) {
+      std::string usage = command.name;
+      if (*command.args) usage += std::string(" ") + command.args;
+      PrintError(session, "usage: " + usage);
+    }
+    return;
+  }
+  PrintError(session, "unknown command: " + words[0]);
+}
+
+}  // namespace
+
+PlayCommandRegistration::PlayCommandRegistration(std::initializer_list<PlayCommand> commands) {
+  for (const PlayCommand& c : commands) Table().push_back(c);
+}
+
+const std::vector<PlayCommand>& PlayCommands() { return Table(); }
+
+void RunPlayScript(PlaySession& session, std::FILE* in) {
+  std::string line;
+  while (ReadLine(in, line)) {
+    RunLine(session, line);
+    std::fflush(session.out);
+  }
+}
+
+bool ParseArg(const std::string& text, int& value) {
+  long long v = 0;
+  if (!ParseInt(text, v) || v < -2147483647LL || v > 2147483647LL) return false;
+  value = static_cast<int>(v);
+  return true;
+}
+
+}  // namespace velmora::cli

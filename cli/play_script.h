@@ -1,0 +1,49 @@
+// The command table of `velmora-cli play`: each script line is a command
+// name and its arguments, run against one session. Files that add commands
+// register them with a PlayCommandRegistration, as subcommands do.
+#pragma once
+
+#include <cstdio>
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "model/game_state.h"
+#include "script_ui.h"
+
+namespace velmora::cli {
+
+struct PlaySession {
+  GameState& state;
+  ScriptUserInterface& ui;
+  std::FILE* out;
+  std::string file;  // the FILE argument of play
+};
+
+// argCount: the exact number of blank-separated arguments, or
+// kRestOfLine for one argument that is the rest of the line (a file name
+// with blanks).
+inline constexpr int kRestOfLine = -1;
+
+struct PlayCommand {
+  const char* name;
+  const char* args;  // for the usage error, e.g. "R C"
+  int argCount;
+  // Returns false when the arguments are not what the command takes.
+  bool (*run)(PlaySession& session, const std::vector<std::string>& args);
+};
+
+struct PlayCommandRegistration {
+  PlayCommandRegistration(std::initializer_list<PlayCommand> commands);
+};
+
+const std::vector<PlayCommand>& PlayCommands();
+
+// Runs every line of `in`. Blank lines are skipped; an unknown command or
+// bad arguments print one "error: " line and the script goes on.
+void RunPlayScript(PlaySession& session, std::FILE* in);
+
+// A whole decimal number that fits an int.
+bool ParseArg(const std::string& text, int& value);
+
+}  // namespace velmora::cli

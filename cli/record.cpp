@@ -1,0 +1,33 @@
+// Loading the record a subcommand names, and printing the board.
+#include "record.h"
+
+#include <cstdio>
+
+#include "files/puzzle_file.h"
+
+namespace velmora::cli {
+
+int LoadRecordArgs(const Subcommand& command, const std::vector<std::string>& args, GameState& s,
+                   UserInterface& ui) {
+  if (args.size() != 2) return UsageError(command, "expected FILE and N");
+  long long n = 0;
+  if (!ParseInt(args[1], n)) return UsageError(command, "N must be a whole number");
+  const int wanted = n > 2147483647LL ? 2147483647 : (n < -2147483647LL ? -2147483647 : static_cast<int>(n));
+  std::string title;
+  if (LoadPuzzle(s, ui, args[0], wanted, title, 1) != 0) {
+    std::printf("not found\n");
+    return 1;
+  }
+  return 0;
+}
+
+std::string BoardText(const GameState& s) {
+  std::string text;
+  for (int r = 1; r <= LoopRows(s); ++r) {
+    for (int c = 1; c <= LoopCols(s); ++c) text += static_cast<char>(64 + s.Grid[r][c]);
+    text += '\n';
+  }
+  return text;
+}
+
+}  // namespace velmora::cli

@@ -1,0 +1,108 @@
+// Main window: the board, suit panels, puzzle fields and menus, wired to the commands.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QMainWindow>
+#include <QPointer>
+#include <array>
+#include <functional>
+#include <string>
+
+#include "model/game_state.h"
+#include "model/user_interface.h"
+
+class QFrame;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QMenu;
+class QPushButton;
+
+namespace velmora {
+
+class BoardView;
+class Form4;
+
+class Form1 : public QMainWindow, public UserInterface {
+  Q_OBJECT
+
+ public:
+  explicit Form1(QWidget* parent = nullptr);
+  ~Form1() override;
+
+  // Start-up with `appFolder` as the program's folder; the window is shown
+  // by the caller afterwards.
+  void StartUp(const std::string& appFolder);
+
+  GameState& State() { return s_; }
+  BoardView* Board() const { return board_; }
+
+  // Colours of the current scheme on every window, then a fresh board.
+  void SetCol();
+
+  // Writes start-up and placement times to stderr.
+  void EnableTimingLog(QElapsedTimer sinceStart);
+
+  // UserInterface
+  void ShowMessage(const std::string& text) override;
+  bool AskYesNo(const std::string& text) override;
+  std::string AskFileName(const FileDialogRequest& request) override;
+  std::string AskText(const std::string& prompt) override;
+  void SetBusy(bool busy) override;
+  void Yield() override;
+  void ControlsChanged() override;
+  void DrawBoard() override;
+  void DrawCell(int rank, const std::string& suitLetter, int row, int col) override;
+  void ShowSolutionOverlay() override;
+
+ protected:
+  // The close box ends the program without saving anything.
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  using Command = std::function<void(GameState&, UserInterface&)>;
+
+  void BuildControls();
+  void BuildHiddenButtons(QWidget* parent);
+  // Every menu and menu entry is made here.
+  void BuildMenus();
+  QMenu* Menu(const QString& objectName, const QString& title);
+  void AddCommand(QMenu* menu, const QString& objectName, const QString& text, Command command);
+  QPushButton* Button(const QString& objectName, const QString& text, const QString& tip, Command command);
+
+  void Run(const Command& command);
+  void Exit();
+  void ShowHelp();
+  void ShowAbout();
+  void FillRemain(int list);
+  void ShowSelection();
+  void Painted();
+
+  GameState s_;
+  BoardView* board_ = nullptr;
+  std::array<QListWidget*, 4> remain_{};
+  QLineEdit* puzNumNow_ = nullptr;
+  QLabel* maxPuzCount_ = nullptr;
+  QLineEdit* puzTitle_ = nullptr;
+  QLabel* pb_ = nullptr;
+  QLabel* label3_ = nullptr;
+  QLabel* label4_ = nullptr;
+  QFrame* frame1_ = nullptr;
+  QLabel* newLab_ = nullptr;
+  QPushButton* undoEdit_ = nullptr;
+  QPushButton* cmdexit_ = nullptr;
+  QPushButton* cmdcancel_ = nullptr;
+  QPointer<Form4> help_;
+  QPointer<QWidget> about_;
+  QColor systemButtonFace_;
+  bool busy_ = false;
+
+  bool timing_ = false;
+  bool firstPaintLogged_ = false;
+  QElapsedTimer sinceStart_;
+  QElapsedTimer placement_;
+  bool placementPending_ = false;
+  int cellDraws_ = 0;
+};
+
+}  // namespace velmora

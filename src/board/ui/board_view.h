@@ -1,0 +1,60 @@
+// Picture1: the board picture, a kept image that cells are painted into.
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QWidget>
+#include <functional>
+#include <string>
+
+#include "board/ui/board_painter.h"
+#include "model/game_state.h"
+
+namespace velmora {
+
+class BoardView : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit BoardView(const GameState& state, QWidget* parent = nullptr);
+
+  // The cells' fill (scheme colour 2) and the picture's own background.
+  void SetColors(QColor cellColor, QColor surfaceColor);
+  void DrawBoard();
+  void DrawCell(int rank, const std::string& suitLetter, int row, int col);
+  void ShowSolution();
+
+  // What is on the picture now, one image pixel per device pixel.
+  const QImage& Image() const { return image_; }
+  // Twips <-> widget pixels on this screen.
+  QPointF PixelsToTwips(QPointF pixels) const;
+  QPointF TwipsToPixels(QPointF twips) const;
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+  // Mouse events in twips; button 1 left, 2 right.
+  std::function<void(int button, float x, float y)> onMouseUp;
+  std::function<void(float x, float y)> onMouseMove;
+  // Called after each paint of the widget (start-up and placement timing).
+  std::function<void()> onPainted;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+
+ private:
+  // Makes the image match the screen; true when it had to be made anew.
+  bool EnsureImage();
+  template <typename Paint>
+  void PaintOnImage(Paint&& paint);
+
+  const GameState& s_;
+  SuitStrip strip_;
+  QImage image_;
+  qreal imageScale_ = 0;
+  QColor cell_{240, 240, 240}, surface_{240, 240, 240};
+};
+
+}  // namespace velmora

@@ -16,9 +16,7 @@ namespace {
 
 int RunPlay(const std::vector<std::string>& args);
 
-const Subcommand kPlay{"play", "play FILE N",
-                       "load record N, then run the commands read from standard input (select CARD, left R C, "
-                       "right R C, move R C, undo, autosolve, restore, showsolution, checksolution, board, remain)",
+const Subcommand kPlay{"play", "play FILE N", "load record N, then run the play commands read from standard input",
                        40, RunPlay};
 const Registration kPlayReg(kPlay);
 

@@ -1,0 +1,203 @@
+// File and Puzzle menu commands, the arrow buttons and the typed puzzle number.
+#include "files/file_commands.h"
+
+#include <cmath>
+#include <filesystem>
+#include <system_error>
+
+#include "board/play.h"
+#include "files/puzzle_file.h"
+#include "files/text_file.h"
+#include "model/text.h"
+
+namespace velmora {
+namespace {
+
+constexpr const char* kCancelFirst = "Cancel AutoSolve first";
+constexpr const char* kOnlyOnePuzzle = "There is only one puzzle in this file";
+// A record is at most a header, a title, a size line and its rows; the
+// delete command gives up dropping lines after this many.
+constexpr int kMaxDroppedLines = 100;
+
+bool RefusedWhileSolving(const GameState& s, UserInterface& ui) {
+  if (s.Solving != 1) return false;
+  ui.ShowMessage(kCancelFirst);
+  return true;
+}
+
+// Shows record n of the current file; when it cannot be loaded the view goes
+// back to record `previous`.
+void ShowRecord(GameState& s, UserInterface& ui, int n, int previous) {
+  s.CurrentPuzzleNumber = n;
+  std::string title;
+  if (LoadPuzzle(s, ui, s.CurrentPuzzleFile, n, title, 1) == 1) {
+    LoadPuzzle(s, ui, s.CurrentPuzzleFile, previous, title, 1);
+  }
+}
+
+bool IsHeader(const std::string& line) { return !line.empty() && line[0] == '#'; }
+
+}  // namespace
+
+int ConfirmOverwrite(UserInterface& ui, const std::string& name) {
+  if (FileLength(name) <= 0) return 1;  // absent, empty or not measurable
+  return ui.AskYesNo("OverWrite file: " + name + " ?") ? 1 : 0;
+}
+
+std::string AskPuzzleFileName(const GameState& s, UserInterface& ui, const std::string& mode) {
+  std::error_code ec;
+  const std::filesystem::path remembered = std::filesystem::current_path(ec);
+  FileDialogRequest request;
+  request.mode = mode;
+  // Each command names its own dialog title, but the program's name is what
+  // the dialog has always shown.
+  request.title = "velmora";
+  request.fileTypes = kPuzzleFileTypes;
+  request.fileTypesName = kPuzzleFileTypesName;
+  request.defaultDir = s.AppFolder;
+  std::string name = ui.AskFileName(request);
+  if (!remembered.empty()) std::filesystem::current_path(remembered, ec);
+  return name;
+}
+
+void mnuloadpuz(GameState& s, UserInterface& ui) {
+  const std::string name = AskPuzzleFileName(s, ui, "OPEN");
+  if (name.empty()) return;
+  ui.SetBusy(true);
+  std::string title;
+  LoadPuzzle(s, ui, name, 1, title, 1);
+  // Even a failed load makes the chosen file current, with the old board
+  // still on show; the arrows then work on the new file.
+  s.CurrentPuzzleFile = name;
+  s.CurrentPuzzleNumber = 1;
+  ui.SetBusy(false);
+}
+
+void mnusaveas(GameState& s, UserInterface& ui) {
+  const std::string name = AskPuzzleFileName(s, ui, "SAVE");
+  if (name.empty()) return;
+  if (ConfirmOverwrite(ui, name) == 0) return;
+  // Read first, then replace: a failed copy leaves the target as it was, and
+  // copying a file onto itself keeps it.
+  std::string contents;
+  if (!ReadWholeFile(s.CurrentPuzzleFile, contents) || !WriteFileAtomically(name, contents)) {
+    ui.ShowMessage(std::string("Error saving to file:") + kNewLine + name);
+    return;
+  }
+  ui.ShowMessage(std::string("Puzzle file saved as:") + kNewLine + name);
+}
+
+void mnupuzreset(GameState& s, UserInterface& ui) {
+  if (RefusedWhileSolving(s, ui)) return;
+  if (!ui.AskYesNo("Reset puzzle from file?")) return;
+  const double n = std::floor(Val(s.view.PuzNumNow));
+  std::string title;
+  if (n >= 1 && n <= 2147483647.0) LoadPuzzle(s, ui, s.CurrentPuzzleFile, static_cast<int>(n), title, 1);
+}
+
+void mnusaveassli(GameState& s, UserInterface& ui) {
+  const std::string name = AskPuzzleFileName(s, ui, "SAVE");
+  if (name.empty()) return;
+  const int n = CountPuzzles(name) + 1;
+  if (!WritePuzzleRecord(s, name, n, s.view.PuzTitle)) {
+    ui.ShowMessage(std::string("Error saving to file:") + kNewLine + name);
+    return;
+  }
+  ui.ShowMessage("Puzzle number" + Str(n) + " added to file:" + kNewLine + name);
+}
+
+void mnuappend(GameState& s, UserInterface& ui) {
+  if (RefusedWhileSolving(s, ui)) return;
+  const std::string file = s.CurrentPuzzleFile;
+  if (!ui.AskYesNo(std::string("Append current puzzle to file:") + kNewLine + file)) return;
+  const int n = CountPuzzles(file) + 1;
+  if (!WritePuzzleRecord(s, file, n, s.view.PuzTitle)) {
+    ui.ShowMessage("Error apending puzzle to file: " + file);
+    return;
+  }
+  std::string title;
+  LoadPuzzle(s, ui, file, n, title, 1);
+  ui.SetBusy(false);
+  ui.ShowMessage("Puzzle#" + NumText(n) + " appended to file " + file);
+}
+
+bool FileWithoutRecord(const std::string& file, int n, std::string& contents) {
+  LineReader reader(file);
+  if (!reader.IsOpen()) return false;
+  contents.clear();
+  auto write = [&contents](const std::string& line) {
+    contents += line;
+    contents += kNewLine;
+  };
+  int headers = 0;
+  std::string line;
+  while (reader.ReadLine(line)) {
+    if (IsHeader(line) && ++headers == n) {
+      // Drop the header and the lines after it up to the next header; the
+      // later headers keep their numbers.
+      bool more = false;
+      for (int dropped = 0; dropped < kMaxDroppedLines; ++dropped) {
+        more = reader.ReadLine(line);
+        if (!more || IsHeader(line)) break;
+      }
+      if (!more) break;  // the file ended inside the dropped record
+    }
+    write(line);
+  }
+  return true;
+}
+
+void mnudelete(GameState& s, UserInterface& ui) {
+  if (RefusedWhileSolving(s, ui)) return;
+  if (s.PuzzleCount < 2) {
+    ui.ShowMessage(kOnlyOnePuzzle);
+    return;
+  }
+  const std::string file = s.CurrentPuzzleFile;
+  if (!ui.AskYesNo(std::string("Delete current puzzle from file:") + kNewLine + file)) return;
+  const auto typed = ValInt(s.view.PuzNumNow);
+  const int n = typed ? *typed : 0;
+  if (CountPuzzles(file) == 1) {
+    ui.ShowMessage(kOnlyOnePuzzle);
+    return;
+  }
+  // The new contents are complete before anything is replaced, and the file
+  // itself is swapped in one rename: a crash leaves the old or the new file.
+  std::string contents;
+  if (!FileWithoutRecord(file, n, contents) || !WriteFileAtomically(kDeleteWorkFile, contents) ||
+      !WriteFileAtomically(file, contents)) {
+    ui.ShowMessage(std::string("Error saving to file:") + kNewLine + file);
+    return;
+  }
+  std::string title;
+  LoadPuzzle(s, ui, file, n == 1 ? 1 : n - 1, title, 1);
+  ui.ShowMessage("Done");
+}
+
+void arrowsMouseUp(GameState& s, UserInterface& ui, int index, int button) {
+  const int m = s.CurrentPuzzleNumber;
+  if (m == 0 || (m == 1 && s.PuzzleCount == 1)) return;
+  if (RefusedWhileSolving(s, ui)) return;
+  s.PuzzleCount = CountPuzzles(s.CurrentPuzzleFile);
+  const int count = s.PuzzleCount;
+  int n = m;
+  if (index == kArrowPrevious) {
+    n = button == kRightButton ? 1 : (m - 1 < 1 ? count : m - 1);
+  } else if (index == kArrowNext) {
+    n = button == kRightButton ? count : (m >= count ? 1 : m + 1);
+  } else if (index == kArrowRandom) {
+    n = s.rng.Pick(count);
+  } else {
+    return;
+  }
+  ShowRecord(s, ui, n, m);
+}
+
+void PuzNumNowEnter(GameState& s, UserInterface& ui) {
+  const auto typed = ValInt(s.view.PuzNumNow);
+  s.PuzzleCount = CountPuzzles(s.CurrentPuzzleFile);
+  if (!typed || *typed < 1 || *typed > s.PuzzleCount) return;  // the typed text stays
+  ShowRecord(s, ui, *typed, s.CurrentPuzzleNumber);
+}
+
+}  // namespace velmora

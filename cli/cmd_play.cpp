@@ -16,8 +16,9 @@ namespace {
 
 int RunPlay(const std::vector<std::string>& args);
 
-const Subcommand kPlay{"play", "play FILE N", "load record N, then run the play commands read from standard input",
-                       40, RunPlay};
+const Subcommand kPlay{"play", "play [--no] FILE N",
+                       "load record N, then run the play commands read from standard input (--no answers No)", 40,
+                       RunPlay};
 const Registration kPlayReg(kPlay);
 
 void Print(PlaySession& session, const std::string& text) { std::fwrite(text.data(), 1, text.size(), session.out); }
@@ -102,10 +103,20 @@ const PlayCommandRegistration kCommands({
     {"remain", "", 0, Remain},
 });
 
-int RunPlay(const std::vector<std::string>& args) {
+int RunPlay(const std::vector<std::string>& allArgs) {
   GameState state;
   ScriptUserInterface ui(stdout);
+  std::vector<std::string> args;
+  for (const std::string& a : allArgs) {
+    if (a == "--no") {
+      ui.AnswerNo(true);
+    } else {
+      args.push_back(a);
+    }
+  }
   if (const int failed = LoadRecordArgs(kPlay, args, state, ui); failed != 0) return failed;
+  // The loaded file is the current puzzle file, as after start-up.
+  state.CurrentPuzzleFile = args[0];
   PlaySession session{state, ui, stdout, args[0]};
   RunPlayScript(session, stdin);
   return 0;

@@ -43,13 +43,15 @@ void RunLine(PlaySession& session, const std::string& line) {
   for (const PlayCommand& command : Table()) {
     if (words[0] != command.name) continue;
     std::vector<std::string> args(words.begin() + 1, words.end());
-    if (command.argCount == kRestOfLine) {
+    const bool restOfLine = command.argCount == kRestOfLine || command.argCount == kOptionalRestOfLine;
+    if (restOfLine) {
       const size_t at = line.find(words[0]) + words[0].size();
       const size_t start = line.find_first_not_of(" \t", at);
       args.assign(1, start == std::string::npos ? std::string() : line.substr(start));
     }
-    const bool countOk = command.argCount == kRestOfLine ? !args[0].empty()
-                                                          : static_cast<int>(args.size()) == command.argCount;
+    const bool countOk = command.argCount == kOptionalRestOfLine ? true
+                         : command.argCount == kRestOfLine         ? !args[0].empty()
+                                                                   : static_cast<int>(args.size()) == command.argCount;
     if (!countOk || !command.run(session, args)) {
       std::string usage = command.name;
       if (*command.args) usage += std::string(" ") + command.args;

@@ -24,6 +24,8 @@ struct PlaySession {
 // kRestOfLine for one argument that is the rest of the line (a file name
 // with blanks).
 inline constexpr int kRestOfLine = -1;
+// As kRestOfLine, but the argument may be empty (a cancelled file dialog).
+inline constexpr int kOptionalRestOfLine = -2;
 
 struct PlayCommand {
   const char* name;

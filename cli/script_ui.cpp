@@ -20,7 +20,7 @@ void ScriptUserInterface::ShowMessage(const std::string& text) { PrintLine("mess
 
 bool ScriptUserInterface::AskYesNo(const std::string& text) {
   PrintLine("confirm: ", text);
-  return true;
+  return !answerNo_;
 }
 
 void ScriptUserInterface::PrintLine(const char* prefix, const std::string& text) {

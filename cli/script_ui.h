@@ -19,8 +19,9 @@ class ScriptUserInterface : public UserInterface {
 
   // Prints "message: TEXT".
   void ShowMessage(const std::string& text) override;
-  // Prints "confirm: TEXT" and answers Yes.
+  // Prints "confirm: TEXT" and answers Yes, or No after AnswerNo(true).
   bool AskYesNo(const std::string& text) override;
+  void AnswerNo(bool no) { answerNo_ = no; }
   // File names and typed texts come from the script: the next queued answer,
   // or "" (cancel) when none is queued.
   std::string AskFileName(const FileDialogRequest& request) override;
@@ -40,6 +41,7 @@ class ScriptUserInterface : public UserInterface {
 
   std::FILE* out_;
   std::deque<std::string> answers_;
+  bool answerNo_ = false;
 };
 
 }  // namespace velmora::cli

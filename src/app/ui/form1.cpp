@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFileDialog>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -23,6 +22,9 @@
 #include "appearance/color_scheme.h"
 #include "board/play.h"
 #include "board/ui/board_view.h"
+#include "controls/ui/fndialog.h"
+#include "controls/ui/mouse_button.h"
+#include "files/file_commands.h"
 #include "model/commands.h"
 
 namespace velmora {
@@ -70,7 +72,8 @@ void Form1::BuildControls() {
   auto* numberCaption = new QLabel(tr("Puzzle"), central);
   puzNumNow_ = new QLineEdit(central);
   puzNumNow_->setObjectName(QStringLiteral("PuzNumNow"));
-  puzNumNow_->setReadOnly(true);  // typing a number to jump comes with the file commands
+  connect(puzNumNow_, &QLineEdit::textEdited, this, [this](const QString& t) { s_.view.PuzNumNow = S(t); });
+  connect(puzNumNow_, &QLineEdit::returnPressed, this, [this] { Run(PuzNumNowEnter); });
   puzNumNow_->setAlignment(Qt::AlignRight);
   puzNumNow_->setFixedWidth(puzNumNow_->fontMetrics().horizontalAdvance(QStringLiteral("00000")) + 12);
   maxPuzCount_ = new QLabel(central);
@@ -79,9 +82,24 @@ void Form1::BuildControls() {
   puzTitle_ = new QLineEdit(central);
   puzTitle_->setObjectName(QStringLiteral("PuzTitle"));
   connect(puzTitle_, &QLineEdit::textEdited, this, [this](const QString& t) { s_.view.PuzTitle = S(t); });
+  // The `arrows` buttons: previous, next and random puzzle.
+  const QString arrowTexts[3] = {QStringLiteral("<"), QStringLiteral(">"), QStringLiteral("?")};
+  for (int i = 0; i < 3; ++i) {
+    auto* arrow = new MouseButton(arrowTexts[i], central);
+    arrow->setObjectName(QStringLiteral("arrows%1").arg(i));
+    arrow->setToolTip(QString::fromLatin1(kArrowToolTips[i]));
+    arrow->setAutoDefault(false);
+    arrow->setFixedWidth(arrow->fontMetrics().horizontalAdvance(QStringLiteral("WW")) + 12);
+    connect(arrow, &MouseButton::MouseUp, this,
+            [this, i](int button) { Run([i, button](GameState& s, UserInterface& ui) { arrowsMouseUp(s, ui, i, button); }); });
+    arrows_[static_cast<size_t>(i)] = arrow;
+  }
+  top->addWidget(arrows_[0]);
   top->addWidget(numberCaption);
   top->addWidget(puzNumNow_);
   top->addWidget(maxPuzCount_);
+  top->addWidget(arrows_[1]);
+  top->addWidget(arrows_[2]);
   top->addSpacing(8);
   top->addWidget(puzTitle_, 1);
   outer->addLayout(top);
@@ -189,6 +207,10 @@ void Form1::BuildControls() {
   frameLayout->addStretch(1);
   frame1_->hide();
 
+  gf1_ = new FNDialog(central);
+  gf1_->setObjectName(QStringLiteral("gf1"));
+  gf1_->hide();
+
   BuildHiddenButtons(central);
   setCentralWidget(central);
   outer->setSizeConstraint(QLayout::SetFixedSize);
@@ -217,9 +239,17 @@ void Form1::BuildHiddenButtons(QWidget* parent) {
 
 void Form1::BuildMenus() {
   QMenu* file = Menu(QStringLiteral("mnufile"), tr("&File"));
+  AddCommand(file, QStringLiteral("mnuloadpuz"), tr("&Load"), mnuloadpuz);
+  AddCommand(file, QStringLiteral("mnusaveas"), tr("&Copy"), mnusaveas);
+  file->addSeparator();
   AddCommand(file, QStringLiteral("mnuexit"), tr("E&xit"), [this](GameState&, UserInterface&) { Exit(); });
 
   QMenu* puzzle = Menu(QStringLiteral("mnupuzzle"), tr("&Puzzle"));
+  AddCommand(puzzle, QStringLiteral("mnupuzreset"), tr("&Reset"), mnupuzreset);
+  AddCommand(puzzle, QStringLiteral("mnusaveassli"), tr("Sa&ve"), mnusaveassli);
+  AddCommand(puzzle, QStringLiteral("mnuappend"), tr("&Append"), mnuappend);
+  AddCommand(puzzle, QStringLiteral("mnudelete"), tr("&Delete"), mnudelete);
+  puzzle->addSeparator();
   AddCommand(puzzle, QStringLiteral("mnuviewsol"), tr("Show &Solution"), mnuviewsol);
 
   QMenu* solve = Menu(QStringLiteral("mnusolve"), tr("&Solve"));
@@ -272,7 +302,9 @@ void Form1::SetCol() {
   pal.setColor(QPalette::Button, background);
   setPalette(pal);
   SetRole(puzTitle_, QPalette::Base, ToColor(c[kSchemeTitleBox]));
-  for (QPushButton* b : {undoEdit_, cmdexit_, cmdcancel_}) SetRole(b, QPalette::Button, buttonFace);
+  for (QPushButton* b : {undoEdit_, cmdexit_, cmdcancel_, arrows_[0], arrows_[1], arrows_[2]}) {
+    SetRole(b, QPalette::Button, buttonFace);
+  }
   board_->SetColors(background, background);
   if (help_) help_->setPalette(pal);
   if (about_) about_->setPalette(pal);
@@ -321,14 +353,11 @@ bool Form1::AskYesNo(const std::string& text) {
 }
 
 std::string Form1::AskFileName(const FileDialogRequest& request) {
-  QString types = Q(request.fileTypes);
-  types.replace(QLatin1Char(';'), QLatin1Char(' '));
-  const QString filter = QStringLiteral("%1 (%2);;All files (*)").arg(Q(request.fileTypesName), types);
-  const QString dir = Q(request.defaultDir);
-  const QString name = request.mode == "SAVE"
-                           ? QFileDialog::getSaveFileName(this, Q(request.title), dir, filter)
-                           : QFileDialog::getOpenFileName(this, Q(request.title), dir, filter);
-  return S(name);
+  gf1_->SetTitle(Q(request.title));
+  gf1_->SetFileTypes(Q(request.fileTypes));
+  gf1_->SetFileTypesName(Q(request.fileTypesName));
+  gf1_->SetDefaultDir(Q(request.defaultDir));
+  return S(gf1_->ShowFileDialog(Q(request.mode)));
 }
 
 std::string Form1::AskText(const std::string& prompt) {

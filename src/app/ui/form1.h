@@ -21,6 +21,7 @@ class QPushButton;
 namespace velmora {
 
 class BoardView;
+class FNDialog;
 class Form4;
 
 class Form1 : public QMainWindow, public UserInterface {
@@ -92,6 +93,8 @@ class Form1 : public QMainWindow, public UserInterface {
   QPushButton* undoEdit_ = nullptr;
   QPushButton* cmdexit_ = nullptr;
   QPushButton* cmdcancel_ = nullptr;
+  std::array<QPushButton*, 3> arrows_{};
+  FNDialog* gf1_ = nullptr;  // the file dialog of the file commands
   QPointer<Form4> help_;
   QPointer<QWidget> about_;
   QColor systemButtonFace_;

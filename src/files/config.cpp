@@ -74,14 +74,7 @@ std::string PrintNumber(long long n) { return Str(n) + " "; }
 
 }  // namespace
 
-std::string TimeStamp() {
-  const std::time_t now = std::time(nullptr);
-  std::tm local{};
-  char text[32] = {};
-  if (localtime_r(&now, &local) == nullptr) return {};
-  std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &local);
-  return text;
-}
+std::string TimeStamp() { return DateTimeText(LocalTimeNow()); }
 
 std::string ConfigText(const GameState& s) {
   return JoinLines({TimeStamp(), s.ColorSchemeName, s.CurrentPuzzleFile, PrintNumber(s.CurrentPuzzleNumber)});

@@ -24,17 +24,27 @@ void BuildCardCodes(CardCodeTable& codes) {
 GameState::GameState() { BuildCardCodes(CardCodes); }
 
 bool RebuildCardCodes(GameState& s) {
-  for (int i = 1; i <= 52; ++i) s.CardCodes.Set(i, (i - 1) / 4 + 1, (i - 1) % 4 + 1);
-  s.CardCodes.Set(0, 0, 0);
-  std::array<bool, kMaxCardIndex + 1> used{};
+  CardSet used = 0;
   for (int k = 1; k <= 52; ++k) {
     const int v = s.SolutionGrid[s.CellRow[k]][s.CellCol[k]];
-    if (v < 0 || v > kMaxCardIndex) return false;
-    used[v] = true;
+    if (v < 0 || v > kMaxCardIndex) {
+      // The entries before the failing one are rebuilt already.
+      for (int i = 1; i <= 52; ++i) s.CardCodes.Set(i, (i - 1) / 4 + 1, (i - 1) % 4 + 1);
+      s.CardCodes.Set(0, 0, 0);
+      return false;
+    }
+    if (v > 0) used |= CardBit(v);
   }
-  for (int i = 1; i <= 52; ++i) {
-    if (!used[i]) s.CardCodes.Set(i, 0, 0);
+  // Only the entries whose "00X" mark changes need writing.
+  for (CardSet change = s.CardCodes.deck ^ used; change; change &= change - 1) {
+    const int i = __builtin_ctzll(change) + 1;
+    if (used & CardBit(i)) {
+      s.CardCodes.Set(i, (i - 1) / 4 + 1, (i - 1) % 4 + 1);
+    } else {
+      s.CardCodes.Set(i, 0, 0);
+    }
   }
+  s.CardCodes.Set(0, 0, 0);
   return true;
 }
 

@@ -40,21 +40,39 @@ inline constexpr const char* kRankLetters[15] = {"?", " ", "1", "2", "3", "4", "
 inline const char* RankLetter(int rank) { return kRankLetters[rank + 1]; }
 inline constexpr const char* kDifficultyNames[3] = {"Easy", "Hard", "VHard"};
 
+// Cards a rule bars, as sets: the four cards of rank r (1..13; 0, the rank
+// of "00X", bars nothing), rank r and its two neighbours with king and ace
+// wrapping, and the thirteen cards of suit s (1..4; 0 bars nothing).
+constexpr CardSet RankCards(int r) { return r < 1 || r > 13 ? 0 : CardSet{0xF} << (4 * (r - 1)); }
+constexpr CardSet NeighbourRankCards(int r) {
+  return r < 1 || r > 13 ? 0 : RankCards(r) | RankCards(r == 13 ? 1 : r + 1) | RankCards(r == 1 ? 13 : r - 1);
+}
+constexpr CardSet SuitCards(int s) { return s < 1 || s > 4 ? 0 : CardSet{0x1111111111111} << (s - 1); }
+
 // CardCodes -4..52 held as rank number and suit number, which is what every
 // reader of the table extracts ("07D" is rank 7, suit 3; "00X" is 0, 0).
+// Beside them, what a cell holding index i bars its neighbours from (rank
+// and suit) and its row and column from (rank), read through the code.
 struct CardCodeTable {
-  std::array<int8_t, kMaxCardIndex - kMinCardIndex + 1> rank{};
-  std::array<int8_t, kMaxCardIndex - kMinCardIndex + 1> suit{};
+  static constexpr int kSize = kMaxCardIndex - kMinCardIndex + 1;
+  std::array<int8_t, kSize> rank{};
+  std::array<int8_t, kSize> suit{};
+  std::array<CardSet, kSize> nearBars{};
+  std::array<CardSet, kSize> lineBars{};
   CardSet deck = 0;  // cards 1..52 whose code is not "00X"
 
   static bool InRange(int i) { return i >= kMinCardIndex && i <= kMaxCardIndex; }
   int Rank(int i) const { return rank[i - kMinCardIndex]; }
   int Suit(int i) const { return suit[i - kMinCardIndex]; }
+  CardSet NearBars(int i) const { return nearBars[i - kMinCardIndex]; }
+  CardSet LineBars(int i) const { return lineBars[i - kMinCardIndex]; }
   char SuitLetter(int i) const { return kSuitLetters[Suit(i)]; }
   bool IsAbsent(int i) const { return Suit(i) == 0; }  // reads "00X"
   void Set(int i, int r, int s) {
     rank[i - kMinCardIndex] = static_cast<int8_t>(r);
     suit[i - kMinCardIndex] = static_cast<int8_t>(s);
+    nearBars[i - kMinCardIndex] = NeighbourRankCards(r) | SuitCards(s);
+    lineBars[i - kMinCardIndex] = RankCards(r);
     if (i >= 1) deck = s ? (deck | CardBit(i)) : (deck & ~CardBit(i));
   }
   // The code text, e.g. "01S", "13C", "00X".
@@ -72,6 +90,20 @@ struct ViewState {
   std::string Label3;   // row of the last click
   std::string Label4;   // column of the last click
   bool Frame1Visible = false;
+};
+
+// The generator's removal queue (List6): one item per filled cell, a random
+// key 1..98 and the cell number, kept in the ascending text order of the
+// items ("37 12" before "37 5").
+struct RemovalQueue {
+  struct Item {
+    uint8_t key;
+    uint8_t cell;
+    uint16_t order;  // sorts as the item's text does
+  };
+  std::array<Item, kMaxCellNumber> items{};
+  int count = 0;
+  int top = 0;  // items before it have been taken off the list
 };
 
 struct GameState {
@@ -98,6 +130,13 @@ struct GameState {
   int Solving = 0;
   int CancelRequest = 0;
   std::string SelectedCard;
+
+  // The generator's deck pool (List3): bit i is the i-th of the 52 pool
+  // items in ascending text order ("01C04" < "01D03" < "01H02" < "01S01"),
+  // which puts card k at bit (k - 1) ^ 3.
+  CardSet List3 = 0;
+  RemovalQueue List6;
+  Board<int32_t> PatternMask{};  // the base pattern's 14 blanks
 
   std::deque<std::string> UndoList;  // newest first
   std::array<std::string, 1> GridBackups;

@@ -15,20 +15,34 @@ class Random {
 
   Random() : Random(0, true) {}
 
-  // u in [0, 1).
-  double Next() {
+  // The 53 random bits behind one draw: u = Bits53() * 2^-53.
+  uint64_t Bits53() {
     if (clocked_) state_ ^= NanosecondsSinceMidnight();
     state_ += 0x9E3779B97F4A7C15ULL;
     uint64_t z = state_;
     z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ULL;
     z = (z ^ (z >> 27)) * 0x94D049BB133111EBULL;
     z = z ^ (z >> 31);
-    return static_cast<double>(z >> 11) * 0x1.0p-53;
+    return z >> 11;
   }
 
+  // u in [0, 1).
+  double Next() { return ToUnit(Bits53()); }
+
   // k = floor(u * n) + 1 clamped to n: a 1-based pick among n items.
-  int Pick(int n) {
-    int k = static_cast<int>(Next() * n) + 1;
+  int Pick(int n) { return PickOf(Bits53(), n); }
+
+  // The pick that the bits of one draw make among n items.
+  static int PickOf(uint64_t bits, int n) {
+    // For n up to 256, bits * n is exact in 64 bits (below 2^61) and the
+    // double product rounds it to 53 bits, moving it by at most 128; only a
+    // product that close to the next multiple of 2^53 needs the double form.
+    constexpr uint64_t kLow = (uint64_t{1} << 53) - 1;
+    if (n >= 1 && n <= 256) {
+      const uint64_t product = bits * static_cast<uint64_t>(n);
+      if ((product & kLow) < kLow - 256) return static_cast<int>(product >> 53) + 1;
+    }
+    const int k = static_cast<int>(ToUnit(bits) * n) + 1;
     return k > n ? n : k;
   }
 
@@ -38,6 +52,7 @@ class Random {
   static uint64_t NanosecondsSinceMidnight();
 
  private:
+  static double ToUnit(uint64_t bits) { return static_cast<double>(static_cast<int64_t>(bits)) * 0x1.0p-53; }
   Random(uint64_t seed, bool clocked) : state_(seed), clocked_(clocked) {}
   uint64_t state_;
   bool clocked_;

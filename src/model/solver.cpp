@@ -19,31 +19,14 @@ namespace {
 constexpr int kStride = kGridDim + 1;
 constexpr int kPadded = kStride * (kGridDim + 1);
 
-struct Masks {
-  std::array<CardSet, 14> rank{};          // all four cards of a rank
-  std::array<CardSet, 14> neighbourRank{};  // rank r and its two neighbours, king and ace wrapping
-  std::array<CardSet, 5> suit{};            // index 0, "00X", bars nothing
-  constexpr Masks() {
-    for (int r = 1; r <= 13; ++r) rank[r] = CardSet{0xF} << (4 * (r - 1));
-    for (int r = 1; r <= 13; ++r) {
-      const int up = r == 13 ? 1 : r + 1;
-      const int down = r == 1 ? 13 : r - 1;
-      neighbourRank[r] = rank[r] | rank[up] | rank[down];
-    }
-    for (int st = 1; st <= 4; ++st)
-      for (int r = 0; r < 13; ++r) suit[st] |= CardSet{1} << (4 * r + st - 1);
-  }
-};
-constexpr Masks kMasks;
-
 // What putting card k (1..52) down bars: its neighbours, and its row and column.
 struct CardBars {
   std::array<CardSet, 53> near{};
   std::array<CardSet, 53> line{};
   constexpr CardBars() {
     for (int k = 1; k <= 52; ++k) {
-      near[k] = kMasks.neighbourRank[(k - 1) / 4 + 1] | kMasks.suit[(k - 1) % 4 + 1];
-      line[k] = kMasks.rank[(k - 1) / 4 + 1];
+      near[k] = NeighbourRankCards((k - 1) / 4 + 1) | SuitCards((k - 1) % 4 + 1);
+      line[k] = RankCards((k - 1) / 4 + 1);
     }
   }
 };
@@ -57,6 +40,10 @@ struct OpenCell {
   uint16_t at;  // index into the padded board
 };
 
+// The solver on the state's board. SolveGrid's solver writes every card it
+// deduces into Grid and keeps CellOptions; a trial writes nothing and only
+// tells whether the board would be completed.
+template <bool kTrial>
 class Solver {
  public:
   explicit Solver(GameState& s) : s_(s) {}
@@ -64,7 +51,7 @@ class Solver {
   // Takes the board as it stands; false when UpdateOptions(0) fails on it.
   bool Begin() {
     if (Start()) return true;
-    if (!UpdateOptions(s_, 0)) return false;
+    if (kTrial || !UpdateOptions(s_, 0)) return false;
     Reset();
     StartFromOptions();
     return true;
@@ -74,29 +61,36 @@ class Solver {
   // False, with nothing changed, when Rows or Cols or a value lies outside
   // what the fast path handles; UpdateOptions then decides.
   bool Start() {
-    rows_ = s_.Rows;
-    cols_ = s_.Cols;
-    if (rows_ < 1 || cols_ < 1 || rows_ > kMaxIndex || cols_ > kMaxIndex) return false;
+    const int rows = s_.Rows, cols = s_.Cols;
+    if (rows < 1 || cols < 1 || rows > kMaxIndex || cols > kMaxIndex) return false;
+    // The ring around the board bars nothing; every cell inside is written below.
+    for (int c = 0; c <= cols + 1; ++c) near_[c] = near_[(rows + 1) * kStride + c] = 0;
     CardSet placed = 0;
-    for (int r = 1; r <= rows_; ++r) {
-      for (int c = 1; c <= cols_; ++c) {
+    for (int r = 1; r <= rows; ++r) {
+      near_[r * kStride] = near_[r * kStride + cols + 1] = 0;
+      CardSet rowBars = 0;
+      for (int c = 1; c <= cols; ++c) {
         const int v = s_.Grid[r][c];
-        if (v < kMinCardIndex || v > kMaxCardIndex) return false;
+        if (v < kMinCardIndex || v > kMaxCardIndex) return false;  // Reset() clears what was read
         const int at = r * kStride + c;
         if (v < 1) {
           open_[count_++] = OpenCell{static_cast<uint8_t>(r), static_cast<uint8_t>(c), static_cast<uint16_t>(at)};
+          marks_ |= v != 0;
         } else {
           placed |= CardBit(v);
         }
-        const int rk = s_.CardCodes.Rank(v);
-        near_[at] = kMasks.neighbourRank[rk] | kMasks.suit[s_.CardCodes.Suit(v)];
-        rowBars_[r] |= kMasks.rank[rk];
-        colBars_[c] |= kMasks.rank[rk];
+        near_[at] = s_.CardCodes.NearBars(v);
+        const CardSet line = s_.CardCodes.LineBars(v);
+        rowBars |= line;
+        colBars_[c] |= line;
       }
+      rowBars_[r] = rowBars;
     }
     avail_ = s_.CardCodes.deck & ~placed;
-    for (int r = 1; r <= rows_; ++r)
-      for (int c = 1; c <= cols_; ++c) s_.CellOptions[r][c] = 0;
+    if (!kTrial) {
+      for (int r = 1; r <= rows; ++r)
+        for (int c = 1; c <= cols; ++c) s_.CellOptions[r][c] = 0;
+    }
     Recompute();
     return true;
   }
@@ -104,11 +98,10 @@ class Solver {
   // The slow path for a board with values that have no code: UpdateOptions
   // has judged it readable and left its options.
   void StartFromOptions() {
-    rows_ = s_.Rows;
-    cols_ = s_.Cols;
+    const int rows = s_.Rows, cols = s_.Cols;
     avail_ = s_.AvailableCards;
-    for (int r = 1; r <= rows_; ++r) {
-      for (int c = 1; c <= cols_; ++c) {
+    for (int r = 1; r <= rows; ++r) {
+      for (int c = 1; c <= cols; ++c) {
         const int v = s_.Grid[r][c];
         const int at = r * kStride + c;
         if (v < 1) {
@@ -118,38 +111,69 @@ class Solver {
         // A value below -4 bars nothing; UpdateOptions has already refused
         // the boards where any cell's test would read it.
         if (v < kMinCardIndex) continue;
-        const int rk = s_.CardCodes.Rank(v);
-        near_[at] = kMasks.neighbourRank[rk] | kMasks.suit[s_.CardCodes.Suit(v)];
-        rowBars_[r] |= kMasks.rank[rk];
-        colBars_[c] |= kMasks.rank[rk];
+        near_[at] = s_.CardCodes.NearBars(v);
+        rowBars_[r] |= s_.CardCodes.LineBars(v);
+        colBars_[c] |= s_.CardCodes.LineBars(v);
       }
     }
   }
 
-  // One pass; returns the number of changes.
+  // One pass of SolveGrid; returns whether it changed anything.
   int Pass() {
-    int changes = 0;
-    // Single options, all from the options as they stood at the pass's start.
-    for (int i = 0; i < count_; ++i) {
-      const CardSet m = options_[i];
-      if (m != 0 && (m & (m - 1)) == 0) {
-        Put(i, LowestCard(m));
-        ++changes;
-      }
-    }
+    int changes = Singles();
     // Fresh options, and which cards are an option of exactly one cell.
     const CardSet unique = Recompute();
     if (unique == 0) return changes;
     // Every unique card goes to its cell in increasing card order with no
     // test of the cell, so of several unique to one cell the highest stays.
-    for (int i = 0; i < count_; ++i) {
+    for (int i = 0; i < count_;) {
       const CardSet u = options_[i] & unique;
-      if (u == 0) continue;
+      if (u == 0) {
+        ++i;
+        continue;
+      }
       Put(i, HighestCard(u));
-      changes += __builtin_popcountll(u);
+      ++changes;
     }
     return changes;
   }
+
+  // Single options, all from the options as they stood at the pass's start.
+  int Singles() {
+    int placed = 0;
+    for (int i = 0; i < count_;) {
+      const CardSet m = options_[i];
+      if (m == 0 || (m & (m - 1)) != 0) {
+        ++i;
+        continue;
+      }
+      Put(i, LowestCard(m));
+      ++placed;
+    }
+    return placed;
+  }
+
+  // A pass's unique cards and the next pass's single options in one sweep:
+  // both read the options of the same recompute, and a cell that takes a
+  // unique card has no single option left. Returns the singles placed.
+  int UniquesThenSingles(CardSet unique) {
+    int singles = 0;
+    for (int i = 0; i < count_;) {
+      const CardSet m = options_[i];
+      const CardSet u = m & unique;
+      if (u != 0) {
+        Put(i, HighestCard(u));
+      } else if (m != 0 && (m & (m - 1)) == 0) {
+        Put(i, LowestCard(m));
+        ++singles;
+      } else {
+        ++i;
+      }
+    }
+    return singles;
+  }
+
+  bool AllPlaced() const { return count_ == 0; }
 
   void Reset() {
     // Only the rows the board uses, with the ring around them.
@@ -157,63 +181,76 @@ class Solver {
     for (int i = 0; i < used; ++i) near_[i] = 0;
     rowBars_.fill(0);
     colBars_.fill(0);
-    filled_.fill(false);
     count_ = 0;
+    marks_ = false;
   }
 
-  // Options of every open cell from the bars, dropping the cells that took a
-  // card since the last call; returns the cards that are an option of
-  // exactly one cell.
+  // Options of every open cell from the bars; returns the cards that are an
+  // option of exactly one cell.
   CardSet Recompute() {
     CardSet once = 0, twice = 0;
-    int kept = 0;
+    bool dead = false;
+    const CardSet avail = avail_;
     for (int i = 0; i < count_; ++i) {
-      if (filled_[i]) {
-        filled_[i] = false;
-        continue;
-      }
       const OpenCell cell = open_[i];
-      const CardSet barred = rowBars_[cell.row] | colBars_[cell.col] | near_[cell.at - 1] | near_[cell.at + 1] |
-                             near_[cell.at - kStride] | near_[cell.at + kStride];
-      const CardSet m = avail_ & ~barred;
-      open_[kept] = cell;
-      options_[kept++] = m;
+      const CardSet* near = near_.data() + cell.at;
+      const CardSet barred = rowBars_[cell.row] | colBars_[cell.col] | near[-1] | near[1] | near[-kStride] | near[kStride];
+      const CardSet m = avail & ~barred;
+      dead |= m == 0;
+      options_[i] = m;
       twice |= once & m;
       once |= m;
     }
-    count_ = kept;
+    dead_ = dead && !marks_;  // a mark without options counts as filled already
     return once & ~twice;
   }
 
   // Leaves CellOptions and AvailableCards as UpdateOptions(0) would.
   void Finish() {
-    for (int i = 0; i < count_; ++i) {
-      if (!filled_[i]) s_.CellOptions[open_[i].row][open_[i].col] = options_[i];
-    }
+    for (int i = 0; i < count_; ++i) s_.CellOptions[open_[i].row][open_[i].col] = options_[i];
     s_.AvailableCards = avail_;
   }
 
+  // An empty cell had no options at the last recompute. Bars only grow
+  // while the solver runs, so that cell can never be filled.
+  bool Stuck() const { return dead_; }
+
+  // After the last pass: whether an empty cell is left (a suit-only mark
+  // counts as filled).
+  bool EmptyCellLeft() const {
+    for (int i = 0; i < count_; ++i) {
+      if (s_.Grid[open_[i].row][open_[i].col] == 0) return true;
+    }
+    return false;
+  }
+
  private:
+  // Cell i takes the card and leaves the open list; the last open cell moves
+  // into its place, which the sweeps over the list then visit next. A trial
+  // leaves Grid as it was, so the board keeps the start values.
   void Put(int i, int card) {
     const OpenCell cell = open_[i];
-    s_.Grid[cell.row][cell.col] = card;
-    s_.CellOptions[cell.row][cell.col] = 0;
-    options_[i] = 0;
-    filled_[i] = true;
+    if (!kTrial) {
+      s_.Grid[cell.row][cell.col] = card;
+      s_.CellOptions[cell.row][cell.col] = 0;
+    }
     near_[cell.at] = kCardBars.near[card];
     rowBars_[cell.row] |= kCardBars.line[card];
     colBars_[cell.col] |= kCardBars.line[card];
     avail_ &= ~CardBit(card);
+    --count_;
+    open_[i] = open_[count_];
+    options_[i] = options_[count_];
   }
 
   GameState& s_;
-  int rows_ = 0, cols_ = 0;
   CardSet avail_ = 0;
-  std::array<CardSet, kPadded> near_{};
+  bool dead_ = false;
+  bool marks_ = false;  // the board has suit-only marks
+  std::array<CardSet, kPadded> near_;
   std::array<CardSet, kGridDim + 1> rowBars_{}, colBars_{};
   std::array<OpenCell, kMaxCellNumber> open_;
   std::array<CardSet, kMaxCellNumber> options_;
-  std::array<bool, kMaxCellNumber> filled_{};
   int count_ = 0;
 };
 
@@ -221,7 +258,7 @@ class Solver {
 
 int SolveGrid(GameState& s, UserInterface& ui) {
   s.Solving = 1;
-  Solver solver(s);
+  Solver<false> solver(s);
   if (!solver.Begin()) {
     s.Solving = 0;
     return 1;
@@ -252,6 +289,36 @@ int SolveGrid(GameState& s, UserInterface& ui) {
     }
   }
   return 0;
+}
+
+int SolveGridTrial(GameState& s, UserInterface& ui) {
+  Solver<true> solver(s);
+  if (!solver.Start()) {
+    // Values without a code: the literal way, on the state itself.
+    const Board<int32_t> grid = s.Grid;
+    const Board<CardSet> options = s.CellOptions;
+    const int result = SolveGrid(s, ui);
+    s.Grid = grid;
+    s.CellOptions = options;
+    return result;
+  }
+  // The passes of SolveGrid, with each pass's unique cards placed together
+  // with the next pass's single options. A pass only follows one that
+  // changed something, as there.
+  s.Solving = 1;
+  ui.Yield();
+  if (!solver.Stuck()) {
+    int changes = solver.Singles();
+    CardSet unique = solver.Recompute();
+    while ((changes != 0 || unique != 0) && !solver.Stuck()) {
+      ui.Yield();
+      changes = solver.UniquesThenSingles(unique);
+      if (solver.AllPlaced()) break;
+      unique = solver.Recompute();
+    }
+  }
+  s.Solving = 0;
+  return solver.Stuck() || solver.EmptyCellLeft() ? 1 : 0;
 }
 
 }  // namespace velmora

@@ -11,4 +11,9 @@ namespace velmora {
 // not touch the Remain lists or the undo list.
 int SolveGrid(GameState& s, UserInterface& ui);
 
+// What SolveGrid would return for the board as it stands, leaving Grid and
+// CellOptions as they were: the generator's test of a blanked board, which
+// undoes the solver's fill anyway. It yields once per pass as SolveGrid does.
+int SolveGridTrial(GameState& s, UserInterface& ui);
+
 }  // namespace velmora

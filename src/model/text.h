@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <ctime>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -27,6 +28,15 @@ std::string TrimLeft(std::string_view text);
 std::string ToLower(std::string_view text);
 bool ContainsNoCase(std::string_view haystack, std::string_view needle);
 bool StartsWithNoCase(std::string_view text, std::string_view prefix);
+
+// The short date and time forms of the texts the program stamps: titles of
+// new puzzles and the configuration's first line ("15/11/2026", "10:03:33").
+std::string DateText(const std::tm& when);
+std::string TimeText(const std::tm& when);
+// Date, a blank, time.
+std::string DateTimeText(const std::tm& when);
+// The local time now.
+std::tm LocalTimeNow();
 
 // CR LF inside message texts.
 inline constexpr const char* kNewLine = "\r\n";

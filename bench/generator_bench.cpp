@@ -1,0 +1,57 @@
+// CreatePuzzle per level in the seeded mode, the way velmora-cli generate
+// runs it: one fresh generator per puzzle.
+#include <benchmark/benchmark.h>
+
+#include "creation/generator.h"
+
+namespace velmora {
+namespace {
+
+void BM_CreatePuzzle(benchmark::State& state) {
+  const int level = static_cast<int>(state.range(0));
+  GameState s;
+  SilentUserInterface ui;
+  uint64_t seed = 1;
+  for (auto _ : state) {
+    s.rng = Random::Seeded(seed++);
+    int made = level;
+    benchmark::DoNotOptimize(CreatePuzzle(s, ui, made));
+  }
+  state.counters["puzzles/s"] = benchmark::Counter(static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
+}
+BENCHMARK(BM_CreatePuzzle)->Arg(0)->Arg(1)->Arg(2)->Arg(3)->ArgName("level")->MinTime(2);
+
+// The batch engine of velmora-cli generate on one thread: two puzzles dealt in turn.
+class CountedJobs : public PuzzleJobs {
+ public:
+  CountedJobs(int level, uint64_t count) : level_(level), left_(count) {}
+  bool Next(uint64_t& id, Random& rng, int& level) override {
+    if (left_ == 0) return false;
+    --left_;
+    id = ++seed_;
+    rng = Random::Seeded(seed_);
+    level = level_;
+    return true;
+  }
+  void Made(uint64_t, const GameState& s, int) override { benchmark::DoNotOptimize(s.Grid[1][1]); }
+
+ private:
+  int level_;
+  uint64_t left_;
+  uint64_t seed_ = 0;
+};
+
+void BM_CreatePuzzlesPaired(benchmark::State& state) {
+  const int level = static_cast<int>(state.range(0));
+  constexpr uint64_t kBatch = 200;
+  for (auto _ : state) {
+    CountedJobs jobs(level, kBatch);
+    CreatePuzzles(jobs);
+  }
+  state.counters["puzzles/s"] =
+      benchmark::Counter(static_cast<double>(state.iterations() * kBatch), benchmark::Counter::kIsRate);
+}
+BENCHMARK(BM_CreatePuzzlesPaired)->Arg(0)->Arg(1)->Arg(2)->Arg(3)->ArgName("level")->MinTime(2)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace velmora

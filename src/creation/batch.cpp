@@ -1,0 +1,66 @@
+// Making many puzzles on one thread, two deals in turn.
+#include <optional>
+
+#include "board/geometry.h"
+#include "creation/generator.h"
+#include "creation/puzzle_maker.h"
+
+namespace velmora {
+namespace {
+
+using maker::PuzzleMaker;
+using Phase = PuzzleMaker::Phase;
+
+struct Slot {
+  GameState state;
+  std::optional<PuzzleMaker> maker;
+  uint64_t id = 0;
+  Phase phase = Phase::kMade;
+  bool busy = false;
+
+  Slot() {
+    state.Rows = state.Cols = maker::kSize;
+    CalcCellPos(state);
+  }
+
+  // Takes the next job, if any, and starts its first deal.
+  void Start(PuzzleJobs& jobs, UserInterface& ui) {
+    int level = kLevelRandom;
+    busy = jobs.Next(id, state.rng, level);
+    if (!busy) return;
+    maker.emplace(state, ui, level);
+    phase = maker->Begin();
+  }
+
+  // Hands a finished puzzle over and starts the next one.
+  void Settle(PuzzleJobs& jobs, UserInterface& ui) {
+    // Nothing sets CancelRequest in a batch, so a puzzle that ends is made.
+    if (!busy || phase == Phase::kDealing) return;
+    jobs.Made(id, state, maker->level());
+    Start(jobs, ui);
+  }
+};
+
+}  // namespace
+
+void CreatePuzzles(PuzzleJobs& jobs) {
+  SilentUserInterface ui;
+  Slot a, b;
+  a.Start(jobs, ui);
+  b.Start(jobs, ui);
+  while (a.busy || b.busy) {
+    if (a.busy && b.busy) {
+      while (a.phase == Phase::kDealing && b.phase == Phase::kDealing) {
+        a.phase = a.maker->Step();
+        b.phase = b.maker->Step();
+      }
+    } else {
+      Slot& only = a.busy ? a : b;
+      while (only.phase == Phase::kDealing) only.phase = only.maker->Step();
+    }
+    a.Settle(jobs, ui);
+    b.Settle(jobs, ui);
+  }
+}
+
+}  // namespace velmora

@@ -1,0 +1,228 @@
+// Puzzle generator: a random full board, the base blank pattern, and further
+// blanks by level while the solver can still finish the board.
+#include "creation/generator.h"
+
+#include <algorithm>
+#include <array>
+
+#include "board/geometry.h"
+#include "creation/puzzle_maker.h"
+#include "model/rules.h"
+#include "model/solver.h"
+#include "model/text.h"
+
+namespace velmora {
+namespace maker {
+
+namespace {
+
+// CardCodes 1..52 back to the plain codes; only the "00X" ones need it.
+void PlainCardCodes(CardCodeTable& codes) {
+  for (CardSet absent = kAllCards & ~codes.deck; absent; absent &= absent - 1) {
+    const int k = __builtin_ctzll(absent) + 1;
+    codes.Set(k, (k - 1) / 4 + 1, (k - 1) % 4 + 1);
+  }
+}
+
+}  // namespace
+
+PuzzleMaker::Phase PuzzleMaker::FreshDeal() {
+  PlainCardCodes(s_.CardCodes);
+  s_.CancelRequest = 0;
+  pool_ = kAllCards;  // all 52 items
+  for (int r = 1; r <= kSize; ++r)
+    for (int c = 1; c <= kSize; ++c) s_.Grid[r][c] = 0;
+  rowRanks_.fill(0);
+  col_ = 1;
+  return BeginAttempt(1);
+}
+
+PuzzleMaker::Phase PuzzleMaker::BeginAttempt(int attempt) {
+  if (s_.CancelRequest == 1) {
+    s_.List3 = pool_;
+    return Phase::kCancelled;
+  }
+  if (attempt > kColumnAttempts) return FreshDeal();
+  attempt_ = attempt;
+  ui_.Yield();
+  // Cards of a failed attempt stay out of the pool until the next deal.
+  for (int r = 1; r <= kSize; ++r) s_.Grid[r][col_] = 0;
+  colRanks_ = below_ = 0;
+  row_ = kSize;
+  return Phase::kDealing;
+}
+
+PuzzleMaker::Phase PuzzleMaker::AttemptFailed() {
+  if (row_ == kSize) {
+    // Nothing fits the bottom cell and nothing was drawn, so every attempt
+    // left would fail the same way: only a cancel pressed during this
+    // attempt's yield can still end the call.
+    if (s_.CancelRequest == 1) {
+      s_.List3 = pool_;
+      return Phase::kCancelled;
+    }
+    return FreshDeal();
+  }
+  return BeginAttempt(attempt_ + 1);
+}
+
+PuzzleMaker::Phase PuzzleMaker::ColumnDealt() {
+  for (int r = 1; r <= kSize; ++r) rowRanks_[r] |= ranks_[r];
+  if (++col_ > kSize) return BoardDealt();
+  return BeginAttempt(1);
+}
+
+PuzzleMaker::Phase PuzzleMaker::BoardDealt() {
+  s_.List3 = pool_;
+  s_.SolutionGrid = s_.Grid;
+  // RebuildCardCodes: the codes are plain since the fresh deal, so only the
+  // three cards absent from the solution change. (Not the pool's last
+  // three: a failed column attempt's cards left the pool too.)
+  CardSet dealt = 0;
+  for (int r = 1; r <= kSize; ++r)
+    for (int c = 1; c <= kSize; ++c) dealt |= CardBit(s_.Grid[r][c]);
+  for (CardSet absent = kAllCards & ~dealt; absent; absent &= absent - 1) {
+    s_.CardCodes.Set(__builtin_ctzll(absent) + 1, 0, 0);
+  }
+  ApplyBasePattern(s_);
+  // The solver's fill is not kept: the pattern cells stay blank.
+  if (SolveGridTrial(s_, ui_) != 0) return FreshDeal();
+  // What the solver run leaves: a full board has no options.
+  for (int r = 1; r <= kSize; ++r)
+    for (int c = 1; c <= kSize; ++c) s_.CellOptions[r][c] = 0;
+  RemoveGivens(s_, ui_, level_);
+  return Phase::kMade;
+}
+
+}  // namespace maker
+
+namespace {
+
+// Card order and pool order differ by the order of the four suits within a
+// rank; the change is its own inverse.
+CardSet SwapSuitOrder(CardSet set) {
+  set = ((set >> 1) & 0x5555555555555555ULL) | ((set & 0x5555555555555555ULL) << 1);
+  return ((set >> 2) & 0x3333333333333333ULL) | ((set & 0x3333333333333333ULL) << 2);
+}
+
+// Text order of a cell number's leading-blank form: " 1" < " 10" < " 19" < " 2".
+constexpr uint16_t CellTextOrder(int n) { return static_cast<uint16_t>(n < 10 ? n * 11 : (n / 10) * 11 + n % 10 + 1); }
+
+}  // namespace
+
+CardSet ExcludedCards(const GameState& s, int row, int col) {
+  CardSet barred = 0;
+  const int left[2] = {row, col - 1}, up[2] = {row - 1, col}, down[2] = {row + 1, col}, right[2] = {row, col + 1};
+  for (const int* n : {left, up, down, right}) {
+    barred |= NeighbourRankCards(CellRank(s, n[0], n[1]));
+    const std::string suit = CellSuit(s, n[0], n[1]);
+    if (!suit.empty()) barred |= SuitCards(SuitListIndex(suit) + 1);
+  }
+  for (int i = 1; i <= s.Rows; ++i) {
+    if (i != row) barred |= RankCards(CellRank(s, i, col));
+  }
+  for (int j = 1; j <= s.Cols; ++j) {
+    if (j != col) barred |= RankCards(CellRank(s, row, j));
+  }
+  return barred;
+}
+
+int PickRandomCard(GameState& s, CardSet excluded) {
+  const CardSet fitting = s.List3 & ~SwapSuitOrder(excluded & kAllCards);
+  if (fitting == 0) return 0;
+  const int bit = maker::DrawPoolBit(s.rng, fitting);
+  s.List3 &= ~(CardSet{1} << bit);
+  return maker::PoolCard(bit);
+}
+
+void ApplyBasePattern(GameState& s) {
+  const int rows = LoopRows(s);
+  for (int r = 1; r <= rows; ++r) {
+    for (const int c : r % 2 == 1 ? std::array<int, 2>{2, 6} : std::array<int, 2>{3, 5}) {
+      if (c > kMaxIndex) continue;
+      s.Grid[r][c] = 0;
+      s.PatternMask[r][c] = 1;
+    }
+  }
+}
+
+void ShuffleFilledCells(GameState& s) {
+  RemovalQueue& q = s.List6;
+  q.count = q.top = 0;
+  const int rows = LoopRows(s), cols = LoopCols(s);
+  for (int r = 1; r <= rows; ++r) {
+    for (int c = 1; c <= cols; ++c) {
+      if (s.Grid[r][c] <= 0) continue;
+      const int key = s.rng.Pick(98);
+      const int cell = s.CellNumber[r][c];
+      q.items[q.count++] = {static_cast<uint8_t>(key), static_cast<uint8_t>(cell),
+                            static_cast<uint16_t>(key * 128 + CellTextOrder(cell))};
+    }
+  }
+  std::sort(q.items.begin(), q.items.begin() + q.count,
+            [](const RemovalQueue::Item& a, const RemovalQueue::Item& b) { return a.order < b.order; });
+}
+
+std::string RemovalItemText(const RemovalQueue::Item& item) {
+  std::string text;
+  text += static_cast<char>('0' + item.key / 10);
+  text += static_cast<char>('0' + item.key % 10);
+  return text + Str(item.cell);
+}
+
+bool RemoveGivens(GameState& s, UserInterface& ui, int& difficulty) {
+  int limit = -1;  // none
+  switch (difficulty) {
+    case kLevelHard:
+      limit = kHardExtraBlanks;
+      break;
+    case kLevelVHard:
+      break;
+    case kLevelRandom: {
+      const int k = s.rng.Pick(3);
+      difficulty = k - 1;
+      if (difficulty == kLevelEasy) return true;
+      if (difficulty == kLevelHard) limit = kHardExtraBlanks;
+      break;
+    }
+    default:  // "Easy": the base pattern is the puzzle
+      return true;
+  }
+  ShuffleFilledCells(s);
+  RemovalQueue& q = s.List6;
+  if (q.count == 0) return false;  // no top item to take
+  int removed = 0;
+  while (q.top < q.count) {
+    const RemovalQueue::Item item = q.items[q.top++];
+    ui.Yield();
+    int& cell = s.Grid[s.CellRow[item.cell]][s.CellCol[item.cell]];
+    const int given = cell;
+    cell = 0;
+    if (SolveGridTrial(s, ui) == 1) {
+      cell = given;  // without it the board is no longer solvable by deduction
+      continue;
+    }
+    ++removed;
+    if (limit != -1 && removed >= limit) break;
+  }
+  return true;
+}
+
+std::string AutomaticTitle(int level, const std::tm& when) {
+  const char* name = level >= kLevelEasy && level <= kLevelVHard ? kDifficultyNames[level] : "";
+  return std::string(name) + " " + DateTimeText(when);
+}
+
+int CreatePuzzle(GameState& s, UserInterface& ui, int& difficulty) {
+  // The cell numbers of a 7x7 board, whatever size the last load left.
+  s.Rows = s.Cols = maker::kSize;
+  CalcCellPos(s);
+  maker::PuzzleMaker maker(s, ui, difficulty);
+  auto phase = maker.Begin();
+  while (phase == maker::PuzzleMaker::Phase::kDealing) phase = maker.Step();
+  if (phase == maker::PuzzleMaker::Phase::kCancelled) return 1;
+  difficulty = maker.level();
+  return 0;
+}
+
+}  // namespace velmora

@@ -1,0 +1,76 @@
+// Puzzle generator: a random full board, the base blank pattern, and further
+// blanks by level while the solver can still finish the board.
+#pragma once
+
+#include <ctime>
+#include <string>
+
+#include "model/game_state.h"
+#include "model/user_interface.h"
+
+namespace velmora {
+
+// Levels index kDifficultyNames; kLevelRandom asks for one of the three.
+inline constexpr int kLevelEasy = 0;
+inline constexpr int kLevelHard = 1;
+inline constexpr int kLevelVHard = 2;
+inline constexpr int kLevelRandom = 3;
+
+// Column attempts per column before the whole board is dealt afresh.
+inline constexpr int kColumnAttempts = 50;
+// Extra blanks a "Hard" puzzle may have beyond the base pattern.
+inline constexpr int kHardExtraBlanks = 4;
+
+// The title a new puzzle gets when none is given: the level made, the date
+// and the time ("VHard 15/11/2026 10:03:33").
+std::string AutomaticTitle(int level, const std::tm& when);
+
+// Makes one 7x7 puzzle in the state: Grid holds the givens and blanks,
+// SolutionGrid the full board, CardCodes marks the three undealt cards
+// "00X". `difficulty` is 0..2, or 3 for a level drawn at random; on return
+// it holds the level made. Returns the failure flag: 0 made, 1 cancelled
+// (CancelRequest seen at the start of a column attempt).
+int CreatePuzzle(GameState& s, UserInterface& ui, int& difficulty);
+
+// The cards that ExcludedRanks and NeighbourSuits of (row, col) rule out.
+CardSet ExcludedCards(const GameState& s, int row, int col);
+
+// Deals a card from the pool List3 that is not in `excluded`: one draw picks
+// the k-th fitting pool item in text order; that card leaves the pool and
+// its index is returned. 0, with no draw, when no pooled card fits.
+int PickRandomCard(GameState& s, CardSet excluded);
+
+// Blanks the 14 cells of the base pattern and marks them in PatternMask.
+void ApplyBasePattern(GameState& s);
+
+// Blanks further givens in random order while SolveGrid still completes the
+// board: none for "Easy", up to 4 for "Hard", as many as hold for "VHard";
+// level 3 draws one of the three and leaves it in `difficulty`. Returns
+// false when there is no filled cell to start from.
+bool RemoveGivens(GameState& s, UserInterface& ui, int& difficulty);
+
+// Fills List6 with one item per filled cell, a random key 1..98 each.
+void ShuffleFilledCells(GameState& s);
+
+// The text of a List6 item: the key as two digits and the cell number in
+// leading-blank form ("37 12").
+std::string RemovalItemText(const RemovalQueue::Item& item);
+
+// The puzzles a batch is to make, and where they go.
+class PuzzleJobs {
+ public:
+  virtual ~PuzzleJobs() = default;
+  // The next puzzle: an id for Made, its random source and its level (0..3).
+  // False when there is none left.
+  virtual bool Next(uint64_t& id, Random& rng, int& level) = 0;
+  // A puzzle is made in `s` (Grid, SolutionGrid, CardCodes) at `level`.
+  virtual void Made(uint64_t id, const GameState& s, int level) = 0;
+};
+
+// Makes every puzzle `jobs` hands out on the calling thread, two at a time:
+// each draw of a deal waits for the one before it, and the other puzzle's
+// draw fills that wait. Each puzzle comes out exactly as CreatePuzzle makes
+// it from the same random source; they may finish out of order.
+void CreatePuzzles(PuzzleJobs& jobs);
+
+}  // namespace velmora

@@ -1,0 +1,128 @@
+// One puzzle in the making, advanced a cell of the deal at a time, so that
+// CreatePuzzle can run one alone and a batch can deal two in turn.
+//
+// The deck pool and every bar are card sets in the pool's text order (card k
+// at bit (k - 1) ^ 3), so "the k-th fitting pool item" is the k-th set bit.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "model/game_state.h"
+#include "model/user_interface.h"
+
+namespace velmora::maker {
+
+inline constexpr int kSize = 7;  // every puzzle the program makes is 7x7
+
+constexpr int PoolBit(int card) { return (card - 1) ^ 3; }
+constexpr int PoolCard(int bit) { return (bit ^ 3) + 1; }
+
+struct PoolMasks {
+  std::array<CardSet, 5> suit{};        // in pool order; index 0, the "X" of an empty cell, bars nothing
+  std::array<CardSet, 52> nearOfBit{};  // what a dealt card bars its four neighbours from
+  constexpr PoolMasks() {
+    for (int st = 1; st <= 4; ++st)
+      for (int r = 1; r <= 13; ++r) suit[st] |= CardSet{1} << PoolBit((r - 1) * 4 + st);
+    for (int b = 0; b < 52; ++b) {
+      const int k = PoolCard(b);
+      // Rank sets are the same in pool order: four bits a rank.
+      nearOfBit[b] = NeighbourRankCards((k - 1) / 4 + 1) | suit[(k - 1) % 4 + 1];
+    }
+  }
+};
+inline constexpr PoolMasks kPool;
+
+// Position of the j-th lowest set bit of each byte value.
+struct ByteSelect {
+  std::array<std::array<uint8_t, 8>, 256> at{};
+  constexpr ByteSelect() {
+    for (int b = 0; b < 256; ++b) {
+      int j = 0;
+      for (int i = 0; i < 8; ++i)
+        if (b & (1 << i)) at[b][j++] = static_cast<uint8_t>(i);
+    }
+  }
+};
+inline constexpr ByteSelect kByteSelect;
+
+inline constexpr uint64_t kOnes8 = 0x0101010101010101ULL;
+inline constexpr uint64_t kHigh8 = 0x8080808080808080ULL;
+
+// Running bit counts per byte: byte i holds the set bits of bytes 0..i.
+// Broadword, so a generic x86-64 build needs no popcount instruction.
+inline uint64_t ByteSums(uint64_t x) {
+  uint64_t s = x - ((x >> 1) & 0x5555555555555555ULL);
+  s = (s & 0x3333333333333333ULL) + ((s >> 2) & 0x3333333333333333ULL);
+  s = (s + (s >> 4)) & 0x0F0F0F0F0F0F0F0FULL;
+  return s * kOnes8;
+}
+
+// Position of set bit j (0-based, j below the count) of x.
+inline int SelectBit(uint64_t x, uint64_t sums, int j) {
+  // The running counts grow byte by byte; the first byte whose count
+  // exceeds j holds the bit.
+  const uint64_t above = ~((static_cast<uint64_t>(j) * kOnes8 | kHigh8) - sums) & kHigh8;
+  const int place = __builtin_ctzll(above) - 7;
+  const int before = static_cast<int>(((sums << 8) >> place) & 0xFF);
+  return place + kByteSelect.at[(x >> place) & 0xFF][j - before];
+}
+
+// The pick of PickRandomCard on a non-empty set of fitting pool items.
+inline int DrawPoolBit(Random& rng, CardSet fitting) {
+  const uint64_t bits = rng.Bits53();  // does not wait for the fitting set
+  const uint64_t sums = ByteSums(fitting);
+  return SelectBit(fitting, sums, Random::PickOf(bits, static_cast<int>(sums >> 56)) - 1);
+}
+
+// CreatePuzzle's steps for one puzzle in the state. The state must be 7x7
+// with its cell numbers computed.
+class PuzzleMaker {
+ public:
+  enum class Phase { kDealing, kMade, kCancelled };
+
+  PuzzleMaker(GameState& s, UserInterface& ui, int difficulty) : s_(s), ui_(ui), level_(difficulty) {}
+
+  // Starts the first deal.
+  Phase Begin() { return FreshDeal(); }
+
+  // Deals one cell. When a deal ends this also does what follows it: a
+  // fresh deal, or the base puzzle's check and the removal of givens.
+  Phase Step() {
+    const CardSet fitting = pool_ & ~(rowRanks_[row_] | colRanks_ | near_[row_][col_ - 1] | below_);
+    if (fitting == 0) return AttemptFailed();
+    const int bit = DrawPoolBit(s_.rng, fitting);
+    pool_ &= ~(CardSet{1} << bit);
+    s_.Grid[row_][col_] = PoolCard(bit);
+    below_ = near_[row_][col_] = kPool.nearOfBit[bit];
+    ranks_[row_] = CardSet{0xF} << (bit & ~3);
+    colRanks_ |= ranks_[row_];
+    if (--row_ > 0) return Phase::kDealing;
+    return ColumnDealt();
+  }
+
+  // The level made, once the phase is kMade.
+  int level() const { return level_; }
+
+ private:
+  Phase FreshDeal();
+  Phase BeginAttempt(int attempt);
+  Phase AttemptFailed();
+  Phase ColumnDealt();
+  Phase BoardDealt();
+
+  GameState& s_;
+  UserInterface& ui_;
+  int level_;
+  CardSet pool_ = 0;
+  std::array<CardSet, kSize + 1> rowRanks_{};  // ranks of the columns dealt before this one
+  // Bars each dealt cell puts on its neighbours, read by the next column;
+  // column 0 lies off the board and bars nothing.
+  std::array<std::array<CardSet, kSize + 1>, kSize + 1> near_{};
+  std::array<CardSet, kSize + 1> ranks_{};  // of the cards dealt into this column
+  CardSet colRanks_ = 0;
+  CardSet below_ = 0;  // bars of the card dealt just below
+  int row_ = kSize, col_ = 1, attempt_ = 1;
+};
+
+}  // namespace velmora::maker

@@ -1,0 +1,95 @@
+// Batch transformation: every record of a numeric-form puzzle file made into
+// a new puzzle from its solution, written to the "_new" file beside it.
+#include "creation/transform.h"
+
+#include "board/geometry.h"
+#include "creation/generator.h"
+#include "files/puzzle_file.h"
+#include "files/text_file.h"
+#include "model/text.h"
+
+namespace velmora {
+namespace {
+
+// A missing line or a cell outside the grids: the run's "error?".
+struct TransformError {};
+
+std::string NextLine(LineReader& in) {
+  std::string line;
+  if (!in.ReadLine(line)) throw TransformError{};
+  return line;
+}
+
+// The lenient value of one character: a digit, else 0.
+int DigitValue(const std::string& line, size_t position) {
+  if (position >= line.size()) return 0;
+  const char c = line[position];
+  return c >= '0' && c <= '9' ? c - '0' : 0;
+}
+
+void ReadRecord(GameState& s, LineReader& in) {
+  for (int i = 0; i < 3; ++i) NextLine(in);  // header, title, size line
+  for (int r = 1; r <= s.Rows; ++r) {
+    const std::string line = NextLine(in);
+    const size_t bar = line.find('|');
+    if (bar == std::string::npos) continue;  // the row keeps what it held
+    for (int c = 1; c <= s.Cols; ++c) {
+      if (r > kMaxIndex || c > kMaxIndex) throw TransformError{};
+      s.SolutionGrid[r][c] = s.Grid[r][c] = DigitValue(line, bar + static_cast<size_t>(c));
+    }
+  }
+}
+
+std::string RecordText(const GameState& s, int count) {
+  std::vector<std::string> lines{"#" + NumText(count), "Created:" + DateTimeText(LocalTimeNow()),
+                                 Str(s.Rows) + "," + Str(s.Cols) + "," + Str(CountBlanks(s))};
+  for (int r = 1; r <= LoopRows(s); ++r) {
+    std::string puzzle, solution;
+    for (int c = 1; c <= LoopCols(s); ++c) {
+      puzzle += s.Grid[r][c] <= 0 ? std::string(".") : NumText(s.Grid[r][c]);
+      solution += NumText(s.SolutionGrid[r][c]);
+    }
+    lines.push_back(puzzle + "|" + solution);
+  }
+  return JoinLines(lines);
+}
+
+}  // namespace
+
+std::string TransformedFileName(const std::string& file) {
+  const size_t slash = file.find_last_of("/\\");
+  const size_t dot = file.rfind('.');
+  if (dot == std::string::npos || (slash != std::string::npos && dot < slash)) return file + "_new";
+  return file.substr(0, dot) + "_new" + file.substr(dot);
+}
+
+void MakePuzzlesFromFile(GameState& s, UserInterface& ui, const std::string& file, int& difficulty) {
+  const std::string output = TransformedFileName(file);
+  LineReader in(file);
+  if (!in.IsOpen()) {
+    ui.ShowMessage("error?");
+    return;
+  }
+  CalcCellPos(s);  // RemoveGivens finds cells by their numbers
+  // The records are collected and the output replaced in one step, so a run
+  // that dies leaves the old output whole; an error still writes what is made.
+  std::string made;
+  int count = 0;
+  bool failed = false;
+  try {
+    while (!in.AtEnd()) {
+      ReadRecord(s, in);
+      if (!RemoveGivens(s, ui, difficulty)) throw TransformError{};
+      ++count;
+      s.view.Label3 = NumText(count);
+      ui.ControlsChanged();
+      made += RecordText(s, count);
+    }
+  } catch (const TransformError&) {
+    failed = true;
+  }
+  if (!WriteFileAtomically(output, made)) failed = true;
+  ui.ShowMessage(failed ? "error?" : Str(count) + " puzzles made");
+}
+
+}  // namespace velmora

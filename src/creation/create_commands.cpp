@@ -1,0 +1,194 @@
+// Create-menu commands: one puzzle to play at once, or many puzzles into a file;
+// and the hidden button that remakes every puzzle of the current file.
+#include "creation/create_commands.h"
+
+#include <array>
+#include <vector>
+
+#include "app/startup.h"
+#include "board/geometry.h"
+#include "creation/transform.h"
+#include "files/puzzle_file.h"
+#include "model/text.h"
+
+namespace velmora {
+namespace {
+
+constexpr const char* kAppendError = "Error apending puzzle to file: ";
+
+// The puzzle part of the state. The generator and the transformation work in
+// the grids themselves; when the puzzle shown before cannot be read back,
+// this puts it back so that the board and the state still agree.
+struct ShownPuzzle {
+  explicit ShownPuzzle(const GameState& s)
+      : Rows(s.Rows),
+        Cols(s.Cols),
+        Grid(s.Grid),
+        PuzzleGrid(s.PuzzleGrid),
+        SolutionGrid(s.SolutionGrid),
+        CellOptions(s.CellOptions),
+        CellOptionsSaved(s.CellOptionsSaved),
+        CardCodes(s.CardCodes),
+        AvailableCards(s.AvailableCards),
+        Remain(s.Remain) {}
+
+  void Restore(GameState& s, UserInterface& ui) const {
+    s.Rows = Rows;
+    s.Cols = Cols;
+    s.Grid = Grid;
+    s.PuzzleGrid = PuzzleGrid;
+    s.SolutionGrid = SolutionGrid;
+    s.CellOptions = CellOptions;
+    s.CellOptionsSaved = CellOptionsSaved;
+    s.CardCodes = CardCodes;
+    s.AvailableCards = AvailableCards;
+    s.Remain = Remain;
+    CalcCellPos(s);
+    ui.DrawBoard();
+    ui.ControlsChanged();
+  }
+
+  int Rows, Cols;
+  Board<int32_t> Grid, PuzzleGrid, SolutionGrid;
+  Board<CardSet> CellOptions, CellOptionsSaved;
+  CardCodeTable CardCodes;
+  CardSet AvailableCards;
+  std::array<std::vector<std::string>, 4> Remain;
+};
+
+// Shows puzzle `number` of `file` again, or, when it cannot be read (no
+// puzzle was shown, or the file changed under us), the grids as they were.
+void ShowAgain(GameState& s, UserInterface& ui, const std::string& file, int number,
+               const ShownPuzzle& before) {
+  std::string title;
+  if (LoadPuzzle(s, ui, file, number, title, 1) != 0) before.Restore(s, ui);
+}
+
+// The end of One Puzzle and of "Display only": the new puzzle goes to the end
+// of the temporary puzzle file, which becomes the current file, and is shown.
+void ShowNewPuzzle(GameState& s, UserInterface& ui, int level, const ShownPuzzle& before) {
+  const std::string title = AutomaticTitle(level, LocalTimeNow());
+  const std::string previousFile = s.CurrentPuzzleFile;
+  const std::string file = s.AppFolder + kTemporaryPuzzleFile;
+  const int n = CountPuzzles(file);
+  const bool written = WritePuzzleRecord(s, file, n + 1, title);
+  if (written) {
+    s.CurrentPuzzleFile = file;
+    std::string loadedTitle;
+    LoadPuzzle(s, ui, file, n + 1, loadedTitle, 1);
+  } else {
+    ShowAgain(s, ui, previousFile, s.CurrentPuzzleNumber, before);
+  }
+  s.view.Frame1Visible = false;
+  s.view.pb.clear();
+  ui.ControlsChanged();
+  ui.SetBusy(false);
+  ui.ShowMessage(written ? "Done - " + LevelName(level) : kAppendError + file);
+}
+
+void ClearCellOptions(GameState& s) {
+  for (auto& row : s.CellOptions) row.fill(0);
+}
+
+// Text1 as a whole number of puzzles; not a number (or far too big) is 0.
+int PuzzleCountOf(const std::string& text) {
+  const auto n = ValInt(text);
+  return n && *n > 0 ? *n : 0;
+}
+
+}  // namespace
+
+std::string LevelName(int level) {
+  return level >= kLevelEasy && level <= kLevelVHard ? kDifficultyNames[level] : "";
+}
+
+bool CreateRefusedWhileSolving(const GameState& s, UserInterface& ui) {
+  if (s.Solving != 1) return false;
+  ui.ShowMessage(kCreateRefusedText);
+  return true;
+}
+
+void mnunewrandpuzx(GameState& s, UserInterface& ui) {
+  if (CreateRefusedWhileSolving(s, ui)) return;
+  const ShownPuzzle before(s);
+  ui.SetBusy(true);
+  int level = kLevelRandom;
+  do {
+    ClearCellOptions(s);
+    s.view.NewLab = "Creating New Puzzle...";
+    s.view.pb = " This may take a bit of time...";
+    s.view.Frame1Visible = true;
+    ui.ControlsChanged();
+    level = kLevelRandom;
+  } while (CreatePuzzle(s, ui, level) == 1);
+  ShowNewPuzzle(s, ui, level, before);
+}
+
+void mnumultipuzx(GameState& s, UserInterface& ui, const Form3Values& form) {
+  if (CreateRefusedWhileSolving(s, ui)) return;
+  if (form.result != "Y") return;
+  const ShownPuzzle before(s);
+  ui.SetBusy(true);
+  s.view.Frame1Visible = true;
+  s.CancelRequest = 0;
+  ui.ControlsChanged();
+  const int chosen = form.level >= kLevelEasy && form.level <= kLevelRandom ? form.level : kLevelRandom;
+
+  if (form.Check1) {
+    s.view.NewLab = "Creating Puzzle";
+    ui.ControlsChanged();
+    // Made once: a cancel here shows whatever the generator left.
+    int level = chosen;
+    CreatePuzzle(s, ui, level);
+    ShowNewPuzzle(s, ui, level, before);
+    return;
+  }
+
+  const std::string outFile = form.FileNow;
+  const int base = CountPuzzles(outFile);
+  const int remembered = s.CurrentPuzzleNumber;
+  const int n = PuzzleCountOf(form.Text1);
+  const bool ownTitle = !Trim(form.Text4).empty();
+  int made = 0;
+  for (int i = 1; i <= n; ++i) {
+    ui.SetBusy(true);
+    ui.Yield();
+    if (s.CancelRequest == 1) break;
+    const std::string ofN = Str(i) + " of" + Str(n);
+    s.view.Caption = "New" + ofN;
+    s.view.pb = " New" + ofN;
+    s.view.NewLab = "Creating Puzzle" + ofN + kNewLine + "Output File: " + outFile;
+    ui.ControlsChanged();
+    s.Cols = s.Rows;
+    CalcCellPos(s);
+    int level = chosen;
+    // A puzzle cut short by Cancel is written as it stands and counted; the
+    // loop ends at the next check.
+    CreatePuzzle(s, ui, level);
+    const std::string title = ownTitle ? form.Text4 : AutomaticTitle(level, LocalTimeNow());
+    if (!WritePuzzleRecord(s, outFile, base + i, title)) {
+      ui.ShowMessage(kAppendError + outFile);
+      break;
+    }
+    made = i;
+  }
+
+  ShowAgain(s, ui, s.CurrentPuzzleFile, remembered, before);
+  s.CancelRequest = 0;
+  s.view.Frame1Visible = false;
+  s.view.pb = " Done";
+  ui.ControlsChanged();
+  ui.SetBusy(false);
+  ui.ShowMessage(Str(made) + " new puzzles added to file:" + kNewLine + outFile);
+}
+
+void cmdmakepuzzles(GameState& s, UserInterface& ui, int level) {
+  if (CreateRefusedWhileSolving(s, ui)) return;
+  const ShownPuzzle before(s);
+  ui.SetBusy(true);
+  MakePuzzlesFromFile(s, ui, s.CurrentPuzzleFile, level);
+  ShowAgain(s, ui, s.CurrentPuzzleFile, s.CurrentPuzzleNumber, before);
+  ui.SetBusy(false);
+}
+
+}  // namespace velmora

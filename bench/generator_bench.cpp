@@ -24,7 +24,7 @@ BENCHMARK(BM_CreatePuzzle)->Arg(0)->Arg(1)->Arg(2)->Arg(3)->ArgName("level")->Mi
 // The batch engine of velmora-cli generate on one thread: two puzzles dealt in turn.
 class CountedJobs : public PuzzleJobs {
  public:
-  CountedJobs(int level, uint64_t count) : level_(level), left_(count) {}
+  CountedJobs(int level, uint64_t count, uint64_t& seed) : level_(level), left_(count), seed_(seed) {}
   bool Next(uint64_t& id, Random& rng, int& level) override {
     if (left_ == 0) return false;
     --left_;
@@ -38,14 +38,15 @@ class CountedJobs : public PuzzleJobs {
  private:
   int level_;
   uint64_t left_;
-  uint64_t seed_ = 0;
+  uint64_t& seed_;  // carried over from batch to batch: every puzzle is new
 };
 
 void BM_CreatePuzzlesPaired(benchmark::State& state) {
   const int level = static_cast<int>(state.range(0));
   constexpr uint64_t kBatch = 200;
+  uint64_t seed = 0;
   for (auto _ : state) {
-    CountedJobs jobs(level, kBatch);
+    CountedJobs jobs(level, kBatch, seed);
     CreatePuzzles(jobs);
   }
   state.counters["puzzles/s"] =

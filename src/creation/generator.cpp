@@ -192,16 +192,18 @@ bool RemoveGivens(GameState& s, UserInterface& ui, int& difficulty) {
   RemovalQueue& q = s.List6;
   if (q.count == 0) return false;  // no top item to take
   int removed = 0;
+  BlankTrials trials(s);
   while (q.top < q.count) {
     const RemovalQueue::Item item = q.items[q.top++];
     ui.Yield();
-    int& cell = s.Grid[s.CellRow[item.cell]][s.CellCol[item.cell]];
-    const int given = cell;
-    cell = 0;
-    if (SolveGridTrial(s, ui) == 1) {
-      cell = given;  // without it the board is no longer solvable by deduction
+    const int row = s.CellRow[item.cell], col = s.CellCol[item.cell];
+    const int given = s.Grid[row][col];
+    s.Grid[row][col] = 0;
+    if (trials.Try(ui, row, col, given) == 1) {
+      s.Grid[row][col] = given;  // without it the board is no longer solvable by deduction
       continue;
     }
+    trials.Keep(row, col, given);
     ++removed;
     if (limit != -1 && removed >= limit) break;
   }

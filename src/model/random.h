@@ -8,16 +8,19 @@ namespace velmora {
 class Random {
  public:
   // Seeded mode: a reproducible sequence with no clock mixing.
-  static Random Seeded(uint64_t seed) { return Random(seed, false); }
+  static Random Seeded(uint64_t seed) { return Random(seed, nullptr); }
   // Normal mode: the time of day is XOR-ed into the state before every draw,
   // which never restarts the sequence, so draws within one clock tick differ.
-  static Random Clocked(uint64_t seed = 0) { return Random(seed, true); }
+  // `clock` gives nanoseconds since midnight.
+  static Random Clocked(uint64_t seed = 0, uint64_t (*clock)() = NanosecondsSinceMidnight) {
+    return Random(seed, clock);
+  }
 
-  Random() : Random(0, true) {}
+  Random() : Random(0, NanosecondsSinceMidnight) {}
 
   // The 53 random bits behind one draw: u = Bits53() * 2^-53.
   uint64_t Bits53() {
-    if (clocked_) state_ ^= NanosecondsSinceMidnight();
+    if (clock_) state_ ^= clock_();
     state_ += 0x9E3779B97F4A7C15ULL;
     uint64_t z = state_;
     z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ULL;
@@ -46,16 +49,16 @@ class Random {
     return k > n ? n : k;
   }
 
-  bool clocked() const { return clocked_; }
+  bool clocked() const { return clock_ != nullptr; }
   uint64_t state() const { return state_; }
 
   static uint64_t NanosecondsSinceMidnight();
 
  private:
   static double ToUnit(uint64_t bits) { return static_cast<double>(static_cast<int64_t>(bits)) * 0x1.0p-53; }
-  Random(uint64_t seed, bool clocked) : state_(seed), clocked_(clocked) {}
+  Random(uint64_t seed, uint64_t (*clock)()) : state_(seed), clock_(clock) {}
   uint64_t state_;
-  bool clocked_;
+  uint64_t (*clock_)();
 };
 
 }  // namespace velmora

@@ -7,7 +7,9 @@
 // leaves in CellOptions are the ones UpdateOptions would compute.
 #include "model/solver.h"
 
+#include <algorithm>
 #include <array>
+#include <memory>
 
 #include "model/rules.h"
 
@@ -61,6 +63,18 @@ class Solver {
   // False, with nothing changed, when Rows or Cols or a value lies outside
   // what the fast path handles; UpdateOptions then decides.
   bool Start() {
+    if (!Read()) return false;
+    if (!kTrial) {
+      for (int r = 1; r <= s_.Rows; ++r)
+        for (int c = 1; c <= s_.Cols; ++c) s_.CellOptions[r][c] = 0;
+    }
+    Recompute();
+    return true;
+  }
+
+  // The bars and open cells of the board, without the options. False, with
+  // Reset() to clear what was read, when the fast path cannot take it.
+  bool Read() {
     const int rows = s_.Rows, cols = s_.Cols;
     if (rows < 1 || cols < 1 || rows > kMaxIndex || cols > kMaxIndex) return false;
     // The ring around the board bars nothing; every cell inside is written below.
@@ -71,12 +85,13 @@ class Solver {
       CardSet rowBars = 0;
       for (int c = 1; c <= cols; ++c) {
         const int v = s_.Grid[r][c];
-        if (v < kMinCardIndex || v > kMaxCardIndex) return false;  // Reset() clears what was read
+        if (v < kMinCardIndex || v > kMaxCardIndex) return false;
         const int at = r * kStride + c;
         if (v < 1) {
           open_[count_++] = OpenCell{static_cast<uint8_t>(r), static_cast<uint8_t>(c), static_cast<uint16_t>(at)};
           marks_ |= v != 0;
         } else {
+          dupes_ |= (placed & CardBit(v)) != 0;
           placed |= CardBit(v);
         }
         near_[at] = s_.CardCodes.NearBars(v);
@@ -87,13 +102,38 @@ class Solver {
       rowBars_[r] = rowBars;
     }
     avail_ = s_.CardCodes.deck & ~placed;
-    if (!kTrial) {
-      for (int r = 1; r <= rows; ++r)
-        for (int c = 1; c <= cols; ++c) s_.CellOptions[r][c] = 0;
-    }
-    Recompute();
     return true;
   }
+
+  // What Read() would give with the card at (row, col) taken off, the
+  // state's Grid already holding 0 there. Needs a board read without
+  // duplicate cards, so the card leaves the placed cards.
+  void Open(int row, int col, int card) {
+    const int at = row * kStride + col;
+    open_[count_++] = OpenCell{static_cast<uint8_t>(row), static_cast<uint8_t>(col), static_cast<uint16_t>(at)};
+    near_[at] = 0;  // an empty cell's "00X" bars nothing
+    CardSet rowBars = 0, colBars = 0;
+    for (int c = 1; c <= s_.Cols; ++c) rowBars |= s_.CardCodes.LineBars(s_.Grid[row][c]);
+    for (int r = 1; r <= s_.Rows; ++r) colBars |= s_.CardCodes.LineBars(s_.Grid[r][col]);
+    rowBars_[row] = rowBars;
+    colBars_[col] = colBars;
+    avail_ |= s_.CardCodes.deck & CardBit(card);
+  }
+
+  // Takes over what another solver of the same state has read.
+  void CopyReadFrom(const Solver& other) {
+    const int used = (s_.Rows + 2) * kStride;
+    std::copy(other.near_.begin(), other.near_.begin() + used, near_.begin());
+    rowBars_ = other.rowBars_;
+    colBars_ = other.colBars_;
+    std::copy(other.open_.begin(), other.open_.begin() + other.count_, open_.begin());
+    count_ = other.count_;
+    avail_ = other.avail_;
+    marks_ = other.marks_;
+    dupes_ = other.dupes_;
+  }
+
+  bool Dupes() const { return dupes_; }
 
   // The slow path for a board with values that have no code: UpdateOptions
   // has judged it readable and left its options.
@@ -182,7 +222,7 @@ class Solver {
     rowBars_.fill(0);
     colBars_.fill(0);
     count_ = 0;
-    marks_ = false;
+    marks_ = dupes_ = false;
   }
 
   // Options of every open cell from the bars; returns the cards that are an
@@ -247,6 +287,7 @@ class Solver {
   CardSet avail_ = 0;
   bool dead_ = false;
   bool marks_ = false;  // the board has suit-only marks
+  bool dupes_ = false;  // a card stands on the board more than once
   std::array<CardSet, kPadded> near_;
   std::array<CardSet, kGridDim + 1> rowBars_{}, colBars_{};
   std::array<OpenCell, kMaxCellNumber> open_;
@@ -291,20 +332,12 @@ int SolveGrid(GameState& s, UserInterface& ui) {
   return 0;
 }
 
-int SolveGridTrial(GameState& s, UserInterface& ui) {
-  Solver<true> solver(s);
-  if (!solver.Start()) {
-    // Values without a code: the literal way, on the state itself.
-    const Board<int32_t> grid = s.Grid;
-    const Board<CardSet> options = s.CellOptions;
-    const int result = SolveGrid(s, ui);
-    s.Grid = grid;
-    s.CellOptions = options;
-    return result;
-  }
-  // The passes of SolveGrid, with each pass's unique cards placed together
-  // with the next pass's single options. A pass only follows one that
-  // changed something, as there.
+namespace {
+
+// SolveGridTrial's passes on a started solver: those of SolveGrid, with each
+// pass's unique cards placed together with the next pass's single options.
+// A pass only follows one that changed something, as there.
+int RunTrial(Solver<true>& solver, GameState& s, UserInterface& ui) {
   s.Solving = 1;
   ui.Yield();
   if (!solver.Stuck()) {
@@ -319,6 +352,48 @@ int SolveGridTrial(GameState& s, UserInterface& ui) {
   }
   s.Solving = 0;
   return solver.Stuck() || solver.EmptyCellLeft() ? 1 : 0;
+}
+
+}  // namespace
+
+int SolveGridTrial(GameState& s, UserInterface& ui) {
+  Solver<true> solver(s);
+  if (!solver.Start()) {
+    // Values without a code: the literal way, on the state itself.
+    const Board<int32_t> grid = s.Grid;
+    const Board<CardSet> options = s.CellOptions;
+    const int result = SolveGrid(s, ui);
+    s.Grid = grid;
+    s.CellOptions = options;
+    return result;
+  }
+  return RunTrial(solver, s, ui);
+}
+
+struct BlankTrials::Board {
+  explicit Board(GameState& s) : read(s), trial(s) {}
+  Solver<true> read;   // the board as it stands between trials
+  Solver<true> trial;  // one trial's working copy
+  bool patchable = false;
+};
+
+BlankTrials::BlankTrials(GameState& s) : s_(s), board_(std::make_unique<Board>(s)) {
+  board_->patchable = board_->read.Read() && !board_->read.Dupes();
+}
+
+BlankTrials::~BlankTrials() = default;
+
+int BlankTrials::Try(UserInterface& ui, int row, int col, int card) {
+  if (!board_->patchable) return SolveGridTrial(s_, ui);
+  Solver<true>& trial = board_->trial;
+  trial.CopyReadFrom(board_->read);
+  trial.Open(row, col, card);
+  trial.Recompute();
+  return RunTrial(trial, s_, ui);
+}
+
+void BlankTrials::Keep(int row, int col, int card) {
+  if (board_->patchable) board_->read.Open(row, col, card);
 }
 
 }  // namespace velmora

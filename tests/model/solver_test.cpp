@@ -264,5 +264,65 @@ TEST(SolveGrid, AnUndoDuringTheYieldIsKept) {
   EXPECT_EQ(s.Grid, expected.Grid);
 }
 
+// The generator's trials must give SolveGrid's result and leave the board as
+// it was, on boards with marks, wrong cards, duplicates and dead cells too.
+TEST(SolveGridTrial, SameResultAsSolveGridAndTheBoardUntouched) {
+  const GameState full = Load(SolvableFile(), 1);
+  std::mt19937 rng(77);
+  for (int trial = 0; trial < 400; ++trial) {
+    GameState s = full;
+    s.Grid = s.SolutionGrid;
+    const int blanks = 5 + trial % 35;
+    for (int b = 0; b < blanks; ++b) {
+      const int r = 1 + static_cast<int>(rng() % 7), c = 1 + static_cast<int>(rng() % 7);
+      const unsigned kind = rng() % 12;
+      s.Grid[r][c] = kind == 0 ? -static_cast<int>(1 + rng() % 4) : (kind == 1 ? 1 + static_cast<int>(rng() % 52) : 0);
+    }
+    s.CellOptions[3][3] = 12345;  // whatever the options held stays
+    const GameState before = s;
+    GameState literal = s;
+    SilentUserInterface ui;
+    const int expected = SolveGrid(literal, ui);
+    EXPECT_EQ(SolveGridTrial(s, ui), expected) << trial;
+    EXPECT_EQ(s.Grid, before.Grid) << trial;
+    EXPECT_EQ(s.CellOptions, before.CellOptions) << trial;
+    EXPECT_EQ(s.Solving, 0);
+    if (HasFailure()) return;
+  }
+  GameState unreadable = full;
+  unreadable.Grid[2][2] = 70;  // the literal way: UpdateOptions refuses it
+  const GameState before = unreadable;
+  SilentUserInterface ui;
+  EXPECT_EQ(SolveGridTrial(unreadable, ui), 1);
+  EXPECT_EQ(unreadable.Grid, before.Grid);
+}
+
+TEST(BlankTrials, EachTrialAsAFreshTrialWhileBlanksAccumulate) {
+  const GameState full = Load(SolvableFile(), 1);
+  std::mt19937 rng(5);
+  for (int round = 0; round < 30; ++round) {
+    GameState s = full;
+    s.Grid = s.SolutionGrid;
+    if (round % 5 == 4) s.Grid[1][1] = s.Grid[7][7];  // a card twice: trials start afresh
+    if (round % 7 == 6) s.Grid[4][4] = -3;           // a mark stays a mark
+    BlankTrials trials(s);
+    for (int step = 0; step < 40; ++step) {
+      const int r = 1 + static_cast<int>(rng() % 7), c = 1 + static_cast<int>(rng() % 7);
+      const int card = s.Grid[r][c];
+      if (card <= 0) continue;
+      s.Grid[r][c] = 0;
+      GameState fresh = s;
+      SilentUserInterface ui;
+      const int expected = SolveGridTrial(fresh, ui);
+      ASSERT_EQ(trials.Try(ui, r, c, card), expected) << round << " " << step;
+      if (expected == 0 || rng() % 3 == 0) {
+        trials.Keep(r, c, card);
+      } else {
+        s.Grid[r][c] = card;
+      }
+    }
+  }
+}
+
 }  // namespace
 }  // namespace velmora

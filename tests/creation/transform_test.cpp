@@ -1,0 +1,145 @@
+// The batch transformation of a numeric-form puzzle file.
+#include "creation/transform.h"
+
+#include <gtest/gtest.h>
+
+#include <regex>
+#include <string>
+#include <vector>
+
+#include "board/geometry.h"
+#include "creation/generator.h"
+#include "creation/literal_generator.h"
+#include "files/text_file.h"
+#include "recording_ui.h"
+#include "test_support.h"
+
+namespace velmora {
+namespace {
+
+// A record in the numeric form: one digit per cell after the "|".
+std::string NumericRecord(int number, const std::vector<std::string>& solutionRows) {
+  std::string text = "#" + std::to_string(number) + "\r\nold title\r\n 7, 7, 0\r\n";
+  for (const std::string& row : solutionRows) text += "......." "|" + row + "\r\n";
+  return text;
+}
+
+const std::vector<std::string> kRowsA = {"1234567", "2345678", "3456789", "4567891",
+                                         "5678912", "6789123", "7891234"};
+const std::vector<std::string> kRowsB = {"9876543", "8765432", "7654321", "6543219",
+                                         "5432198", "4321987", "3219876"};
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  size_t start = 0;
+  for (size_t end; (end = text.find("\r\n", start)) != std::string::npos; start = end + 2)
+    lines.push_back(text.substr(start, end - start));
+  return lines;
+}
+
+TEST(TransformedFileName, NewBeforeTheLastDotOfTheName) {
+  EXPECT_EQ(TransformedFileName("puzzles.vlm"), "puzzles_new.vlm");
+  EXPECT_EQ(TransformedFileName("/a/b.c/puzzles.old.txt"), "/a/b.c/puzzles.old_new.txt");
+  EXPECT_EQ(TransformedFileName("/a/b.c/puzzles"), "/a/b.c/puzzles_new");
+  EXPECT_EQ(TransformedFileName("puzzles"), "puzzles_new");
+}
+
+TEST(MakePuzzlesFromFile, EveryRecordBecomesANewNumberedRecord) {
+  test::TempDir dir;
+  const std::string in = dir.Write("set.vlm", NumericRecord(4, kRowsA) + NumericRecord(9, kRowsB));
+  GameState s;
+  s.rng = Random::Seeded(3);
+  test::RecordingUi ui;
+  int level = kLevelEasy;
+  MakePuzzlesFromFile(s, ui, in, level);
+  ASSERT_EQ(ui.messages, std::vector<std::string>{" 2 puzzles made"});
+  EXPECT_EQ(s.view.Label3, "2");
+  const std::vector<std::string> lines = Lines(dir.Read("set_new.vlm"));
+  ASSERT_EQ(lines.size(), 20u);
+  EXPECT_EQ(lines[0], "#1");
+  EXPECT_TRUE(std::regex_match(lines[1], std::regex(R"(Created:\d\d/\d\d/\d{4} \d\d:\d\d:\d\d)"))) << lines[1];
+  EXPECT_EQ(lines[2], " 7, 7, 0");  // "Easy" blanks nothing
+  for (int r = 0; r < 7; ++r) EXPECT_EQ(lines[3 + r], kRowsA[r] + "|" + kRowsA[r]);
+  EXPECT_EQ(lines[10], "#2");
+  EXPECT_EQ(lines[13], kRowsB[0] + "|" + kRowsB[0]);
+}
+
+TEST(MakePuzzlesFromFile, BlanksAsRemoveGivensDoesAndKeepsTheDrawnLevel) {
+  test::TempDir dir;
+  const std::string in = dir.Write("set.vlm", NumericRecord(1, kRowsA) + NumericRecord(2, kRowsB));
+  GameState s;
+  CalcCellPos(s);
+  s.rng = Random::Seeded(11);
+  GameState expected = s;
+  test::RecordingUi ui;
+  int level = kLevelRandom;
+  MakePuzzlesFromFile(s, ui, in, level);
+  EXPECT_GE(level, kLevelEasy);  // the first record's draw holds for the rest
+  EXPECT_LE(level, kLevelVHard);
+
+  // The same records through the word-for-word RemoveGivens.
+  int literalLevel = kLevelRandom;
+  const std::vector<std::string> lines = Lines(dir.Read("set_new.vlm"));
+  ASSERT_EQ(lines.size(), 20u);
+  for (int record = 0; record < 2; ++record) {
+    const auto& rows = record == 0 ? kRowsA : kRowsB;
+    int blanks = 0;
+    for (int r = 1; r <= 7; ++r)
+      for (int c = 1; c <= 7; ++c) expected.SolutionGrid[r][c] = expected.Grid[r][c] = rows[r - 1][c - 1] - '0';
+    test::LiteralRemoveGivens(expected, ui, literalLevel);
+    for (int r = 1; r <= 7; ++r) {
+      std::string row;
+      for (int c = 1; c <= 7; ++c) {
+        row += expected.Grid[r][c] == 0 ? std::string(".") : std::to_string(expected.Grid[r][c]);
+        blanks += expected.Grid[r][c] == 0;
+      }
+      EXPECT_EQ(lines[10 * record + 2 + r], row + "|" + rows[r - 1]);
+    }
+    EXPECT_EQ(lines[10 * record + 2], " 7, 7," + std::string(" ") + std::to_string(blanks));
+  }
+  EXPECT_EQ(level, literalLevel);
+}
+
+TEST(MakePuzzlesFromFile, ErrorsEndTheRunAndKeepWhatWasMade) {
+  test::TempDir dir;
+  // The second record stops after three of its rows.
+  std::string text = NumericRecord(1, kRowsA) + NumericRecord(2, kRowsB);
+  text.resize(text.size() - 4 * 17);
+  const std::string in = dir.Write("cut.vlm", text);
+  GameState s;
+  test::RecordingUi ui;
+  int level = kLevelEasy;
+  MakePuzzlesFromFile(s, ui, in, level);
+  EXPECT_EQ(ui.messages, std::vector<std::string>{"error?"});
+  EXPECT_EQ(Lines(dir.Read("cut_new.vlm")).size(), 10u);
+
+  test::RecordingUi missing;
+  MakePuzzlesFromFile(s, missing, dir.File("none.vlm"), level);
+  EXPECT_EQ(missing.messages, std::vector<std::string>{"error?"});
+  EXPECT_FALSE(FileExists(dir.File("none_new.vlm")));
+
+  // An empty file makes an empty output and no puzzles.
+  test::RecordingUi empty;
+  MakePuzzlesFromFile(s, empty, dir.Write("empty.vlm", ""), level);
+  EXPECT_EQ(empty.messages, std::vector<std::string>{" 0 puzzles made"});
+  EXPECT_TRUE(FileExists(dir.File("empty_new.vlm")));
+
+  // Rows without "|" keep the values of the record before; a board with
+  // nothing filled has no given to start the removal from.
+  test::RecordingUi blank;
+  int hard = kLevelHard;
+  GameState fresh;
+  MakePuzzlesFromFile(fresh, blank, dir.Write("bars.vlm", "#1\r\nt\r\n 7, 7, 0\r\n1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n"),
+                      hard);
+  EXPECT_EQ(blank.messages, std::vector<std::string>{"error?"});
+
+  // Rows beyond what the grids hold.
+  GameState big;
+  big.Rows = 12;
+  test::RecordingUi tooBig;
+  MakePuzzlesFromFile(big, tooBig, in, level);
+  EXPECT_EQ(tooBig.messages, std::vector<std::string>{"error?"});
+}
+
+}  // namespace
+}  // namespace velmora

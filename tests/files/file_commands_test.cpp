@@ -2,6 +2,7 @@
 #include "files/file_commands.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <deque>
@@ -539,14 +540,42 @@ TEST_F(Delete, OriginalFileIsIntactWhenTheReplacementCannotBeWritten) {
 }
 
 TEST_F(Delete, OriginalFileIsIntactInAReadOnlyFolder) {
-  if (RunningAsRoot()) GTEST_SKIP() << "permissions do not stop root; the long-name test covers it";
+  // The work file can be written and so could the file itself, but not its
+  // folder: the replacement fails at its temporary file, so the file is
+  // never rewritten in place, and the original stays whole.
   const std::string file = dir_.Write("p.vlm", Records(3));
   GameState s = Showing(file, 2);
-  std::filesystem::permissions(dir_.path(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
-  mnudelete(s, ui_);
-  std::filesystem::permissions(dir_.path(), std::filesystem::perms::owner_all);
-  EXPECT_EQ(ui_.messages.back(), "Error saving to file:\r\n" + file);
+  namespace fs = std::filesystem;
+  fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read |
+                            fs::perms::group_write | fs::perms::others_read | fs::perms::others_write);
+  fs::permissions(dir_.path(), fs::perms::owner_read | fs::perms::owner_exec | fs::perms::group_read |
+                                   fs::perms::group_exec | fs::perms::others_read | fs::perms::others_exec);
+  fs::permissions(work_.path(), fs::perms::all);
+  std::string message;
+  if (RunningAsRoot()) {
+    // Permissions do not stop root: the command runs as "nobody" instead.
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+      if (::setgid(65534) != 0 || ::setuid(65534) != 0) ::_exit(3);
+      FileUi ui;
+      mnudelete(s, ui);
+      ::_exit(!ui.messages.empty() && ui.messages.back() == "Error saving to file:\r\n" + file ? 0 : 1);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFEXITED(status));
+    ASSERT_NE(WEXITSTATUS(status), 3) << "could not become nobody";
+    EXPECT_EQ(WEXITSTATUS(status), 0) << "the command did not report the failed save";
+  } else {
+    mnudelete(s, ui_);
+    EXPECT_EQ(ui_.messages.back(), "Error saving to file:\r\n" + file);
+  }
+  fs::permissions(dir_.path(), fs::perms::owner_all);
   EXPECT_EQ(dir_.Read("p.vlm"), Records(3));
+  EXPECT_EQ(work_.Read("velmora.tmp"), Record(1, "T1") + Record(3, "T3", 2));
+  for (const auto& entry : fs::directory_iterator(dir_.path()))  // no temporary file left over
+    EXPECT_EQ(entry.path().filename(), "p.vlm");
 }
 
 TEST_F(Delete, OriginalFileIsIntactWhenTheWorkFileCannotBeWritten) {

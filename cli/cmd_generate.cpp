@@ -30,10 +30,10 @@ int RunTransform(const std::vector<std::string>& args);
 const Subcommand kGenerate{"generate",
                            "generate FILE [--count N] [--level easy|hard|vhard|random] [--title TEXT] [--seed S] "
                            "[--jobs K]",
-                           "append N new puzzles to FILE (with --seed S, puzzle i draws from seed S + i)", 40,
+                           "append N new puzzles to FILE (with --seed S, puzzle i draws from seed S + i)", 50,
                            RunGenerate};
 const Subcommand kTransform{"transform", "transform FILE [--level easy|hard|vhard|random] [--seed S]",
-                            "make a new puzzle from every record of a numeric-form FILE into FILE's \"_new\" file", 41,
+                            "make a new puzzle from every record of a numeric-form FILE into FILE's \"_new\" file", 51,
                             RunTransform};
 const Registration kGenerateReg(kGenerate);
 const Registration kTransformReg(kTransform);

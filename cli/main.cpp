@@ -16,7 +16,7 @@ std::vector<Subcommand>& Registry() {
 
 void PrintHelp(std::FILE* out) {
   std::fprintf(out, "Usage: velmora-cli COMMAND [ARGS]\n\nCommands:\n");
-  for (const auto& c : Subcommands()) std::fprintf(out, "  %-60s %s\n", c.usage, c.summary);
+  for (const auto& c : Subcommands()) std::fprintf(out, "  %s\n      %s\n", c.usage, c.summary);
   std::fprintf(out, "\nvelmora-cli --help shows this text.\n");
 }
 

@@ -16,7 +16,13 @@ namespace {
 class SortedList {
  public:
   void Clear() { items_.clear(); }
-  void Add(const std::string& item) { items_.insert(std::upper_bound(items_.begin(), items_.end(), item), item); }
+  void Add(const std::string& item) {
+    if (items_.empty() || !(item < items_.back())) {
+      items_.push_back(item);  // most items arrive in order
+    } else {
+      items_.insert(std::upper_bound(items_.begin(), items_.end(), item), item);
+    }
+  }
   void Remove(size_t index) { items_.erase(items_.begin() + static_cast<long>(index)); }
   long Find(const std::string& item) const {
     const auto it = std::find(items_.begin(), items_.end(), item);

@@ -1,0 +1,174 @@
+// Form3, "Create New Puzzles": how many puzzles, into which file, with what
+// title and level, or one puzzle only to display.
+#include "creation/ui/form3.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "controls/ui/fndialog.h"
+#include "files/file_commands.h"
+#include "model/text.h"
+
+namespace velmora {
+namespace {
+
+// Texts travel as the platform's 8-bit text, as in the main window.
+QString Q(const std::string& text) {
+  return QString::fromLocal8Bit(text.data(), static_cast<qsizetype>(text.size()));
+}
+std::string S(const QString& text) { return text.toLocal8Bit().toStdString(); }
+
+QGroupBox* Group(const QString& objectName, const QString& title, QWidget* parent) {
+  auto* box = new QGroupBox(title, parent);
+  box->setObjectName(objectName);
+  return box;
+}
+
+}  // namespace
+
+Form3::Form3(QWidget* parent) : QDialog(parent) {
+  setObjectName(QStringLiteral("Form3"));
+  setWindowTitle(QStringLiteral("Create New Puzzles"));
+  const Form3Values start;
+
+  auto* frame1 = Group(QStringLiteral("Frame1"), QStringLiteral("# of Puzzles"), this);
+  text1_ = new QLineEdit(Q(start.Text1), frame1);
+  text1_->setObjectName(QStringLiteral("Text1"));
+  text1_->setToolTip(QStringLiteral("Enter number of puzzles to be saved to output file"));
+  text1_->setFixedWidth(text1_->fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + 16);
+  auto* frame1Layout = new QHBoxLayout(frame1);
+  frame1Layout->addWidget(text1_);
+  frame1Layout->addStretch(1);
+
+  auto* frame2 = Group(QStringLiteral("Frame2"), QStringLiteral("Single Puzzle"), this);
+  check1_ = new QCheckBox(QStringLiteral("Display only"), frame2);
+  check1_->setObjectName(QStringLiteral("Check1"));
+  check1_->setToolTip(QStringLiteral("Click if one new puzzle to be displayed only"));
+  check1_->setChecked(start.Check1);
+  auto* frame2Layout = new QHBoxLayout(frame2);
+  frame2Layout->addWidget(check1_);
+  frame2Layout->addStretch(1);
+
+  auto* inFileFrame = Group(QStringLiteral("InFileFrame"), QStringLiteral("Output File"), this);
+  fileNow_ = new FNDialog(inFileFrame);
+  fileNow_->setObjectName(QStringLiteral("FileNow"));
+  fileNow_->setToolTip(QStringLiteral("New Puzzles will be stored in this file"));
+  fileNow_->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('x')) * 48);
+  auto* inFileLayout = new QHBoxLayout(inFileFrame);
+  inFileLayout->addWidget(fileNow_);
+
+  auto* frame4 = Group(QStringLiteral("Frame4"), QStringLiteral("Puzzle Title"), this);
+  text4_ = new QLineEdit(Q(start.Text4), frame4);
+  text4_->setObjectName(QStringLiteral("Text4"));
+  auto* frame4Layout = new QHBoxLayout(frame4);
+  frame4Layout->addWidget(text4_);
+
+  auto* frame5 = Group(QStringLiteral("Frame5"), QStringLiteral("Difficulty Level"), this);
+  auto* frame5Layout = new QHBoxLayout(frame5);
+  // Shown Random first, as the level One Puzzle uses.
+  struct Option {
+    const char* name;
+    const char* caption;
+    int level;
+  };
+  for (const Option& o :
+       {Option{"Option4", "Random", kLevelRandom}, Option{"Option1", "Easy", kLevelEasy},
+        Option{"Option2", "Hard", kLevelHard}, Option{"Option3", "Very Hard", kLevelVHard}}) {
+    auto* button = new QRadioButton(QString::fromLatin1(o.caption), frame5);
+    button->setObjectName(QString::fromLatin1(o.name));
+    button->setChecked(o.level == start.level);
+    options_[static_cast<size_t>(o.level)] = button;
+    frame5Layout->addWidget(button);
+  }
+  frame5Layout->addStretch(1);
+
+  command1_ = new QPushButton(QStringLiteral("Create"), this);
+  command1_->setObjectName(QStringLiteral("Command1"));
+  command1_->setToolTip(QStringLiteral("Create new puzzle(s)"));
+  command1_->setDefault(true);
+  command2_ = new QPushButton(QStringLiteral("Exit"), this);
+  command2_->setObjectName(QStringLiteral("Command2"));
+  command2_->setToolTip(QStringLiteral("Take no action and exit"));
+  command2_->setAutoDefault(false);
+  // The buttons stay direct children of the dialog: FileNow has a Command1 of its own.
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch(1);
+  buttons->addWidget(command1_);
+  buttons->addWidget(command2_);
+
+  auto* top = new QHBoxLayout;
+  top->addWidget(frame1, 1);
+  top->addWidget(frame2, 1);
+  auto* layout = new QVBoxLayout(this);
+  layout->addLayout(top);
+  layout->addWidget(inFileFrame);
+  layout->addWidget(frame4);
+  layout->addWidget(frame5);
+  layout->addSpacing(4);
+  layout->addLayout(buttons);
+  layout->setSizeConstraint(QLayout::SetFixedSize);
+
+  // Ticking "Display only" asks for one puzzle; typing a count ticks it
+  // exactly when that count is 1.
+  connect(check1_, &QCheckBox::clicked, this, [this](bool checked) {
+    if (checked) text1_->setText(QStringLiteral("1"));
+  });
+  connect(text1_, &QLineEdit::textChanged, this,
+          [this](const QString& text) { check1_->setChecked(Val(S(text)) == 1); });
+  connect(fileNow_, &FNDialog::Browse, this, [this] { BrowseFileNow(); });
+  connect(command1_, &QPushButton::clicked, this, [this] {
+    result_ = QStringLiteral("Y");
+    accept();
+  });
+  connect(command2_, &QPushButton::clicked, this, [this] {
+    result_ = QStringLiteral("X");
+    reject();
+  });
+}
+
+Form3Values Form3::Ask(const std::string& currentFile, const std::string& appFolder) {
+  fileNow_->SetText(Q(currentFile));
+  appFolder_ = Q(appFolder);
+  result_ = QStringLiteral("X");
+  text1_->setFocus();
+  text1_->selectAll();
+  exec();
+  return Values();
+}
+
+Form3Values Form3::Values() const {
+  Form3Values v;
+  v.Text1 = S(text1_->text());
+  v.FileNow = S(fileNow_->Text());
+  v.Text4 = S(text4_->text());
+  v.Check1 = check1_->isChecked();
+  for (int level = kLevelEasy; level <= kLevelRandom; ++level) {
+    if (options_[static_cast<size_t>(level)]->isChecked()) v.level = level;
+  }
+  v.result = S(result_);
+  return v;
+}
+
+void Form3::closeEvent(QCloseEvent* event) {
+  result_ = QStringLiteral("X");
+  QDialog::closeEvent(event);
+}
+
+void Form3::BrowseFileNow() {
+  fileNow_->SetTitle(QStringLiteral("Select an output Puzzle file"));
+  fileNow_->SetFileTypes(QString::fromLatin1(kPuzzleFileTypes));
+  fileNow_->SetFileTypesName(QString::fromLatin1(kPuzzleFileTypesName));
+  fileNow_->SetDefaultDir(appFolder_);
+  const QString name = fileNow_->ShowFileDialog(QStringLiteral("SAVE"));
+  if (name.isEmpty()) return;
+  fileNow_->SetText(name);
+  fileNow_->setToolTip(name);
+}
+
+}  // namespace velmora

@@ -1,0 +1,55 @@
+// Form3, "Create New Puzzles": how many puzzles, into which file, with what
+// title and level, or one puzzle only to display.
+#pragma once
+
+#include <QDialog>
+#include <QString>
+#include <array>
+#include <string>
+
+#include "creation/create_commands.h"
+
+class QCheckBox;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+
+namespace velmora {
+
+class FNDialog;
+
+class Form3 : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit Form3(QWidget* parent = nullptr);
+
+  // Shows `currentFile` in FileNow, sets the result to "X" and runs the
+  // dialog modally; the save dialog of FileNow starts in `appFolder`. The
+  // other controls keep what they held last time.
+  Form3Values Ask(const std::string& currentFile, const std::string& appFolder);
+
+  // What the controls hold now, and the result.
+  Form3Values Values() const;
+  // "Y" after Create, "X" after Exit or the close box.
+  const QString& Result() const { return result_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void BrowseFileNow();
+
+  QLineEdit* text1_ = nullptr;
+  FNDialog* fileNow_ = nullptr;
+  QLineEdit* text4_ = nullptr;
+  QCheckBox* check1_ = nullptr;
+  // Option1..Option4 by generator level: Easy, Hard, Very Hard, Random.
+  std::array<QRadioButton*, 4> options_{};
+  QPushButton* command1_ = nullptr;
+  QPushButton* command2_ = nullptr;
+  QString appFolder_;
+  QString result_ = QStringLiteral("X");
+};
+
+}  // namespace velmora

@@ -195,7 +195,8 @@ TEST(Form1Menus, OnlyWorkingCommandsAreOffered) {
   }
   EXPECT_EQ(names, (QStringList{"mnuloadpuz=Load", "mnusaveas=Copy", "mnuexit=Exit", "mnupuzreset=Reset",
                                 "mnusaveassli=Save", "mnuappend=Append", "mnudelete=Delete",
-                                "mnuviewsol=Show Solution", "mnusolveall=AutoSolve", "mnurestore=Restore",
+                                "mnuviewsol=Show Solution", "mnunewrandpuzx=One Puzzle",
+                                "mnumultipuzx=Multiple Puzzles", "mnusolveall=AutoSolve", "mnurestore=Restore",
                                 "mnuhelp=Help", "mnuabout=About"}));
   EXPECT_EQ(Child<QPushButton>(&w, "UndoEdit")->toolTip(), "Undo last change");
   for (const char* hidden : {"Autosolvex", "Command6", "Command7"}) {

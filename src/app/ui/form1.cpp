@@ -24,6 +24,8 @@
 #include "board/ui/board_view.h"
 #include "controls/ui/fndialog.h"
 #include "controls/ui/mouse_button.h"
+#include "creation/create_commands.h"
+#include "creation/ui/form3.h"
 #include "files/file_commands.h"
 #include "model/commands.h"
 
@@ -108,6 +110,9 @@ void Form1::BuildControls() {
   auto* middle = new QHBoxLayout;
   board_ = new BoardView(s_, central);
   board_->onMouseUp = [this](int button, float x, float y) {
+    // The progress panel lies over the board, so the board stays enabled
+    // for its Cancel button; clicks on the board itself wait.
+    if (longCommand_) return;
     placement_.start();
     const int drawsBefore = cellDraws_;
     Picture1MouseUp(s_, *this, button, x, y);
@@ -119,6 +124,7 @@ void Form1::BuildControls() {
     }
   };
   board_->onMouseMove = [this](float x, float y) {
+    if (longCommand_) return;
     Picture1MouseMove(s_, *this, x, y);
     ControlsChanged();
   };
@@ -147,6 +153,7 @@ void Form1::BuildControls() {
     const int frame = 2 * list->frameWidth() + 4;
     list->setFixedSize(4 * cell.width() + frame, 4 * cell.height() + frame);
     connect(list, &QListWidget::itemClicked, this, [this, i](QListWidgetItem* item) {
+      if (longCommand_) return;
       RemainClick(s_, *this, i, item ? remain_[i]->row(item) : -1);
       ControlsChanged();
     });
@@ -199,7 +206,14 @@ void Form1::BuildControls() {
   newLab_->setObjectName(QStringLiteral("NewLab"));
   newLab_->setAlignment(Qt::AlignCenter);
   newLab_->setWordWrap(true);
-  cmdcancel_ = Button(QStringLiteral("cmdcancel"), tr("Cancel"), QStringLiteral("Cancel current command"), cmdcancel);
+  // Cancel is the one command that acts while a long command runs, so it
+  // does not go through Run.
+  cmdcancel_ =
+      Button(QStringLiteral("cmdcancel"), tr("Cancel"), QStringLiteral("Cancel current command"), nullptr);
+  connect(cmdcancel_, &QPushButton::clicked, this, [this] {
+    cmdcancel(s_, *this);
+    ControlsChanged();
+  });
   cmdcancel_->setParent(frame1_);
   frameLayout->addStretch(1);
   frameLayout->addWidget(newLab_);
@@ -222,6 +236,7 @@ void Form1::BuildHiddenButtons(QWidget* parent) {
     QPushButton* b = Button(name, text, QString(), std::move(command));
     b->setParent(parent);
     b->hide();
+    hiddenButtons_.push_back(b);
     return b;
   };
   const Command applyScheme = [this](GameState&, UserInterface&) {
@@ -235,6 +250,14 @@ void Form1::BuildHiddenButtons(QWidget* parent) {
   // The hidden Solve button acts on the release of a mouse button.
   QPushButton* solve = hidden(QStringLiteral("Autosolvex"), QStringLiteral("Solve"), nullptr);
   connect(solve, &QPushButton::released, this, [this] { Run(Autosolvex); });
+  // The batch transformation remakes the current puzzle file into its "_new"
+  // file at the level the create dialog shows.
+  QPushButton* transform =
+      hidden(QStringLiteral("cmdmakepuzzles"), QStringLiteral("MakePuzzlesFromFile"), nullptr);
+  connect(transform, &QPushButton::clicked, this, [this] {
+    const int level = TransformLevel();
+    RunLong([level](GameState& s, UserInterface& ui) { cmdmakepuzzles(s, ui, level); });
+  });
 }
 
 void Form1::BuildMenus() {
@@ -251,6 +274,11 @@ void Form1::BuildMenus() {
   AddCommand(puzzle, QStringLiteral("mnudelete"), tr("&Delete"), mnudelete);
   puzzle->addSeparator();
   AddCommand(puzzle, QStringLiteral("mnuviewsol"), tr("Show &Solution"), mnuviewsol);
+
+  QMenu* create = Menu(QStringLiteral("mnucreate"), tr("&Create"));
+  AddLongCommand(create, QStringLiteral("mnunewrandpuzx"), tr("&One Puzzle"), mnunewrandpuzx);
+  AddCommand(create, QStringLiteral("mnumultipuzx"), tr("&Multiple Puzzles"),
+             [this](GameState&, UserInterface&) { MultiplePuzzles(); });
 
   QMenu* solve = Menu(QStringLiteral("mnusolve"), tr("&Solve"));
   AddCommand(solve, QStringLiteral("mnusolveall"), tr("&AutoSolve"), mnusolveall);
@@ -283,10 +311,79 @@ QPushButton* Form1::Button(const QString& objectName, const QString& text, const
   return b;
 }
 
+void Form1::AddLongCommand(QMenu* menu, const QString& objectName, const QString& text, Command command) {
+  QAction* action = menu->addAction(text);
+  action->setObjectName(objectName);
+  connect(action, &QAction::triggered, this, [this, command = std::move(command)] { RunLong(command); });
+}
+
 void Form1::Run(const Command& command) {
+  if (longCommand_) return;
   command(s_, *this);
   ControlsChanged();
 }
+
+void Form1::RunLong(const Command& command) {
+  if (longCommand_) return;
+  longCommand_ = true;
+  HoldControls(true);
+  command(s_, *this);
+  HoldControls(false);
+  longCommand_ = false;
+  ControlsChanged();
+}
+
+void Form1::HoldControls(bool hold) {
+  if (!hold) {
+    for (const QPointer<QAction>& a : heldActions_) {
+      if (a) a->setEnabled(true);
+    }
+    for (const QPointer<QWidget>& w : heldWidgets_) {
+      if (w) w->setEnabled(true);
+    }
+    heldActions_.clear();
+    heldWidgets_.clear();
+    return;
+  }
+  // Only what is enabled now is disabled, and later enabled again.
+  auto holdAction = [this](QAction* a) {
+    if (!a->isEnabled()) return;
+    a->setEnabled(false);
+    heldActions_.emplace_back(a);
+  };
+  for (QAction* top : menuBar()->actions()) {
+    holdAction(top);
+    if (QMenu* menu = top->menu()) {
+      for (QAction* a : menu->actions()) holdAction(a);
+    }
+  }
+  std::vector<QWidget*> widgets{puzNumNow_, puzTitle_, undoEdit_, cmdexit_};
+  widgets.insert(widgets.end(), arrows_.begin(), arrows_.end());
+  widgets.insert(widgets.end(), remain_.begin(), remain_.end());
+  widgets.insert(widgets.end(), hiddenButtons_.begin(), hiddenButtons_.end());
+  for (QWidget* w : widgets) {
+    if (!w->isEnabled()) continue;
+    w->setEnabled(false);
+    heldWidgets_.emplace_back(w);
+  }
+}
+
+Form3* Form1::CreateDialog() {
+  if (!form3_) {
+    form3_ = new Form3(this);
+    form3_->setPalette(palette());
+  }
+  return form3_;
+}
+
+void Form1::MultiplePuzzles() {
+  if (CreateRefusedWhileSolving(s_, *this)) return;
+  const Form3Values form = CreateDialog()->Ask(s_.CurrentPuzzleFile, s_.AppFolder);
+  if (form.result != "Y") return;
+  RunLong([form](GameState& s, UserInterface& ui) { mnumultipuzx(s, ui, form); });
+}
+
+int Form1::TransformLevel() const { return form3_ ? form3_->Values().level : kLevelRandom; }
 
 void Form1::StartUp(const std::string& appFolder) {
   velmora::StartUp(s_, *this, appFolder, [this] { SetCol(); });
@@ -308,6 +405,7 @@ void Form1::SetCol() {
   board_->SetColors(background, background);
   if (help_) help_->setPalette(pal);
   if (about_) about_->setPalette(pal);
+  if (form3_) form3_->setPalette(pal);
 }
 
 void Form1::Exit() {
@@ -316,6 +414,12 @@ void Form1::Exit() {
 }
 
 void Form1::closeEvent(QCloseEvent* event) {
+  // A long command is still using the window from its yields; it ends with
+  // Cancel, not with the close box.
+  if (longCommand_) {
+    event->ignore();
+    return;
+  }
   if (help_) help_->close();
   if (about_) about_->close();
   event->accept();
@@ -388,7 +492,15 @@ void Form1::ControlsChanged() {
   pb_->setText(Q(v.pb));
   label3_->setText(Q(v.Label3));
   label4_->setText(Q(v.Label4));
-  newLab_->setText(Q(v.NewLab));
+  // A long output path has no blank to wrap at; its middle gives way so the
+  // panel keeps both ends, and the tool tip has the whole text.
+  const QString newLab = Q(v.NewLab);
+  QStringList lines = newLab.split(QLatin1Char('\n'));
+  const int room = frame1_->contentsRect().width() - 2 * frame1_->layout()->contentsMargins().left();
+  for (QString& line : lines) line = newLab_->fontMetrics().elidedText(line, Qt::ElideMiddle, room);
+  newLab_->setText(lines.join(QLatin1Char('\n')));
+  newLab_->setToolTip(newLab);
+  if (v.Frame1Visible && !frame1_->isVisible()) frame1_->raise();
   frame1_->setVisible(v.Frame1Visible);
   for (int i = 0; i < 4; ++i) FillRemain(i);
   ShowSelection();

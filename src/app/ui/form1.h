@@ -1,12 +1,14 @@
 // Main window: the board, suit panels, puzzle fields and menus, wired to the commands.
 #pragma once
 
+#include <QAction>
 #include <QElapsedTimer>
 #include <QMainWindow>
 #include <QPointer>
 #include <array>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "model/game_state.h"
 #include "model/user_interface.h"
@@ -22,6 +24,7 @@ namespace velmora {
 
 class BoardView;
 class FNDialog;
+class Form3;
 class Form4;
 
 class Form1 : public QMainWindow, public UserInterface {
@@ -37,6 +40,12 @@ class Form1 : public QMainWindow, public UserInterface {
 
   GameState& State() { return s_; }
   BoardView* Board() const { return board_; }
+  // The create dialog, made on first use and kept, so its controls keep
+  // their values for the rest of the run.
+  Form3* CreateDialog();
+  // True while a command that yields to window events (creating puzzles)
+  // runs; every other command is refused meanwhile, except Cancel.
+  bool LongCommandRunning() const { return longCommand_; }
 
   // Colours of the current scheme on every window, then a fresh board.
   void SetCol();
@@ -69,9 +78,18 @@ class Form1 : public QMainWindow, public UserInterface {
   void BuildMenus();
   QMenu* Menu(const QString& objectName, const QString& title);
   void AddCommand(QMenu* menu, const QString& objectName, const QString& text, Command command);
+  void AddLongCommand(QMenu* menu, const QString& objectName, const QString& text, Command command);
   QPushButton* Button(const QString& objectName, const QString& text, const QString& tip, Command command);
 
   void Run(const Command& command);
+  // Runs a command that yields to window events: while it runs only the
+  // progress panel's Cancel acts, and the other controls are disabled.
+  void RunLong(const Command& command);
+  void HoldControls(bool hold);
+  void MultiplePuzzles();
+  // The level of the hidden transformation button: the one the create
+  // dialog shows, Random before it was first opened.
+  int TransformLevel() const;
   void Exit();
   void ShowHelp();
   void ShowAbout();
@@ -95,6 +113,12 @@ class Form1 : public QMainWindow, public UserInterface {
   QPushButton* cmdcancel_ = nullptr;
   std::array<QPushButton*, 3> arrows_{};
   FNDialog* gf1_ = nullptr;  // the file dialog of the file commands
+  std::vector<QPushButton*> hiddenButtons_;
+  QPointer<Form3> form3_;
+  bool longCommand_ = false;
+  // What HoldControls disabled, to enable again afterwards.
+  std::vector<QPointer<QAction>> heldActions_;
+  std::vector<QPointer<QWidget>> heldWidgets_;
   QPointer<Form4> help_;
   QPointer<QWidget> about_;
   QColor systemButtonFace_;

@@ -4,9 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <functional>
-#include <regex>
 #include <string>
 #include <vector>
 
@@ -109,9 +110,20 @@ std::vector<Record> Records(const std::string& text) {
 
 // "Hard 15/11/2026 10:03:33" and the like.
 bool IsAutomaticTitle(const std::string& title, const std::string& level) {
-  static const std::regex form(R"((Easy|Hard|VHard) \d\d/\d\d/\d{4} \d\d:\d\d:\d\d)");
-  std::smatch m;
-  return std::regex_match(title, m, form) && (level.empty() || m[1] == level);
+  // Written out rather than with <regex>, which the sanitizer build's
+  // compiler warns about inside the standard library.
+  const size_t blank = title.find(' ');
+  const std::string name = title.substr(0, blank);
+  if (name != "Easy" && name != "Hard" && name != "VHard") return false;
+  if (!level.empty() && name != level) return false;
+  const std::string when = blank == std::string::npos ? "" : title.substr(blank + 1);
+  const std::string form = "00/00/0000 00:00:00";
+  if (when.size() != form.size()) return false;
+  for (size_t i = 0; i < form.size(); ++i) {
+    if (form[i] == '0' ? !std::isdigit(static_cast<unsigned char>(when[i])) : when[i] != form[i])
+      return false;
+  }
+  return true;
 }
 
 // `count` records of empty 7x7 puzzles, headed #1..#count.
@@ -193,16 +205,6 @@ TEST(OnePuzzle, AppendsToTheTemporaryFileShowsItAndSaysTheLevel) {
   EXPECT_FALSE(ui.busy);
 }
 
-TEST(OnePuzzle, FirstPuzzleOfAMissingTemporaryFileIsNumberOne) {
-  Desk d(11);
-  CreateUi ui(d.s);
-  mnunewrandpuzx(d.s, ui);
-  const std::vector<Record> records = Records(d.dir.Read("TemporaryPuzzleFile.vlm"));
-  ASSERT_EQ(records.size(), 1u);
-  EXPECT_EQ(records[0].header, "#1");
-  EXPECT_EQ(d.s.CurrentPuzzleNumber, 1);
-}
-
 TEST(OnePuzzle, CancelStartsThePuzzleOverInsteadOfEndingTheCommand) {
   Desk d(3);
   CreateUi ui(d.s);
@@ -216,13 +218,12 @@ TEST(OnePuzzle, CancelStartsThePuzzleOverInsteadOfEndingTheCommand) {
   mnunewrandpuzx(d.s, ui);
   ASSERT_EQ(cancels, 1);
   // The panel went to " Canceling..." and then back to the first text for the new start.
-  size_t canceling = ui.seen.size(), again = ui.seen.size();
-  for (size_t i = 0; i < ui.seen.size(); ++i) {
-    if (ui.seen[i].NewLab == kCancelingText && canceling == ui.seen.size()) canceling = i;
-    if (i > canceling && ui.seen[i].NewLab == "Creating New Puzzle..." && again == ui.seen.size()) again = i;
-  }
-  EXPECT_LT(canceling, ui.seen.size());
-  EXPECT_LT(again, ui.seen.size());
+  auto canceling =
+      std::find_if(ui.seen.begin(), ui.seen.end(), [](const Seen& l) { return l.NewLab == kCancelingText; });
+  ASSERT_NE(canceling, ui.seen.end());
+  EXPECT_NE(std::find_if(canceling, ui.seen.end(),
+                         [](const Seen& l) { return l.NewLab == "Creating New Puzzle..."; }),
+            ui.seen.end());
   ASSERT_EQ(ui.messages.size(), 1u);
   EXPECT_EQ(ui.messages[0].rfind("Done - ", 0), 0u);
   // The finished puzzle, not the cut-off one, is what was written.
@@ -230,20 +231,6 @@ TEST(OnePuzzle, CancelStartsThePuzzleOverInsteadOfEndingTheCommand) {
   for (int r = 1; r <= 7; ++r) {
     for (int c = 1; c <= 7; ++c) EXPECT_GE(d.s.SolutionGrid[r][c], 1);
   }
-}
-
-TEST(OnePuzzle, UnwritableFolderSaysSoAndKeepsThePuzzleShown) {
-  Desk d;
-  d.s.AppFolder = d.dir.File("no-such-folder") + "/";
-  const Board<int32_t> shown = d.s.Grid;
-  CreateUi ui(d.s);
-  mnunewrandpuzx(d.s, ui);
-  EXPECT_EQ(ui.messages, std::vector<std::string>{"Error apending puzzle to file: " + d.s.AppFolder +
-                                                  "TemporaryPuzzleFile.vlm"});
-  EXPECT_EQ(d.s.CurrentPuzzleFile, d.dir.File("puzzles.vlm"));
-  EXPECT_EQ(d.s.CurrentPuzzleNumber, 2);
-  EXPECT_EQ(d.s.Grid, shown);
-  EXPECT_FALSE(d.s.view.Frame1Visible);
 }
 
 TEST(MultiplePuzzles, NothingHappensUnlessTheDialogSaidCreate) {
@@ -395,15 +382,26 @@ TEST(MultiplePuzzles, CancelBeforeTheFirstPuzzleMakesNone) {
   EXPECT_EQ(d.s.CancelRequest, 0);
 }
 
-TEST(MultiplePuzzles, UnwritableOutputStopsTheBatchWithAMessage) {
+TEST(CreateFailures, AFileThatCannotBeWrittenIsReportedAndTheShownPuzzleKept) {
   Desk d;
-  const std::string out = d.dir.File("no-such-folder/out.vlm");
   const Board<int32_t> shown = d.s.Grid;
+  const std::string out = d.dir.File("no-such-folder/out.vlm");
   CreateUi ui(d.s);
   mnumultipuzx(d.s, ui, Batch(out, "3", kLevelEasy));
   EXPECT_EQ(ui.messages, (std::vector<std::string>{"Error apending puzzle to file: " + out,
                                                    " 0 new puzzles added to file:\r\n" + out}));
   EXPECT_EQ(d.s.Grid, shown);
+
+  // One Puzzle with a program folder that cannot take the temporary file.
+  ui.messages.clear();
+  d.s.AppFolder = d.dir.File("no-such-folder") + "/";
+  mnunewrandpuzx(d.s, ui);
+  EXPECT_EQ(ui.messages, std::vector<std::string>{"Error apending puzzle to file: " + d.s.AppFolder +
+                                                  "TemporaryPuzzleFile.vlm"});
+  EXPECT_EQ(d.s.CurrentPuzzleFile, d.dir.File("puzzles.vlm"));
+  EXPECT_EQ(d.s.CurrentPuzzleNumber, 2);
+  EXPECT_EQ(d.s.Grid, shown);
+  EXPECT_FALSE(d.s.view.Frame1Visible);
 }
 
 TEST(MultiplePuzzles, WithNoPuzzleShownTheBoardIsLeftAsItWas) {

@@ -222,15 +222,6 @@ TEST(Form3Dialog, CreateSaysYEverythingElseXAndTheControlsKeepTheirValues) {
     EXPECT_EQ(v.result, "X");
     EXPECT_EQ(v.level, kLevelEasy);
   }
-  // A Create once does not carry over to the next opening.
-  {
-    Form3Hand first([](Form3&) {}, "Command1");
-    EXPECT_EQ(f.Ask("", dir.path()).result, "Y");
-  }
-  Form3Hand hand([](Form3& d) { Child<QRadioButton>(&d, "Option2")->click(); }, "close");
-  const Form3Values v = f.Ask("", dir.path());
-  EXPECT_EQ(v.result, "X");
-  EXPECT_EQ(v.level, kLevelHard);
   Child<QRadioButton>(&f, "Option4")->click();
   EXPECT_EQ(f.Values().level, kLevelRandom);
 }
@@ -260,18 +251,6 @@ TEST(Form3Dialog, BrowseAsksForAnOutputFileInTheProgramFolder) {
   browse->click();
   EXPECT_EQ(fileNow->Text(), QString::fromStdString(dir.File("batch.vlm")));
   EXPECT_EQ(fileNow->toolTip(), QString::fromStdString(dir.File("batch.vlm")));
-}
-
-TEST(Form1Create, MenuEntriesAndTheHiddenTransformationButton) {
-  Form1 w;
-  QMenu* create = Child<QMenu>(w.menuBar(), "mnucreate");
-  ASSERT_NE(create, nullptr);
-  QStringList entries;
-  for (QAction* a : create->actions()) entries << a->objectName() + "=" + a->text().remove('&');
-  EXPECT_EQ(entries, (QStringList{"mnunewrandpuzx=One Puzzle", "mnumultipuzx=Multiple Puzzles"}));
-  auto* transform = Child<QPushButton>(&w, "cmdmakepuzzles");
-  EXPECT_TRUE(transform->isHidden());
-  EXPECT_EQ(transform->text(), "MakePuzzlesFromFile");
 }
 
 TEST(Form1Create, OnePuzzleShowsTheProgressPanelThenTheNewPuzzle) {
@@ -384,21 +363,6 @@ TEST(Form1Create, MultiplePuzzlesBatchIntoAFile) {
   EXPECT_FALSE(QFile::exists(QString::fromStdString(folder.dir.File("TemporaryPuzzleFile.vlm"))));
 }
 
-TEST(Form1Create, ExitInTheDialogCreatesNothing) {
-  ProgramFolder folder;
-  folder.Remember(2);
-  DialogHand hand;
-  Form1 w;
-  w.StartUp(folder.dir.path());
-  const std::string before = folder.dir.Read("puzzles.vlm");
-  Form3Hand form([](Form3& f) { SetText1(f, QStringLiteral("4")); }, "Command2");
-  Child<QAction>(&w, "mnumultipuzx")->trigger();
-  EXPECT_EQ(form.shown, 1);
-  EXPECT_TRUE(hand.texts.empty());
-  EXPECT_EQ(folder.dir.Read("puzzles.vlm"), before);
-  EXPECT_EQ(w.State().CurrentPuzzleNumber, 2);
-}
-
 TEST(Form1Create, CancelStopsABatchWhileEveryOtherCommandWaits) {
   ProgramFolder folder;
   folder.Remember(1);
@@ -501,13 +465,21 @@ TEST(Form1Create, CreatingIsRefusedWhileAutoSolveRuns) {
   EXPECT_FALSE(QFile::exists(QString::fromStdString(folder.dir.File("TemporaryPuzzleFile.vlm"))));
 }
 
-TEST(Form1Create, HiddenButtonTransformsTheCurrentFileAtTheDialogsLevel) {
+TEST(Form1Create, MenuAndTheHiddenButtonThatTransformsTheCurrentFileAtTheDialogsLevel) {
   ProgramFolder folder;
   folder.Remember(2);
   DialogHand hand;
   Form1 w;
   w.StartUp(folder.dir.path());
   const Board<int32_t> shown = w.State().Grid;
+  QStringList entries;
+  for (QAction* a : Child<QMenu>(w.menuBar(), "mnucreate")->actions()) {
+    entries << a->objectName() + "=" + a->text().remove('&');
+  }
+  EXPECT_EQ(entries, (QStringList{"mnunewrandpuzx=One Puzzle", "mnumultipuzx=Multiple Puzzles"}));
+  auto* transform = Child<QPushButton>(&w, "cmdmakepuzzles");
+  EXPECT_TRUE(transform->isHidden());
+  EXPECT_EQ(transform->text(), "MakePuzzlesFromFile");
   auto chooseLevel = [&](const char* option) {
     Form3Hand form([option](Form3& f) { Child<QRadioButton>(&f, option)->click(); }, "Command2");
     Child<QAction>(&w, "mnumultipuzx")->trigger();
@@ -516,11 +488,11 @@ TEST(Form1Create, HiddenButtonTransformsTheCurrentFileAtTheDialogsLevel) {
   // given: "Easy" has nothing to remove and writes them, any harder level
   // finds no cell to start from and stops with "error?".
   chooseLevel("Option1");
-  Child<QPushButton>(&w, "cmdmakepuzzles")->click();
+  transform->click();
   EXPECT_EQ(hand.texts, std::vector<std::string>{" 3 puzzles made"});
   EXPECT_EQ(CountPuzzles(folder.dir.File("puzzles_new.vlm")), 3);
   chooseLevel("Option3");
-  Child<QPushButton>(&w, "cmdmakepuzzles")->click();
+  transform->click();
   EXPECT_EQ(hand.texts, (std::vector<std::string>{" 3 puzzles made", "error?"}));
   // The shown puzzle is read back afterwards.
   EXPECT_EQ(w.State().Grid, shown);

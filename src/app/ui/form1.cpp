@@ -331,6 +331,7 @@ void Form1::RunLong(const Command& command) {
   HoldControls(false);
   longCommand_ = false;
   ControlsChanged();
+  if (closeAfterLong_) close();
 }
 
 void Form1::HoldControls(bool hold) {
@@ -414,10 +415,14 @@ void Form1::Exit() {
 }
 
 void Form1::closeEvent(QCloseEvent* event) {
-  // A long command is still using the window from its yields; it ends with
-  // Cancel, not with the close box.
+  // A long command is still using the window from its yields: the close box
+  // presses Cancel, and the window closes as soon as the command returns,
+  // with nothing more shown.
   if (longCommand_) {
     event->ignore();
+    closeAfterLong_ = true;
+    cmdcancel(s_, *this);
+    ControlsChanged();
     return;
   }
   if (help_) help_->close();
@@ -445,11 +450,13 @@ void Form1::ShowAbout() {
 }
 
 void Form1::ShowMessage(const std::string& text) {
+  if (closeAfterLong_) return;  // the person has asked to leave
   QMessageBox box(QMessageBox::NoIcon, kTitle, Q(text), QMessageBox::Ok, isVisible() ? this : nullptr);
   box.exec();
 }
 
 bool Form1::AskYesNo(const std::string& text) {
+  if (closeAfterLong_) return false;
   QMessageBox box(QMessageBox::Question, kTitle, Q(text), QMessageBox::Yes | QMessageBox::No,
                   isVisible() ? this : nullptr);
   box.setDefaultButton(QMessageBox::Yes);

@@ -116,6 +116,7 @@ class Form1 : public QMainWindow, public UserInterface {
   std::vector<QPushButton*> hiddenButtons_;
   QPointer<Form3> form3_;
   bool longCommand_ = false;
+  bool closeAfterLong_ = false;  // the close box was pressed during a long command
   // What HoldControls disabled, to enable again afterwards.
   std::vector<QPointer<QAction>> heldActions_;
   std::vector<QPointer<QWidget>> heldWidgets_;

@@ -1,10 +1,14 @@
-// Helpers shared by the tests: temporary folders and small files.
+// Helpers shared by the tests: temporary folders, small puzzle files, loading.
 #pragma once
+
+#include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <vector>
 
+#include "files/puzzle_file.h"
 #include "files/text_file.h"
 
 namespace velmora::test {
@@ -39,6 +43,71 @@ class TempDir {
   std::string path_;
 };
 
+// Runs a test in its own current folder, where the delete command writes velmora.tmp.
+class InDirectory {
+ public:
+  explicit InDirectory(const std::string& dir) : old_(std::filesystem::current_path()) {
+    std::filesystem::current_path(dir);
+  }
+  ~InDirectory() {
+    std::error_code ec;
+    std::filesystem::current_path(old_, ec);
+  }
+
+ private:
+  std::filesystem::path old_;
+};
+
 inline std::string SampleFile() { return std::string(VELMORA_TEST_DATA_DIR) + "/sample.vlm"; }
+// One record that deduction alone solves.
+inline std::string SolvableFile() { return std::string(VELMORA_TEST_DATA_DIR) + "/solvable.vlm"; }
+
+// Record n of a file, loaded as the program loads it (not drawn).
+inline GameState Loaded(const std::string& file, int n = 1) {
+  GameState s;
+  SilentUserInterface ui;
+  std::string title;
+  EXPECT_EQ(LoadPuzzle(s, ui, file, n, title, 0), 0) << file << " " << n;
+  return s;
+}
+
+// An empty 7x7 record whose solution letters start at card k + 1, so records
+// can be told apart by their grids as well as their titles.
+inline std::string Record(int header, const std::string& title, int k = 0) {
+  std::string text = "#" + std::to_string(header) + "\r\n" + title + "\r\n 7, 7, 49\r\n";
+  for (int r = 0; r < 7; ++r) {
+    std::string solution;
+    for (int c = 0; c < 7; ++c) solution += static_cast<char>('A' + (k + c) % 52);
+    text += "@@@@@@@|" + solution + "\r\n";
+  }
+  return text;
+}
+
+// Records #first.. titled T1, T2, ...
+inline std::string Records(int count, int first = 1) {
+  std::string text;
+  for (int i = 0; i < count; ++i) text += Record(first + i, "T" + std::to_string(i + 1), i);
+  return text;
+}
+
+// The lines of a CR LF text.
+inline std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  for (size_t at = 0; at < text.size();) {
+    size_t end = text.find("\r\n", at);
+    if (end == std::string::npos) end = text.size();
+    lines.push_back(text.substr(at, end - at));
+    at = end + 2;
+  }
+  return lines;
+}
+
+// The header lines of a text, in order.
+inline std::vector<std::string> Headers(const std::string& text) {
+  std::vector<std::string> headers;
+  for (const std::string& line : Lines(text))
+    if (!line.empty() && line[0] == '#') headers.push_back(line);
+  return headers;
+}
 
 }  // namespace velmora::test

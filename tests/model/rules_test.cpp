@@ -105,11 +105,11 @@ TEST(UpdateOptions, FilledAndBarredCellsHaveEmptyTextAndFullBoardEmptiesLists) {
 }
 
 TEST(UpdateOptions, ValuesWithoutACodeAreRunTimeErrors) {
-  GameState s = EmptyBoard();
-  s.Grid[2][2] = 53;
-  EXPECT_FALSE(UpdateOptions(s, 0));
-  s.Grid[2][2] = -5;
-  EXPECT_FALSE(UpdateOptions(s, 0));  // read by the empty cells of its row
+  for (int bad : {53, -5}) {  // -5 is read by the empty cells of its row
+    GameState s = EmptyBoard();
+    s.Grid[2][2] = bad;
+    EXPECT_FALSE(UpdateOptions(s, 0)) << bad;
+  }
   GameState lone;
   lone.Rows = lone.Cols = 1;
   lone.Grid[1][1] = -20;  // nothing else reads it
@@ -150,17 +150,10 @@ TEST(UpdateOptions, BitSetsAgreeWithTheTextRuleOnRandomBoards) {
 }
 
 TEST(CardLookup, FindCardIndexAndSuitListIndex) {
-  EXPECT_EQ(FindCardIndex("QD"), 47);
-  EXPECT_EQ(FindCardIndex("1S"), 1);
-  EXPECT_EQ(FindCardIndex("ks"), 49);
-  EXPECT_EQ(FindCardIndex("TS"), 37);
-  EXPECT_EQ(FindCardIndex("ZZ"), -1);
-  EXPECT_EQ(FindCardIndex("1S02"), -1);
-  EXPECT_EQ(SuitListIndex("S"), 0);
-  EXPECT_EQ(SuitListIndex("C"), 3);
-  EXPECT_EQ(SuitListIndex("s"), -1);
-  EXPECT_EQ(SuitListIndex("X"), -1);
-  EXPECT_EQ(SuitListIndex("SH"), -1);
+  const std::pair<const char*, int> cards[] = {{"QD", 47}, {"1S", 1}, {"ks", 49}, {"TS", 37}, {"ZZ", -1}, {"1S02", -1}};
+  for (const auto& [text, index] : cards) EXPECT_EQ(FindCardIndex(text), index) << text;
+  const std::pair<const char*, int> suits[] = {{"S", 0}, {"C", 3}, {"s", -1}, {"X", -1}, {"SH", -1}};
+  for (const auto& [text, index] : suits) EXPECT_EQ(SuitListIndex(text), index) << text;
 }
 
 TEST(Geometry, CellNumbersAndPositions) {

@@ -11,6 +11,7 @@ namespace {
 using maker::PuzzleMaker;
 using Phase = PuzzleMaker::Phase;
 
+
 struct Slot {
   GameState state;
   std::optional<PuzzleMaker> maker;
@@ -41,6 +42,20 @@ struct Slot {
   }
 };
 
+// Deals two puzzles in turn, one cell each, until either ends its deal; the
+// two puzzles' draws do not wait on each other.
+void StepInTurn(Slot& a, Slot& b) {
+  if (a.busy && b.busy) {
+    while (a.phase == Phase::kDealing && b.phase == Phase::kDealing) {
+      a.phase = a.maker->Step();
+      b.phase = b.maker->Step();
+    }
+    return;
+  }
+  Slot& only = a.busy ? a : b;
+  while (only.phase == Phase::kDealing) only.phase = only.maker->Step();
+}
+
 }  // namespace
 
 void CreatePuzzles(PuzzleJobs& jobs) {
@@ -49,15 +64,7 @@ void CreatePuzzles(PuzzleJobs& jobs) {
   a.Start(jobs, ui);
   b.Start(jobs, ui);
   while (a.busy || b.busy) {
-    if (a.busy && b.busy) {
-      while (a.phase == Phase::kDealing && b.phase == Phase::kDealing) {
-        a.phase = a.maker->Step();
-        b.phase = b.maker->Step();
-      }
-    } else {
-      Slot& only = a.busy ? a : b;
-      while (only.phase == Phase::kDealing) only.phase = only.maker->Step();
-    }
+    StepInTurn(a, b);
     a.Settle(jobs, ui);
     b.Settle(jobs, ui);
   }

@@ -33,20 +33,25 @@ PuzzleMaker::Phase PuzzleMaker::FreshDeal() {
   for (int r = 1; r <= kSize; ++r)
     for (int c = 1; c <= kSize; ++c) s_.Grid[r][c] = 0;
   rowRanks_.fill(0);
+  base_.fill(0);  // column 1: nothing to its left, no ranks in its rows
   col_ = 1;
+  grid_ = &s_.Grid[0][col_];
   return BeginAttempt(1);
 }
 
+PuzzleMaker::Phase PuzzleMaker::Cancelled() {
+  s_.List3 = pool_;
+  s_.rng = rng_;
+  return Phase::kCancelled;
+}
+
 PuzzleMaker::Phase PuzzleMaker::BeginAttempt(int attempt) {
-  if (s_.CancelRequest == 1) {
-    s_.List3 = pool_;
-    return Phase::kCancelled;
-  }
+  if (s_.CancelRequest == 1) return Cancelled();
   if (attempt > kColumnAttempts) return FreshDeal();
   attempt_ = attempt;
   ui_.Yield();
   // Cards of a failed attempt stay out of the pool until the next deal.
-  for (int r = 1; r <= kSize; ++r) s_.Grid[r][col_] = 0;
+  for (int r = 1; r <= kSize; ++r) grid_[r * kGridDim] = 0;
   colRanks_ = below_ = 0;
   row_ = kSize;
   return Phase::kDealing;
@@ -57,23 +62,25 @@ PuzzleMaker::Phase PuzzleMaker::AttemptFailed() {
     // Nothing fits the bottom cell and nothing was drawn, so every attempt
     // left would fail the same way: only a cancel pressed during this
     // attempt's yield can still end the call.
-    if (s_.CancelRequest == 1) {
-      s_.List3 = pool_;
-      return Phase::kCancelled;
-    }
+    if (s_.CancelRequest == 1) return Cancelled();
     return FreshDeal();
   }
   return BeginAttempt(attempt_ + 1);
 }
 
 PuzzleMaker::Phase PuzzleMaker::ColumnDealt() {
-  for (int r = 1; r <= kSize; ++r) rowRanks_[r] |= ranks_[r];
+  for (int r = 1; r <= kSize; ++r) {
+    rowRanks_[r] |= ranks_[r];
+    base_[r] = rowRanks_[r] | near_[r];  // for the next column
+  }
   if (++col_ > kSize) return BoardDealt();
+  grid_ = &s_.Grid[0][col_];
   return BeginAttempt(1);
 }
 
 PuzzleMaker::Phase PuzzleMaker::BoardDealt() {
   s_.List3 = pool_;
+  s_.rng = rng_;  // RemoveGivens draws from the state's source
   s_.SolutionGrid = s_.Grid;
   // RebuildCardCodes: the codes are plain since the fresh deal, so only the
   // three cards absent from the solution change. (Not the pool's last
@@ -86,7 +93,7 @@ PuzzleMaker::Phase PuzzleMaker::BoardDealt() {
   }
   ApplyBasePattern(s_);
   // The solver's fill is not kept: the pattern cells stay blank.
-  if (SolveGridTrial(s_, ui_) != 0) return FreshDeal();
+  if (SolveGridTrial(s_, ui_) != 0) return FreshDeal();  // rng_ is still the state's
   // What the solver run leaves: a full board has no options.
   for (int r = 1; r <= kSize; ++r)
     for (int c = 1; c <= kSize; ++c) s_.CellOptions[r][c] = 0;

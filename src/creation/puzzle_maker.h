@@ -72,7 +72,7 @@ inline int SelectBit(uint64_t x, uint64_t sums, int j) {
 inline int DrawPoolBit(Random& rng, CardSet fitting) {
   const uint64_t bits = rng.Bits53();  // does not wait for the fitting set
   const uint64_t sums = ByteSums(fitting);
-  return SelectBit(fitting, sums, Random::PickOf(bits, static_cast<int>(sums >> 56)) - 1);
+  return SelectBit(fitting, sums, Random::PickOfFew(bits, static_cast<int>(sums >> 56)) - 1);
 }
 
 // CreatePuzzle's steps for one puzzle in the state. The state must be 7x7
@@ -84,20 +84,24 @@ class PuzzleMaker {
   PuzzleMaker(GameState& s, UserInterface& ui, int difficulty) : s_(s), ui_(ui), level_(difficulty) {}
 
   // Starts the first deal.
-  Phase Begin() { return FreshDeal(); }
+  Phase Begin() {
+    rng_ = s_.rng;
+    return FreshDeal();
+  }
 
   // Deals one cell. When a deal ends this also does what follows it: a
   // fresh deal, or the base puzzle's check and the removal of givens.
   // Inlined so that two makers' steps interleave in one loop.
   [[gnu::always_inline]] Phase Step() {
-    const CardSet fitting = pool_ & ~(rowRanks_[row_] | colRanks_ | near_[row_][col_ - 1] | below_);
+    const CardSet fitting = pool_ & ~(base_[row_] | colRanks_ | below_);
     if (fitting == 0) return AttemptFailed();
-    const int bit = DrawPoolBit(s_.rng, fitting);
+    const int bit = DrawPoolBit(rng_, fitting);
     pool_ &= ~(CardSet{1} << bit);
-    s_.Grid[row_][col_] = PoolCard(bit);
-    below_ = near_[row_][col_] = kPool.nearOfBit[bit];
-    ranks_[row_] = CardSet{0xF} << (bit & ~3);
-    colRanks_ |= ranks_[row_];
+    grid_[row_ * kGridDim] = PoolCard(bit);
+    below_ = near_[row_] = kPool.nearOfBit[bit];
+    const CardSet rank = CardSet{0xF} << (bit & ~3);
+    ranks_[row_] = rank;
+    colRanks_ |= rank;
     if (--row_ > 0) return Phase::kDealing;
     return ColumnDealt();
   }
@@ -111,16 +115,20 @@ class PuzzleMaker {
   Phase AttemptFailed();
   Phase ColumnDealt();
   Phase BoardDealt();
+  Phase Cancelled();
 
   GameState& s_;
   UserInterface& ui_;
   int level_;
+  Random rng_;  // the state's source, held here while dealing
   CardSet pool_ = 0;
+  int32_t* grid_ = nullptr;  // Grid[0][col_]: a row further is kGridDim on
+  // What the cells of this column may not take from their row and their
+  // left neighbour: the same for every attempt at the column.
+  std::array<CardSet, kSize + 1> base_{};
   std::array<CardSet, kSize + 1> rowRanks_{};  // ranks of the columns dealt before this one
-  // Bars each dealt cell puts on its neighbours, read by the next column;
-  // column 0 lies off the board and bars nothing.
-  std::array<std::array<CardSet, kSize + 1>, kSize + 1> near_{};
-  std::array<CardSet, kSize + 1> ranks_{};  // of the cards dealt into this column
+  std::array<CardSet, kSize + 1> near_{};      // bars this column's cards put on the next column
+  std::array<CardSet, kSize + 1> ranks_{};     // of the cards dealt into this column
   CardSet colRanks_ = 0;
   CardSet below_ = 0;  // bars of the card dealt just below
   int row_ = kSize, col_ = 1, attempt_ = 1;

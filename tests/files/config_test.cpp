@@ -1,162 +1,106 @@
 // The configuration file: reading, the first-run and damaged-file paths, saving.
+#include "files/config.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <vector>
 
-#include "files/config.h"
-#include "model/text.h"
+#include "recording_ui.h"
 #include "test_support.h"
 
 namespace velmora {
 namespace {
 
-using test::TempDir;
-
-class MessageUi : public SilentUserInterface {
- public:
-  void ShowMessage(const std::string& text) override { messages.push_back(text); }
-  std::vector<std::string> messages;
-};
-
-std::vector<std::string> Lines(const std::string& text) {
-  std::vector<std::string> lines;
-  size_t pos = 0;
-  while (pos < text.size()) {
-    const size_t end = text.find("\r\n", pos);
-    if (end == std::string::npos) {
-      lines.push_back(text.substr(pos));
-      break;
-    }
-    lines.push_back(text.substr(pos, end - pos));
-    pos = end + 2;
-  }
-  return lines;
-}
+using test::Lines;
 
 struct ConfigRun {
   GameState s;
-  MessageUi ui;
-  TempDir dir;
+  test::RecordingUi ui;
+  test::TempDir dir;
   explicit ConfigRun(const char* contents = nullptr) {
     s.AppFolder = dir.path() + "/";
     if (contents) dir.Write("velmora.cfg", contents);
+    ReadcfgFile(s, ui);
   }
-  std::string NewFileMessage() const {
-    return "Configuration file:\r\n" + dir.path() + "/velmora.cfg\r\ncould not be accessed, new file will be created";
-  }
+  std::vector<std::string> Written() const { return Lines(dir.Read("velmora.cfg")); }
 };
 
-TEST(ReadcfgFile, ReadsTheThreeRememberedValues) {
-  ConfigRun run("2024-01-01 10:00:00\r\nsea.col\r\n/home/p/my puzzles.vlm\r\n 12 \r\n");
-  ReadcfgFile(run.s, run.ui);
-  EXPECT_TRUE(run.ui.messages.empty());
-  EXPECT_EQ(run.s.ColorSchemeName, "sea.col");
-  EXPECT_EQ(run.s.CurrentPuzzleFile, "/home/p/my puzzles.vlm");
-  EXPECT_EQ(run.s.CurrentPuzzleNumber, 12);
-}
-
-TEST(ReadcfgFile, SchemeFieldRules) {
-  {  // blanks only: the default scheme
-    ConfigRun run("x\n   \nf.vlm\n3\n");
-    ReadcfgFile(run.s, run.ui);
-    EXPECT_EQ(run.s.ColorSchemeName, "default.col");
-    EXPECT_EQ(run.s.CurrentPuzzleNumber, 3);
-  }
-  {  // quotes are removed, a quoted comma stays
-    ConfigRun run("x\n\"my,scheme.col\"\nf.vlm\n4\n");
-    ReadcfgFile(run.s, run.ui);
-    EXPECT_EQ(run.s.ColorSchemeName, "my,scheme.col");
-    EXPECT_EQ(run.s.CurrentPuzzleFile, "f.vlm");
-  }
-  {  // an unquoted comma cuts the name; the rest of the line is read as the file
-    ConfigRun run("x\nab,cd\nf.vlm\n5\n");
-    ReadcfgFile(run.s, run.ui);
-    EXPECT_EQ(run.s.ColorSchemeName, "ab");
-    EXPECT_EQ(run.s.CurrentPuzzleFile, "cd");
-    EXPECT_EQ(run.s.CurrentPuzzleNumber, 0);  // "f.vlm" read as a number
+TEST(ReadcfgFile, FieldsOfTheThreeRememberedValues) {
+  const struct {
+    const char* text;
+    std::string scheme, file;
+    int number;
+  } cases[] = {
+      {"2024-01-01 10:00:00\r\nsea.col\r\n/home/p/my puzzles.vlm\r\n 12 \r\n", "sea.col", "/home/p/my puzzles.vlm", 12},
+      {"x\n   \nf.vlm\n3\n", "default.col", "f.vlm", 3},              // a blank scheme line: the default
+      {"x\n\"my,scheme.col\"\nf.vlm\n4\n", "my,scheme.col", "f.vlm", 4},  // quotes removed, a quoted comma stays
+      {"x\nab,cd\nf.vlm\n5\n", "ab", "cd", 0},  // an unquoted comma cuts the name; "f.vlm" is read as the number
+  };
+  for (const auto& c : cases) {
+    ConfigRun run(c.text);
+    EXPECT_TRUE(run.ui.messages.empty()) << c.text;
+    EXPECT_EQ(run.s.ColorSchemeName, c.scheme) << c.text;
+    EXPECT_EQ(run.s.CurrentPuzzleFile, c.file) << c.text;
+    EXPECT_EQ(run.s.CurrentPuzzleNumber, c.number) << c.text;
   }
 }
 
 TEST(ReadcfgFile, FirstRunShowsTheMessageOnceAndCreatesTheFile) {
   ConfigRun run;
-  ReadcfgFile(run.s, run.ui);
-  ASSERT_EQ(run.ui.messages.size(), 1u);
-  EXPECT_EQ(run.ui.messages[0], run.NewFileMessage());
+  EXPECT_EQ(run.ui.messages, std::vector<std::string>{"Configuration file:\r\n" + run.dir.path() +
+                                                       "/velmora.cfg\r\ncould not be accessed, new file will be created"});
   EXPECT_EQ(run.s.CurrentPuzzleNumber, 0);
   EXPECT_EQ(run.s.ColorSchemeName, "default.col");
-  const auto lines = Lines(run.dir.Read("velmora.cfg"));
+  const auto lines = run.Written();
   ASSERT_EQ(lines.size(), 4u);
   EXPECT_FALSE(lines[0].empty());
-  EXPECT_EQ(lines[1], "default.col");
-  EXPECT_EQ(lines[2], "");
-  EXPECT_EQ(lines[3], "1");
+  EXPECT_EQ(std::vector<std::string>(lines.begin() + 1, lines.end()), (std::vector<std::string>{"default.col", "", "1"}));
   EXPECT_EQ(run.dir.Read("velmora.cfg").substr(run.dir.Read("velmora.cfg").size() - 2), "\r\n");
 }
 
 TEST(ReadcfgFile, ShortOrBadFilesTakeTheErrorPathKeepingWhatWasRead) {
   {  // two lines: the scheme read before the failure is replaced by the default
     ConfigRun run("x\r\nsea.col\r\n");
-    ReadcfgFile(run.s, run.ui);
     EXPECT_EQ(run.ui.messages.size(), 1u);
-    const auto lines = Lines(run.dir.Read("velmora.cfg"));
-    ASSERT_EQ(lines.size(), 4u);
-    EXPECT_EQ(lines[1], "default.col");
-    EXPECT_EQ(lines[2], "");
-    EXPECT_EQ(lines[3], "1");
+    ASSERT_EQ(run.Written().size(), 4u);
+    EXPECT_EQ(run.Written()[1], "default.col");
+    EXPECT_EQ(run.Written()[3], "1");
   }
   {  // three lines: the file name read so far is written back
     ConfigRun run("x\r\nsea.col\r\n/p/f.vlm\r\n");
-    run.s.CurrentPuzzleNumber = 0;
-    ReadcfgFile(run.s, run.ui);
     EXPECT_EQ(run.ui.messages.size(), 1u);
     EXPECT_EQ(run.s.ColorSchemeName, "default.col");
     EXPECT_EQ(run.s.CurrentPuzzleNumber, 0);
-    EXPECT_EQ(Lines(run.dir.Read("velmora.cfg"))[2], "/p/f.vlm");
+    EXPECT_EQ(run.Written()[2], "/p/f.vlm");
   }
-  {  // a number too large for an integer and an empty file
-    for (const char* text : {"x\nd.col\nf\n99999999999\n", ""}) {
-      ConfigRun run(text);
-      ReadcfgFile(run.s, run.ui);
-      EXPECT_EQ(run.ui.messages.size(), 1u) << text;
-    }
+  for (const char* text : {"x\nd.col\nf\n99999999999\n", ""}) {  // a number too large for an integer, an empty file
+    ConfigRun run(text);
+    EXPECT_EQ(run.ui.messages.size(), 1u) << text;
   }
-  {  // the configuration path is a folder: message, nothing thrown
-    ConfigRun run;
-    std::filesystem::create_directory(run.dir.File("velmora.cfg"));
-    ReadcfgFile(run.s, run.ui);
-    EXPECT_EQ(run.ui.messages.size(), 1u);
-  }
+  test::TempDir dir;  // the configuration path is a folder: message, nothing thrown
+  std::filesystem::create_directory(dir.File("velmora.cfg"));
+  GameState s;
+  s.AppFolder = dir.path() + "/";
+  test::RecordingUi ui;
+  ReadcfgFile(s, ui);
+  EXPECT_EQ(ui.messages.size(), 1u);
 }
 
-TEST(SavecfgFile, WritesFourLinesThatReadBack) {
-  ConfigRun run;
-  run.s.ColorSchemeName = "sea.col";
-  run.s.CurrentPuzzleFile = "/data/p.vlm";
+TEST(SavecfgFile, WritesFourLinesThatReadBackOrReportsTheFolder) {
+  ConfigRun run("x\nsea.col\n/data/p.vlm\n1\n");
   run.s.CurrentPuzzleNumber = 12;
   ASSERT_TRUE(SavecfgFile(run.s, run.ui));
-  const auto lines = Lines(run.dir.Read("velmora.cfg"));
-  ASSERT_EQ(lines.size(), 4u);
-  EXPECT_EQ(lines[1], "sea.col");
-  EXPECT_EQ(lines[2], "/data/p.vlm");
-  EXPECT_EQ(lines[3], " 12 ");
+  EXPECT_EQ(run.Written()[2], "/data/p.vlm");
+  EXPECT_EQ(run.Written()[3], " 12 ");
+  const ConfigRun back(run.dir.Read("velmora.cfg").c_str());
+  EXPECT_TRUE(back.ui.messages.empty());
+  EXPECT_EQ(back.s.ColorSchemeName, "sea.col");
+  EXPECT_EQ(back.s.CurrentPuzzleNumber, 12);
 
-  GameState back;
-  back.AppFolder = run.s.AppFolder;
-  ReadcfgFile(back, run.ui);
-  EXPECT_TRUE(run.ui.messages.empty());
-  EXPECT_EQ(back.ColorSchemeName, "sea.col");
-  EXPECT_EQ(back.CurrentPuzzleFile, "/data/p.vlm");
-  EXPECT_EQ(back.CurrentPuzzleNumber, 12);
-}
-
-TEST(SavecfgFile, ReportsAFolderItCannotWrite) {
-  ConfigRun run;
   run.s.AppFolder = run.dir.path() + "/missing/";
   EXPECT_FALSE(SavecfgFile(run.s, run.ui));
-  ASSERT_EQ(run.ui.messages.size(), 1u);
-  EXPECT_EQ(run.ui.messages[0],
-            "Configuration file:\r\n" + run.dir.path() + "/missing/velmora.cfg\r\ncould not be accessed, options not saved");
+  EXPECT_EQ(run.ui.messages, std::vector<std::string>{"Configuration file:\r\n" + run.dir.path() +
+                                                       "/missing/velmora.cfg\r\ncould not be accessed, options not saved"});
 }
 
 }  // namespace

@@ -1,16 +1,26 @@
-// Helpers for the desktop tests: a program folder per test and a hand that
-// answers the real message boxes.
+// Helpers for the desktop tests: a program folder per test, hands that answer
+// the real message boxes and file dialogs, mouse events and board pixels.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QTimer>
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
+#include "app/ui/form1.h"
+#include "board/ui/board_view.h"
 #include "test_support.h"
 
 namespace velmora::test {
@@ -33,22 +43,37 @@ class ProgramFolder {
   TempDir dir;
 };
 
-// Watches for modal message boxes, notes their texts and presses the next
-// queued answer (OK when none is queued).
+// Runs `poll` every few milliseconds while modal dialogs wait for an answer.
+class Poller {
+ public:
+  explicit Poller(std::function<void()> poll, int interval = 5) : poll_(std::move(poll)) {
+    QObject::connect(&timer_, &QTimer::timeout, [this] { poll_(); });
+    timer_.start(interval);
+  }
+
+ private:
+  std::function<void()> poll_;
+  QTimer timer_;
+};
+
+// The modal dialog of type T that is up, if any.
+template <typename T>
+T* ModalDialog() {
+  auto* dialog = qobject_cast<T*>(QApplication::activeModalWidget());
+  return dialog && dialog->isVisible() ? dialog : nullptr;
+}
+
+// Notes the texts of modal message boxes and presses the next queued answer
+// (OK when none is queued).
 class DialogHand {
  public:
-  DialogHand() {
-    timer_.setInterval(5);
-    QObject::connect(&timer_, &QTimer::timeout, [this] { Poll(); });
-    timer_.start();
-  }
   void Answer(QMessageBox::StandardButton b) { answers_.push_back(b); }
   std::vector<std::string> texts;
 
  private:
   void Poll() {
-    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (!box || !box->isVisible()) return;
+    QMessageBox* box = ModalDialog<QMessageBox>();
+    if (!box) return;
     texts.push_back(box->text().toStdString());
     QMessageBox::StandardButton b = QMessageBox::Ok;
     if (!answers_.empty()) {
@@ -61,8 +86,91 @@ class DialogHand {
       box->reject();
     }
   }
-  QTimer timer_;
   std::deque<QMessageBox::StandardButton> answers_;
+  Poller poller_{[this] { Poll(); }};
+};
+
+// Notes how each file dialog was set up and answers with the next queued
+// name; "" or an empty queue cancels.
+class FileDialogHand {
+ public:
+  void Answer(const std::string& name) { answers_.push_back(name); }
+  struct Seen {
+    QString title;
+    QStringList filters;
+    QString directory;
+    bool save;
+  };
+  std::vector<Seen> seen;
+
+ private:
+  void Poll() {
+    QFileDialog* dialog = ModalDialog<QFileDialog>();
+    if (!dialog) return;
+    seen.push_back({dialog->windowTitle(), dialog->nameFilters(), dialog->directory().absolutePath(),
+                    dialog->acceptMode() == QFileDialog::AcceptSave});
+    const std::string name = answers_.empty() ? std::string() : answers_.front();
+    if (!answers_.empty()) answers_.pop_front();
+    if (name.empty()) {
+      dialog->reject();
+    } else {
+      dialog->selectFile(QString::fromStdString(name));
+      QMetaObject::invokeMethod(dialog, "accept");
+    }
+  }
+  std::deque<std::string> answers_;
+  Poller poller_{[this] { Poll(); }};
+};
+
+// The named child; a test that needs a missing one fails.
+template <typename T>
+T* Child(QObject* parent, const char* name, Qt::FindChildOptions options = Qt::FindChildrenRecursively) {
+  T* child = parent->findChild<T*>(QString::fromLatin1(name), options);
+  EXPECT_NE(child, nullptr) << name;
+  return child;
+}
+
+// A press and release of `button` at `pos`, the widget's centre by default.
+inline void Click(QWidget* w, Qt::MouseButton button = Qt::LeftButton, QPointF pos = QPointF(-1, -1)) {
+  if (pos.x() < 0) pos = QPointF(w->width() / 2.0, w->height() / 2.0);
+  const QPointF global = w->mapToGlobal(pos);
+  QMouseEvent press(QEvent::MouseButtonPress, pos, global, button, button, Qt::NoModifier);
+  QApplication::sendEvent(w, &press);
+  QMouseEvent release(QEvent::MouseButtonRelease, pos, global, button, Qt::NoButton, Qt::NoModifier);
+  QApplication::sendEvent(w, &release);
+}
+
+// The main window started over a program folder that remembers puzzle
+// `number` (none: a first run), then shown.
+struct Window {
+  explicit Window(int number = 0, const std::string& scheme = "default.col") {
+    if (number > 0) folder.Remember(number, scheme);
+    w.StartUp(folder.dir.path());
+    w.show();
+    QApplication::processEvents();
+  }
+  GameState& s() { return w.State(); }
+  template <typename T = QWidget>
+  T* Get(const char* name) {
+    return Child<T>(&w, name);
+  }
+  // The text of a field or a label.
+  QString Text(const char* name) {
+    if (auto* edit = w.findChild<QLineEdit*>(QString::fromLatin1(name))) return edit->text();
+    return Get<QLabel>(name)->text();
+  }
+  void Trigger(const char* action) { Get<QAction>(action)->trigger(); }
+  // Colour of the board picture at a twips position.
+  QColor Pixel(double x, double y) {
+    const QImage& image = w.Board()->Image();
+    const double scale = image.width() / static_cast<double>(w.Board()->sizeHint().width());
+    const QPointF px = w.Board()->TwipsToPixels(QPointF(x, y)) * scale;
+    return image.pixelColor(static_cast<int>(px.x()), static_cast<int>(px.y()));
+  }
+
+  ProgramFolder folder;
+  DialogHand hand;
+  Form1 w;
 };
 
 }  // namespace velmora::test

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -108,6 +109,23 @@ inline std::vector<std::string> Headers(const std::string& text) {
   for (const std::string& line : Lines(text))
     if (!line.empty() && line[0] == '#') headers.push_back(line);
   return headers;
+}
+
+// "Hard 15/11/2026 10:03:33" and the like, of `level` when one is named.
+// Written out rather than with <regex>, which the sanitizer build's compiler
+// warns about inside the standard library.
+inline bool IsAutomaticTitle(const std::string& title, const std::string& level = "") {
+  const size_t blank = title.find(' ');
+  const std::string name = title.substr(0, blank);
+  if (name != "Easy" && name != "Hard" && name != "VHard") return false;
+  if (!level.empty() && name != level) return false;
+  const std::string when = blank == std::string::npos ? "" : title.substr(blank + 1);
+  const std::string form = "00/00/0000 00:00:00";
+  if (when.size() != form.size()) return false;
+  for (size_t i = 0; i < form.size(); ++i) {
+    if (form[i] == '0' ? !std::isdigit(static_cast<unsigned char>(when[i])) : when[i] != form[i]) return false;
+  }
+  return true;
 }
 
 }  // namespace velmora::test

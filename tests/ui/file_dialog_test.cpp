@@ -1,69 +1,16 @@
 // The file-name box and the main window's file commands, arrows and typed number.
 #include <gtest/gtest.h>
 
-#include <QAction>
-#include <QFileDialog>
 #include <QKeyEvent>
-#include <QLineEdit>
-#include <QMouseEvent>
 #include <QPushButton>
 
-#include "app/ui/form1.h"
 #include "controls/ui/fndialog.h"
 #include "ui_support.h"
 
 namespace velmora {
 namespace {
 
-using test::DialogHand;
-using test::ProgramFolder;
-using test::TempDir;
-
-// Watches for the file dialog, notes how it was set up and answers with the
-// next queued name ("" cancels).
-class FileDialogHand {
- public:
-  FileDialogHand() {
-    timer_.setInterval(5);
-    QObject::connect(&timer_, &QTimer::timeout, [this] { Poll(); });
-    timer_.start();
-  }
-  void Answer(const QString& name) { answers_.push_back(name); }
-  struct Seen {
-    QString title;
-    QStringList filters;
-    QString directory;
-    bool save;
-  };
-  std::vector<Seen> seen;
-
- private:
-  void Poll() {
-    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-    if (!dialog || !dialog->isVisible()) return;
-    seen.push_back({dialog->windowTitle(), dialog->nameFilters(), dialog->directory().absolutePath(),
-                    dialog->acceptMode() == QFileDialog::AcceptSave});
-    const QString name = answers_.empty() ? QString() : answers_.front();
-    if (!answers_.empty()) answers_.pop_front();
-    if (name.isEmpty()) {
-      dialog->reject();
-    } else {
-      dialog->selectFile(name);
-      QMetaObject::invokeMethod(dialog, "accept");
-    }
-  }
-  QTimer timer_;
-  std::deque<QString> answers_;
-};
-
-void Click(QWidget* w, Qt::MouseButton button) {
-  const QPointF centre(w->width() / 2.0, w->height() / 2.0);
-  const QPointF global = w->mapToGlobal(centre);
-  QMouseEvent press(QEvent::MouseButtonPress, centre, global, button, button, Qt::NoModifier);
-  QApplication::sendEvent(w, &press);
-  QMouseEvent release(QEvent::MouseButtonRelease, centre, global, button, Qt::NoButton, Qt::NoModifier);
-  QApplication::sendEvent(w, &release);
-}
+using test::FileDialogHand;
 
 void Type(QWidget* w, Qt::Key key, const QString& text = {}) {
   QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
@@ -72,113 +19,76 @@ void Type(QWidget* w, Qt::Key key, const QString& text = {}) {
   QApplication::sendEvent(w, &release);
 }
 
-FNDialog* PuzzleBox(QWidget* parent, const TempDir& dir) {
-  auto* box = new FNDialog(parent);
-  box->SetFileTypes(QStringLiteral("*.vlm;*.txt;*.dat"));
-  box->SetFileTypesName(QStringLiteral("velmora Files"));
-  box->SetTitle(QStringLiteral("Pick one"));
-  box->SetDefaultDir(QString::fromStdString(dir.path()));
-  return box;
-}
-
-TEST(FNDialog, PropertiesFilterAndBrowse) {
-  TempDir dir;
-  QWidget owner;
-  FNDialog fresh(&owner);
-  EXPECT_EQ(fresh.Caption(), "...");
-  EXPECT_TRUE(fresh.Title().isEmpty());
-  EXPECT_TRUE(fresh.Text().isEmpty());
-  FNDialog* box = PuzzleBox(&owner, dir);
-  EXPECT_EQ(box->Filter(), "velmora Files (*.vlm;*.txt;*.dat)");
-  EXPECT_EQ(box->QtFilter(), "velmora Files (*.vlm *.txt *.dat)");
-  EXPECT_EQ(box->StartFolder(), QString::fromStdString(dir.path() + "/"));
-  EXPECT_EQ(box->property("Title").toString(), "Pick one");
-  box->setProperty("Caption", QStringLiteral("Browse"));
-  EXPECT_EQ(box->findChild<QPushButton*>(QStringLiteral("Command1"))->text(), "Browse");
-
-  int browse = 0;
-  QObject::connect(box, &FNDialog::Browse, [&browse] { ++browse; });
-  box->findChild<QPushButton*>(QStringLiteral("Command1"))->click();
-  EXPECT_EQ(browse, 1);
-}
-
-TEST(FNDialog, OpenAndSaveDialogsAnswerWithTheNameOrNothing) {
-  TempDir dir;
+TEST(FNDialog, PropertiesFilterBrowseAndTheOpenAndSaveDialogs) {
+  test::TempDir dir;
   const std::string existing = dir.Write("a.vlm", "#1\r\n");
   QWidget owner;
-  FNDialog* box = PuzzleBox(&owner, dir);
-  FileDialogHand hand;
-  hand.Answer({});
-  EXPECT_EQ(box->ShowFileDialog(QStringLiteral("OPEN")), "");
-  hand.Answer(QString::fromStdString(existing));
-  EXPECT_EQ(box->ShowFileDialog(QStringLiteral("")), QString::fromStdString(existing));
-  // Saving onto an existing file asks nothing here: that is the command's question.
-  hand.Answer(QString::fromStdString(existing));
-  EXPECT_EQ(box->ShowFileDialog(QStringLiteral("SAVE")), QString::fromStdString(existing));
-  hand.Answer(QString::fromStdString(dir.File("new.vlm")));
-  EXPECT_EQ(box->ShowFileDialog(QStringLiteral("SAVE")), QString::fromStdString(dir.File("new.vlm")));
+  FNDialog box(&owner);
+  EXPECT_EQ(box.Caption(), "...");
+  box.SetFileTypes(QStringLiteral("*.vlm;*.txt;*.dat"));
+  box.SetFileTypesName(QStringLiteral("velmora Files"));
+  box.setProperty("Title", QStringLiteral("Pick one"));
+  box.SetDefaultDir(QString::fromStdString(dir.path()));
+  EXPECT_EQ(box.Filter(), "velmora Files (*.vlm;*.txt;*.dat)");
+  EXPECT_EQ(box.StartFolder(), QString::fromStdString(dir.path() + "/"));
+  box.setProperty("Caption", QStringLiteral("Browse"));
+  auto* browse = test::Child<QPushButton>(&box, "Command1");
+  EXPECT_EQ(browse->text(), "Browse");
+  int browsed = 0;
+  QObject::connect(&box, &FNDialog::Browse, [&browsed] { ++browsed; });
+  browse->click();
+  EXPECT_EQ(browsed, 1);
 
-  ASSERT_EQ(hand.seen.size(), 4u);
+  FileDialogHand hand;
+  hand.Answer("");
+  EXPECT_EQ(box.ShowFileDialog(QStringLiteral("OPEN")), "");
+  hand.Answer(existing);
+  EXPECT_EQ(box.ShowFileDialog(QStringLiteral("")), QString::fromStdString(existing));
+  // Saving onto an existing file asks nothing here: that is the command's question.
+  hand.Answer(existing);
+  EXPECT_EQ(box.ShowFileDialog(QStringLiteral("SAVE")), QString::fromStdString(existing));
+  ASSERT_EQ(hand.seen.size(), 3u);
   for (const auto& seen : hand.seen) {
     EXPECT_EQ(seen.title, "Pick one");
     EXPECT_EQ(seen.filters, QStringList{"velmora Files (*.vlm *.txt *.dat)"});
     EXPECT_EQ(seen.directory, QString::fromStdString(dir.path()));
   }
-  EXPECT_FALSE(hand.seen[0].save);
   EXPECT_FALSE(hand.seen[1].save);
   EXPECT_TRUE(hand.seen[2].save);
 }
 
-TEST(Form1Files, ArrowsRightClickTypedNumberAndLoadThroughTheDialog) {
-  ProgramFolder folder;
-  folder.Remember(1);
-  DialogHand hand;
-  Form1 w;
-  w.StartUp(folder.dir.path());
-  w.show();
-  auto* previous = w.findChild<QPushButton*>(QStringLiteral("arrows0"));
-  auto* next = w.findChild<QPushButton*>(QStringLiteral("arrows1"));
-  auto* random = w.findChild<QPushButton*>(QStringLiteral("arrows2"));
-  ASSERT_TRUE(previous && next && random);
-  EXPECT_EQ(previous->toolTip(), "Previous puzzle, right-click for first puzzle");
-  EXPECT_EQ(next->toolTip(), "Next puzzle, right-click for last puzzle");
-  EXPECT_EQ(random->toolTip(), "Random puzzle");
-  auto* number = w.findChild<QLineEdit*>(QStringLiteral("PuzNumNow"));
-  auto* title = w.findChild<QLineEdit*>(QStringLiteral("PuzTitle"));
+TEST(Form1Files, ArrowsByButtonTheTypedNumberOnEnterAndLoadThroughTheDialog) {
+  test::Window win(1);
+  // Each press lands on a different record if the arrows or buttons were swapped.
+  const std::pair<const char*, Qt::MouseButton> presses[] = {
+      {"arrows1", Qt::LeftButton}, {"arrows0", Qt::RightButton}, {"arrows1", Qt::RightButton}, {"arrows0", Qt::LeftButton}};
+  QStringList shown;
+  for (const auto& [arrow, button] : presses) {
+    test::Click(win.Get(arrow), button);
+    shown << win.Text("PuzNumNow");
+  }
+  EXPECT_EQ(shown, (QStringList{"2", "1", "3", "2"}));
+  EXPECT_EQ(win.Text("PuzTitle"), "Sample 2");
 
-  Click(previous, Qt::LeftButton);
-  EXPECT_EQ(number->text(), "3");
-  Click(previous, Qt::RightButton);
-  EXPECT_EQ(number->text(), "1");
-  Click(next, Qt::RightButton);
-  EXPECT_EQ(number->text(), "3");
-  EXPECT_EQ(title->text(), "Sample 3");
-  Click(next, Qt::LeftButton);
-  EXPECT_EQ(number->text(), "1");
-
+  auto* number = win.Get<QLineEdit>("PuzNumNow");
   number->selectAll();
-  Type(number, Qt::Key_2, QStringLiteral("2"));
-  EXPECT_EQ(w.State().CurrentPuzzleNumber, 1);  // typing alone does not jump
+  Type(number, Qt::Key_3, QStringLiteral("3"));
+  EXPECT_EQ(win.s().CurrentPuzzleNumber, 2);  // typing alone does not jump
   Type(number, Qt::Key_Return);
-  EXPECT_EQ(w.State().CurrentPuzzleNumber, 2);
-  EXPECT_EQ(title->text(), "Sample 2");
-  number->selectAll();
-  Type(number, Qt::Key_9, QStringLiteral("9"));
-  Type(number, Qt::Key_Return);
-  EXPECT_EQ(number->text(), "9");  // out of range: the text stays
-  EXPECT_EQ(w.State().CurrentPuzzleNumber, 2);
+  EXPECT_EQ(win.Text("PuzTitle"), "Sample 3");
 
-  const std::string other = folder.dir.Write("other.vlm", "#1\r\nOther one\r\n" + folder.dir.Read("puzzles.vlm").substr(14));
+  const std::string other =
+      win.folder.dir.Write("other.vlm", "#1\r\nOther one\r\n" + win.folder.dir.Read("puzzles.vlm").substr(14));
   FileDialogHand files;
-  files.Answer(QString::fromStdString(other));
-  w.findChild<QAction*>(QStringLiteral("mnuloadpuz"))->trigger();
+  files.Answer(other);
+  win.Trigger("mnuloadpuz");
   ASSERT_EQ(files.seen.size(), 1u);
   EXPECT_EQ(files.seen[0].title, "velmora");
   EXPECT_FALSE(files.seen[0].save);
-  EXPECT_EQ(files.seen[0].directory, QString::fromStdString(folder.dir.path()));
-  EXPECT_EQ(title->text(), "Other one");
-  EXPECT_EQ(w.windowTitle(), QString::fromStdString("File: " + other));
-  EXPECT_TRUE(hand.texts.empty());
+  EXPECT_EQ(files.seen[0].directory, QString::fromStdString(win.folder.dir.path()));
+  EXPECT_EQ(win.Text("PuzTitle"), "Other one");
+  EXPECT_EQ(win.w.windowTitle(), QString::fromStdString("File: " + other));
+  EXPECT_TRUE(win.hand.texts.empty());
 }
 
 }  // namespace

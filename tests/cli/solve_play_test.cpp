@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "cli/cli_support.h"
-#include "files/puzzle_file.h"
 #include "model/solver.h"
 #include "test_support.h"
 
@@ -11,7 +10,7 @@ namespace {
 
 using test::RunCli;
 
-std::string Solvable() { return std::string(VELMORA_TEST_DATA_DIR) + "/solvable.vlm"; }
+std::string Solvable() { return test::SolvableFile(); }
 
 // The puzzle and the solution letters of solvable.vlm.
 const char* const kPuzzle = "L@i_f@m\nYD@e@jG\nC@\\sI@U\npE@V@BO\nR@^Kr@b\ntZ@n@Tk\nF@XMo@Q\n";
@@ -23,10 +22,8 @@ TEST(CliSolve, PrintsResultThenTheBoardAsLetters) {
   EXPECT_EQ(r.out, std::string("result 0\n") + kSolution);
 
   // A stuck puzzle prints what the solver got to.
-  GameState s;
+  GameState s = test::Loaded(test::SampleFile());
   SilentUserInterface ui;
-  std::string title;
-  ASSERT_EQ(LoadPuzzle(s, ui, test::SampleFile(), 1, title, 0), 0);
   ASSERT_EQ(SolveGrid(s, ui), 1);
   std::string board;
   for (int row = 1; row <= 7; ++row) {
@@ -50,18 +47,20 @@ TEST(CliSolve, MarksPrintAsTheCharactersBelowTheAt) {
 
 TEST(CliSolveCheck, NotFoundMalformedAndUsage) {
   test::TempDir dir;
+  // The three commands share their loading: every way to miss is tried on one.
+  for (const char* n : {"0", "-2", "4", "99999999999"}) {
+    const auto r = RunCli({"solve", test::SampleFile(), n});
+    EXPECT_EQ(r.exitCode, 1) << n;
+    EXPECT_EQ(r.out, "not found\n") << n;
+  }
+  // A letter past "t" has no card; a short cell line; a missing file.
+  for (const std::string& file : {dir.Write("u.vlm", "#1\r\nt\r\n 1, 1, 0\r\nu|A\r\n"),
+                                  dir.Write("short.vlm", "#1\r\nt\r\n 1, 3, 0\r\nA|A\r\n"), dir.File("none.vlm")})
+    EXPECT_EQ(RunCli({"check", file, "1"}).out, "not found\n") << file;
   for (const char* command : {"solve", "check", "play"}) {
-    for (const char* n : {"0", "-2", "4", "99999999999"}) {
-      auto r = RunCli({command, test::SampleFile(), n});
-      EXPECT_EQ(r.exitCode, 1) << command << " " << n;
-      EXPECT_EQ(r.out, "not found\n") << command << " " << n;
-    }
-    // A letter past "t" has no card; a short cell line; a missing file.
-    EXPECT_EQ(RunCli({command, dir.Write("u.vlm", "#1\r\nt\r\n 1, 1, 0\r\nu|A\r\n"), "1"}).out, "not found\n");
-    EXPECT_EQ(RunCli({command, dir.Write("short.vlm", "#1\r\nt\r\n 1, 3, 0\r\nA|A\r\n"), "1"}).out, "not found\n");
-    EXPECT_EQ(RunCli({command, dir.File("none.vlm"), "1"}).out, "not found\n");
-    EXPECT_EQ(RunCli({command, Solvable()}).exitCode, 2);
-    EXPECT_EQ(RunCli({command, Solvable(), "one"}).exitCode, 2);
+    EXPECT_EQ(RunCli({command, test::SampleFile(), "4"}).out, "not found\n") << command;
+    EXPECT_EQ(RunCli({command, Solvable()}).exitCode, 2) << command;
+    EXPECT_EQ(RunCli({command, Solvable(), "one"}).exitCode, 2) << command;
   }
   // A board of no cells loads: nothing is empty, and nothing to print.
   const std::string none = dir.Write("none.vlm", "#1\r\nt\r\n 0, 0, 0\r\n");
@@ -111,10 +110,7 @@ TEST(CliPlay, SolveRestoreCheckAndPanels) {
       "showsolution\nchecksolution\nautosolve\n";
   auto r = RunCli({"play", Solvable(), "1"}, script);
   // The panels before: every card of the deck that is not a given.
-  GameState s;
-  SilentUserInterface ui;
-  std::string title;
-  ASSERT_EQ(LoadPuzzle(s, ui, Solvable(), 1, title, 0), 0);
+  const GameState s = test::Loaded(Solvable());
   std::string panels;
   const char* names[4] = {"S:", "H:", "D:", "C:"};
   for (int list = 0; list < 4; ++list) {

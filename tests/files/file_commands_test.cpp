@@ -9,6 +9,7 @@
 #include <set>
 
 #include "board/play.h"
+#include "model/text.h"
 #include "recording_ui.h"
 #include "test_support.h"
 
@@ -17,333 +18,277 @@ namespace {
 
 using test::Record;
 using test::Records;
-using test::TempDir;
 using Strings = std::vector<std::string>;
 
 // A state showing record n of `file`, as after start-up.
 GameState Showing(const std::string& file, int n) {
-  GameState s;
+  GameState s = test::Loaded(file, n);
   s.AppFolder = std::filesystem::path(file).parent_path().string() + "/";
   s.CurrentPuzzleFile = file;
-  SilentUserInterface ui;
-  std::string title;
-  EXPECT_EQ(LoadPuzzle(s, ui, file, n, title, 1), 0);
   return s;
 }
 
-void Arrow(GameState& s, test::RecordingUi& ui, int arrow, int button = kLeftButton) {
-  arrowsMouseUp(s, ui, arrow, button);
+// What the puzzle fields show: "2 of 3 T2".
+std::string Shown(const GameState& s) {
+  return NumText(s.CurrentPuzzleNumber) + s.view.MaxPuzCount + " " + s.view.PuzTitle;
 }
 
-TEST(ConfirmOverwrite, AsksOnlyForNonEmptyFiles) {
-  TempDir dir;
+// A folder whose p.vlm holds `count` records T1, T2, ..., record n on show.
+struct Desk {
+  Desk(int count, int n) : file(dir.Write("p.vlm", Records(count))), s(Showing(file, n)) {}
+  test::TempDir dir;
+  std::string file;
+  GameState s;
   test::RecordingUi ui;
-  // Absent, empty and unmeasurable files count as absent.
-  for (const std::string& name : {dir.File("absent.vlm"), dir.Write("empty.vlm", ""), dir.path()})
-    EXPECT_EQ(ConfirmOverwrite(ui, name), 1) << name;
-  EXPECT_TRUE(ui.questions.empty());
-  const std::string full = dir.Write("full.vlm", "x");
-  EXPECT_EQ(ConfirmOverwrite(ui, full), 1);
-  ui.answer = false;
-  EXPECT_EQ(ConfirmOverwrite(ui, full), 0);
-  EXPECT_EQ(ui.questions, Strings(2, "OverWrite file: " + full + " ?"));
-}
+};
 
 TEST(FileDialog, AsksWithTheProgramTitleFilterAndFolderAndKeepsTheDirectory) {
-  TempDir dir, elsewhere;
-  const std::string file = dir.Write("p.vlm", Records(2));
-  GameState s = Showing(file, 2);
-  test::RecordingUi ui;
-  test::InDirectory here(dir.path());
-  ui.onDialog = [&] { std::filesystem::current_path(elsewhere.path()); };  // a dialog that wanders off
-  mnuloadpuz(s, ui);  // every dialog cancelled
-  mnusaveas(s, ui);
-  mnusaveassli(s, ui);
-  ASSERT_EQ(ui.requests.size(), 3u);
-  const char* modes[] = {"OPEN", "SAVE", "SAVE"};
-  for (size_t i = 0; i < 3; ++i) {
-    EXPECT_EQ(ui.requests[i].mode, modes[i]);
-    EXPECT_EQ(ui.requests[i].title, "velmora");
-    EXPECT_EQ(ui.requests[i].fileTypes, "*.vlm;*.txt;*.dat");
-    EXPECT_EQ(ui.requests[i].fileTypesName, "velmora Files");
-    EXPECT_EQ(ui.requests[i].defaultDir, s.AppFolder);
-  }
-  EXPECT_TRUE(std::filesystem::equivalent(std::filesystem::current_path(), dir.path()));
-  EXPECT_EQ(s.CurrentPuzzleFile, file);
-  EXPECT_EQ(s.CurrentPuzzleNumber, 2);
-  EXPECT_TRUE(ui.messages.empty() && ui.questions.empty());
-  EXPECT_EQ(dir.Read("p.vlm"), Records(2));
+  Desk d(2, 2);
+  test::TempDir elsewhere;
+  test::InDirectory here(d.dir.path());
+  d.ui.onDialog = [&] { std::filesystem::current_path(elsewhere.path()); };  // a dialog that wanders off
+  mnuloadpuz(d.s, d.ui);  // every dialog cancelled
+  mnusaveas(d.s, d.ui);
+  mnusaveassli(d.s, d.ui);
+  std::string requests;
+  for (const FileDialogRequest& r : d.ui.requests)
+    requests += r.mode + "|" + r.title + "|" + r.fileTypes + "|" + r.fileTypesName + "|" + r.defaultDir + "\n";
+  const std::string rest = "|velmora|*.vlm;*.txt;*.dat|velmora Files|" + d.s.AppFolder + "\n";
+  EXPECT_EQ(requests, "OPEN" + rest + "SAVE" + rest + "SAVE" + rest);
+  EXPECT_TRUE(std::filesystem::equivalent(std::filesystem::current_path(), d.dir.path()));
+  EXPECT_EQ(Shown(d.s), "2 of 2 T2");
+  EXPECT_TRUE(d.ui.messages.empty() && d.ui.questions.empty());
+  EXPECT_EQ(d.dir.Read("p.vlm"), Records(2));
 }
 
 TEST(Load, ShowsTheFirstPuzzleAndKeepsTheNewNameEvenWhenLoadingFails) {
-  TempDir dir;
-  const std::string second = dir.Write("b.vlm", Record(9, "other", 20) + Record(4, "x"));
-  GameState s = Showing(dir.Write("a.vlm", Records(3)), 3);
-  test::RecordingUi ui;
-  ui.names = {second, dir.File("missing.vlm")};
-  mnuloadpuz(s, ui);
-  EXPECT_EQ(s.CurrentPuzzleFile, second);
-  EXPECT_EQ(s.CurrentPuzzleNumber, 1);
-  EXPECT_EQ(s.view.PuzTitle, "other");
-  EXPECT_EQ(s.view.MaxPuzCount, " of 2");
-  EXPECT_EQ(s.SolutionGrid[1][1], 21);
-
-  mnuloadpuz(s, ui);
-  EXPECT_EQ(s.CurrentPuzzleFile, dir.File("missing.vlm"));
-  EXPECT_EQ(s.CurrentPuzzleNumber, 1);
-  EXPECT_EQ(s.view.PuzTitle, "other");  // the old board stays on show
-  EXPECT_TRUE(ui.messages.empty());
-  EXPECT_FALSE(ui.busy);
+  Desk d(3, 3);
+  const std::string second = d.dir.Write("b.vlm", Record(9, "other", 20) + Record(4, "x"));
+  d.ui.names = {second, d.dir.File("missing.vlm")};
+  mnuloadpuz(d.s, d.ui);
+  EXPECT_EQ(d.s.CurrentPuzzleFile, second);
+  EXPECT_EQ(Shown(d.s), "1 of 2 other");
+  EXPECT_EQ(d.s.SolutionGrid[1][1], 21);
+  mnuloadpuz(d.s, d.ui);
+  EXPECT_EQ(d.s.CurrentPuzzleFile, d.dir.File("missing.vlm"));
+  EXPECT_EQ(Shown(d.s), "1 of 2 other");  // the old board stays on show
+  EXPECT_TRUE(d.ui.messages.empty());
+  EXPECT_FALSE(d.ui.busy);
 }
 
-TEST(Copy, CopiesAsksBeforeOverwritingAndLeavesTheTargetAloneOnErrors) {
-  TempDir dir;
-  const std::string file = dir.Write("p.vlm", Records(3));
-  const std::string fresh = dir.File("new.vlm"), other = dir.Write("other.vlm", Record(1, "keep me"));
-  const std::string nowhere = dir.File("no/such/folder.vlm");
-  GameState s = Showing(file, 2);
-  test::RecordingUi ui;
-  ui.names = {fresh, other, other, nowhere, file};
-  mnusaveas(s, ui);
-  ui.answer = false;
-  mnusaveas(s, ui);
-  EXPECT_EQ(dir.Read("other.vlm"), Record(1, "keep me"));
-  ui.answer = true;
-  for (int i = 0; i < 3; ++i) mnusaveas(s, ui);  // the last one onto itself: kept
+TEST(Copy, AsksBeforeOverwritingANonEmptyFileAndLeavesTheTargetAloneOnErrors) {
+  Desk d(3, 2);
+  const std::string fresh = d.dir.File("new.vlm"), empty = d.dir.Write("empty.vlm", "");
+  const std::string other = d.dir.Write("other.vlm", Record(1, "keep me"));
+  // A folder cannot be measured, so it counts as absent, and cannot be written.
+  d.ui.names = {fresh, empty, other, other, d.dir.path(), d.file};
+  mnusaveas(d.s, d.ui);
+  mnusaveas(d.s, d.ui);
+  d.ui.answer = false;
+  mnusaveas(d.s, d.ui);
+  EXPECT_EQ(d.dir.Read("other.vlm"), Record(1, "keep me"));
+  d.ui.answer = true;
+  for (int i = 0; i < 3; ++i) mnusaveas(d.s, d.ui);  // the last one onto itself: kept
   const std::string overwriteOther = "OverWrite file: " + other + " ?";
-  EXPECT_EQ(ui.questions, (Strings{overwriteOther, overwriteOther, "OverWrite file: " + file + " ?"}));
-  EXPECT_EQ(ui.messages, (Strings{"Puzzle file saved as:\r\n" + fresh, "Puzzle file saved as:\r\n" + other,
-                                  "Error saving to file:\r\n" + nowhere, "Puzzle file saved as:\r\n" + file}));
-  EXPECT_EQ(dir.Read("new.vlm"), Records(3));
-  EXPECT_EQ(dir.Read("other.vlm"), Records(3));
-  EXPECT_EQ(dir.Read("p.vlm"), Records(3));
-  EXPECT_EQ(s.CurrentPuzzleFile, file);  // the current file stays current
+  EXPECT_EQ(d.ui.questions, (Strings{overwriteOther, overwriteOther, "OverWrite file: " + d.file + " ?"}));
+  EXPECT_EQ(d.ui.messages, (Strings{"Puzzle file saved as:\r\n" + fresh, "Puzzle file saved as:\r\n" + empty,
+                                    "Puzzle file saved as:\r\n" + other, "Error saving to file:\r\n" + d.dir.path(),
+                                    "Puzzle file saved as:\r\n" + d.file}));
+  for (const char* name : {"new.vlm", "empty.vlm", "other.vlm", "p.vlm"}) EXPECT_EQ(d.dir.Read(name), Records(3));
+  EXPECT_EQ(d.s.CurrentPuzzleFile, d.file);  // the current file stays current
 
   // From a current file that has gone: the target is not emptied.
-  const std::string target = dir.Write("t.vlm", "precious");
-  s.CurrentPuzzleFile = dir.File("gone.vlm");
-  ui.names = {target};
-  mnusaveas(s, ui);
-  EXPECT_EQ(ui.messages.back(), "Error saving to file:\r\n" + target);
-  EXPECT_EQ(dir.Read("t.vlm"), "precious");
+  d.s.CurrentPuzzleFile = d.dir.File("gone.vlm");
+  d.ui.names = {other};
+  mnusaveas(d.s, d.ui);
+  EXPECT_EQ(d.ui.messages.back(), "Error saving to file:\r\n" + other);
+  EXPECT_EQ(d.dir.Read("other.vlm"), Records(3));
 }
 
 TEST(Save, AppendsToTheChosenFileWithoutSwitchingToIt) {
-  TempDir dir;
-  const std::string file = dir.Write("p.vlm", Records(3));
-  const std::string fresh = dir.File("fresh.vlm"), three = dir.Write("three.vlm", Records(3, 40));
-  GameState s = Showing(file, 2);
-  s.Grid[1][1] = s.SolutionGrid[1][2];  // a wrong card: saved as the solution's
-  s.view.PuzTitle = "edited title";
-  test::RecordingUi ui;
-  ui.names = {fresh, three, dir.path()};
-  for (int i = 0; i < 3; ++i) mnusaveassli(s, ui);
-  EXPECT_TRUE(ui.questions.empty());
-  EXPECT_EQ(ui.messages, (Strings{"Puzzle number 1 added to file:\r\n" + fresh,
-                                  "Puzzle number 4 added to file:\r\n" + three,
-                                  "Error saving to file:\r\n" + dir.path()}));
-  EXPECT_EQ(dir.Read("fresh.vlm").substr(0, 24), "#1\r\nedited title\r\n 7, 7,");
+  Desk d(3, 2);
+  const std::string fresh = d.dir.File("fresh.vlm"), three = d.dir.Write("three.vlm", Records(3, 40));
+  d.s.Grid[1][1] = d.s.SolutionGrid[1][2];  // a wrong card: saved as the solution's
+  d.s.view.PuzTitle = "edited title";
+  d.ui.names = {fresh, three, d.dir.path()};
+  for (int i = 0; i < 3; ++i) mnusaveassli(d.s, d.ui);
+  EXPECT_TRUE(d.ui.questions.empty());
+  EXPECT_EQ(d.ui.messages, (Strings{"Puzzle number 1 added to file:\r\n" + fresh,
+                                    "Puzzle number 4 added to file:\r\n" + three,
+                                    "Error saving to file:\r\n" + d.dir.path()}));
+  EXPECT_EQ(d.dir.Read("fresh.vlm").substr(0, 24), "#1\r\nedited title\r\n 7, 7,");
   const GameState back = test::Loaded(fresh);
-  EXPECT_EQ(back.Grid[1][1], s.SolutionGrid[1][1]);
-  EXPECT_EQ(back.SolutionGrid, s.SolutionGrid);
-  EXPECT_EQ(test::Headers(dir.Read("three.vlm")), (Strings{"#40", "#41", "#42", "#4"}));
-  EXPECT_EQ(s.CurrentPuzzleFile, file);
-  EXPECT_EQ(s.CurrentPuzzleNumber, 2);
+  EXPECT_EQ(back.Grid[1][1], d.s.SolutionGrid[1][1]);
+  EXPECT_EQ(back.SolutionGrid, d.s.SolutionGrid);
+  EXPECT_EQ(test::Headers(d.dir.Read("three.vlm")), (Strings{"#40", "#41", "#42", "#4"}));
+  EXPECT_EQ(d.s.CurrentPuzzleFile, d.file);
+  EXPECT_EQ(Shown(d.s), "2 of 3 edited title");
 }
 
 TEST(Append, AddsTheBoardToTheCurrentFileAndShowsIt) {
-  TempDir dir;
-  const std::string file = dir.Write("p.vlm", Records(3));
-  GameState s = Showing(file, 2);
-  s.Grid[3][3] = s.SolutionGrid[3][3];
-  test::RecordingUi ui;
-  ui.answer = false;
-  mnuappend(s, ui);
-  EXPECT_EQ(ui.questions.back(), "Append current puzzle to file:\r\n" + file);
-  EXPECT_EQ(dir.Read("p.vlm"), Records(3));
-  EXPECT_TRUE(ui.messages.empty());
+  Desk d(3, 2);
+  d.s.Grid[3][3] = d.s.SolutionGrid[3][3];
+  d.ui.answer = false;
+  mnuappend(d.s, d.ui);
+  EXPECT_EQ(d.ui.questions.back(), "Append current puzzle to file:\r\n" + d.file);
+  EXPECT_EQ(d.dir.Read("p.vlm"), Records(3));
+  EXPECT_TRUE(d.ui.messages.empty());
 
-  ui.answer = true;
-  mnuappend(s, ui);
-  EXPECT_EQ(ui.messages.back(), "Puzzle#4 appended to file " + file);
-  EXPECT_EQ(test::Headers(dir.Read("p.vlm")).back(), "#4");
-  EXPECT_EQ(s.CurrentPuzzleNumber, 4);
-  EXPECT_EQ(s.view.MaxPuzCount, " of 4");
-  EXPECT_EQ(s.view.PuzTitle, "T2");
-  EXPECT_EQ(s.PuzzleGrid[3][3], s.SolutionGrid[3][3]);
+  d.ui.answer = true;
+  mnuappend(d.s, d.ui);
+  EXPECT_EQ(d.ui.messages.back(), "Puzzle#4 appended to file " + d.file);
+  EXPECT_EQ(test::Headers(d.dir.Read("p.vlm")).back(), "#4");
+  EXPECT_EQ(Shown(d.s), "4 of 4 T2");
+  EXPECT_EQ(d.s.PuzzleGrid[3][3], d.s.SolutionGrid[3][3]);
 
-  s.CurrentPuzzleFile = dir.File("no/such/folder.vlm");
-  mnuappend(s, ui);
-  EXPECT_EQ(ui.messages.back(), "Error apending puzzle to file: " + s.CurrentPuzzleFile);
+  d.s.CurrentPuzzleFile = d.dir.File("no/such/folder.vlm");
+  mnuappend(d.s, d.ui);
+  EXPECT_EQ(d.ui.messages.back(), "Error apending puzzle to file: " + d.s.CurrentPuzzleFile);
 }
 
 TEST(SolvingGuard, RefusesAppendDeleteResetAndArrowsButNotTheTypedNumberOrSave) {
-  TempDir dir;
-  const std::string file = dir.Write("p.vlm", Records(3));
-  GameState s = Showing(file, 2);
-  s.Solving = 1;
-  test::RecordingUi ui;
-  mnuappend(s, ui);
-  mnudelete(s, ui);
-  mnupuzreset(s, ui);
-  for (int arrow : {kArrowPrevious, kArrowNext, kArrowRandom}) Arrow(s, ui, arrow);
-  EXPECT_EQ(ui.messages, Strings(6, "Cancel AutoSolve first"));
-  EXPECT_TRUE(ui.questions.empty());
-  EXPECT_EQ(s.CurrentPuzzleNumber, 2);
-  EXPECT_EQ(dir.Read("p.vlm"), Records(3));
-
-  s.view.PuzNumNow = "3";
-  PuzNumNowEnter(s, ui);
-  EXPECT_EQ(s.CurrentPuzzleNumber, 3);
-  s.Solving = 1;
-  ui.names = {dir.File("saved.vlm")};
-  mnusaveassli(s, ui);
-  EXPECT_EQ(CountPuzzles(dir.File("saved.vlm")), 1);
+  Desk d(3, 2);
+  d.s.Solving = 1;
+  mnuappend(d.s, d.ui);
+  mnudelete(d.s, d.ui);
+  mnupuzreset(d.s, d.ui);
+  for (int arrow : {kArrowPrevious, kArrowNext, kArrowRandom}) arrowsMouseUp(d.s, d.ui, arrow, kLeftButton);
+  EXPECT_EQ(d.ui.messages, Strings(6, "Cancel AutoSolve first"));
+  EXPECT_TRUE(d.ui.questions.empty());
+  EXPECT_EQ(d.dir.Read("p.vlm"), Records(3));
+  d.s.view.PuzNumNow = "3";
+  PuzNumNowEnter(d.s, d.ui);
+  EXPECT_EQ(Shown(d.s), "3 of 3 T3");
+  d.s.Solving = 1;
+  d.ui.names = {d.dir.File("saved.vlm")};
+  mnusaveassli(d.s, d.ui);
+  EXPECT_EQ(CountPuzzles(d.dir.File("saved.vlm")), 1);
 }
 
 TEST(Reset, ReloadsTheNumberInTheBoxFromTheFileOnYes) {
-  TempDir dir;
-  GameState s = Showing(dir.Write("p.vlm", Records(3)), 2);
-  s.Grid[1][1] = s.SolutionGrid[1][1];
-  test::RecordingUi ui;
-  ui.answer = false;
-  mnupuzreset(s, ui);
-  EXPECT_EQ(ui.questions.back(), "Reset puzzle from file?");
-  EXPECT_EQ(s.Grid[1][1], s.SolutionGrid[1][1]);
-  ui.answer = true;
-  mnupuzreset(s, ui);
-  EXPECT_EQ(s.Grid[1][1], 0);
-  s.view.PuzNumNow = "3.9";  // whatever the box holds, even without Enter
-  mnupuzreset(s, ui);
-  EXPECT_EQ(s.view.PuzTitle, "T3");
-  EXPECT_TRUE(ui.messages.empty());
+  Desk d(3, 2);
+  d.s.Grid[1][1] = d.s.SolutionGrid[1][1];
+  d.ui.answer = false;
+  mnupuzreset(d.s, d.ui);
+  EXPECT_EQ(d.ui.questions.back(), "Reset puzzle from file?");
+  EXPECT_EQ(d.s.Grid[1][1], d.s.SolutionGrid[1][1]);
+  d.ui.answer = true;
+  mnupuzreset(d.s, d.ui);
+  EXPECT_EQ(d.s.Grid[1][1], 0);
+  d.s.view.PuzNumNow = "3.9";  // whatever the box holds, even without Enter
+  mnupuzreset(d.s, d.ui);
+  EXPECT_EQ(Shown(d.s), "3 of 3 T3");
+  EXPECT_TRUE(d.ui.messages.empty());
 }
 
-TEST(Arrows, StepWrapJumpAndFallBack) {
-  TempDir dir;
-  const std::string file = dir.Write("p.vlm", Records(10));
-  GameState s = Showing(file, 1);
-  test::RecordingUi ui;
-  const std::pair<int, int> presses[] = {{kArrowPrevious, kLeftButton},  {kArrowNext, kLeftButton},
-                                         {kArrowNext, kLeftButton},      {kArrowNext, kRightButton},
+TEST(Arrows, StepWrapJumpCountAfreshAndFallBack) {
+  Desk d(10, 1);
+  const std::pair<int, int> presses[] = {{kArrowPrevious, kLeftButton}, {kArrowNext, kLeftButton},
+                                         {kArrowNext, kLeftButton},     {kArrowNext, kRightButton},
                                          {kArrowPrevious, kLeftButton}, {kArrowPrevious, kRightButton}};
-  std::vector<int> shown;
+  Strings shown;
   for (const auto& [arrow, button] : presses) {
-    Arrow(s, ui, arrow, button);
-    shown.push_back(s.CurrentPuzzleNumber);
-    EXPECT_EQ(s.view.PuzTitle, "T" + std::to_string(s.CurrentPuzzleNumber));
+    arrowsMouseUp(d.s, d.ui, arrow, button);
+    shown.push_back(Shown(d.s));
   }
-  EXPECT_EQ(shown, (std::vector<int>{10, 1, 2, 10, 9, 1}));
-
-  // The count is taken afresh: records added meanwhile are reachable.
-  AppendToFile(file, Record(11, "T11"));
-  Arrow(s, ui, kArrowPrevious);
-  EXPECT_EQ(s.view.PuzTitle, "T11");
-  EXPECT_EQ(s.PuzzleCount, 11);
+  EXPECT_EQ(shown, (Strings{"10 of 10 T10", "1 of 10 T1", "2 of 10 T2", "10 of 10 T10", "9 of 10 T9",
+                            "1 of 10 T1"}));
+  AppendToFile(d.file, Record(11, "T11"));  // records added meanwhile are reachable
+  arrowsMouseUp(d.s, d.ui, kArrowPrevious, kLeftButton);
+  EXPECT_EQ(Shown(d.s), "11 of 11 T11");
 
   // A record that cannot be loaded: the view returns to the one shown.
-  s = Showing(dir.Write("b.vlm", Records(2) + "#3\r\nbad\r\n 7, 7, 0\r\nAB\r\n"), 2);
-  Arrow(s, ui, kArrowNext);
-  EXPECT_EQ(s.CurrentPuzzleNumber, 2);
-  EXPECT_EQ(s.view.PuzTitle, "T2");
-  EXPECT_EQ(s.SolutionGrid[1][1], 2);
-  EXPECT_TRUE(ui.messages.empty());
+  d.s = Showing(d.dir.Write("b.vlm", Records(2) + "#3\r\nbad\r\n 7, 7, 0\r\nAB\r\n"), 2);
+  arrowsMouseUp(d.s, d.ui, kArrowNext, kLeftButton);
+  EXPECT_EQ(d.s.CurrentPuzzleNumber, 2);
+  EXPECT_EQ(d.s.view.PuzTitle, "T2");
+  EXPECT_EQ(d.s.SolutionGrid[1][1], 2);
+  EXPECT_TRUE(d.ui.messages.empty());
 }
 
 TEST(Arrows, DoNothingWithoutAPuzzleOrWithOneOnly) {
-  TempDir dir;
+  Desk d(1, 1);
+  d.s.Solving = 1;  // not even the guard's message
   GameState none;
-  none.CurrentPuzzleFile = dir.Write("p.vlm", Records(3));
-  GameState one = Showing(dir.Write("one.vlm", Record(1, "only")), 1);
-  one.Solving = 1;  // not even the guard's message
-  test::RecordingUi ui;
+  none.CurrentPuzzleFile = d.dir.Write("three.vlm", Records(3));
   for (int arrow : {kArrowPrevious, kArrowNext, kArrowRandom}) {
     for (int button : {kLeftButton, kRightButton}) {
-      Arrow(none, ui, arrow, button);
-      Arrow(one, ui, arrow, button);
+      arrowsMouseUp(none, d.ui, arrow, button);
+      arrowsMouseUp(d.s, d.ui, arrow, button);
     }
   }
   EXPECT_EQ(none.CurrentPuzzleNumber, 0);
-  EXPECT_EQ(one.CurrentPuzzleNumber, 1);
-  EXPECT_TRUE(ui.messages.empty());
-  EXPECT_EQ(ui.boards, 0);
+  EXPECT_EQ(d.s.CurrentPuzzleNumber, 1);
+  EXPECT_TRUE(d.ui.messages.empty());
+  EXPECT_EQ(d.ui.boards, 0);
 }
 
 TEST(Arrows, RandomDrawsEveryRecordIncludingTheCurrentOne) {
-  TempDir dir;
-  GameState s = Showing(dir.Write("p.vlm", Records(5)), 3);
-  s.rng = Random::Seeded(7);
-  test::RecordingUi ui;
+  Desk d(5, 3);
+  d.s.rng = Random::Seeded(7);
   std::set<int> seen;
   int repeats = 0;
   for (int i = 0; i < 200; ++i) {
-    const int before = s.CurrentPuzzleNumber;
-    Arrow(s, ui, kArrowRandom, i % 2 ? kRightButton : kLeftButton);
-    ASSERT_EQ(s.view.PuzTitle, "T" + std::to_string(s.CurrentPuzzleNumber));
-    seen.insert(s.CurrentPuzzleNumber);
-    repeats += s.CurrentPuzzleNumber == before;
+    const int before = d.s.CurrentPuzzleNumber;
+    arrowsMouseUp(d.s, d.ui, kArrowRandom, i % 2 ? kRightButton : kLeftButton);
+    ASSERT_EQ(d.s.view.PuzTitle, "T" + std::to_string(d.s.CurrentPuzzleNumber));
+    seen.insert(d.s.CurrentPuzzleNumber);
+    repeats += d.s.CurrentPuzzleNumber == before;
   }
   EXPECT_EQ(seen, (std::set<int>{1, 2, 3, 4, 5}));
   EXPECT_GT(repeats, 0);
 }
 
 TEST(TypedNumber, JumpsOnlyWithinTheFile) {
-  TempDir dir;
-  GameState s = Showing(dir.Write("p.vlm", Records(10)), 1);
-  test::RecordingUi ui;
-  s.view.PuzNumNow = " 7";
-  PuzNumNowEnter(s, ui);
-  EXPECT_EQ(s.view.PuzTitle, "T7");
-  EXPECT_EQ(s.view.PuzNumNow, "7");
+  Desk d(10, 1);
+  d.s.view.PuzNumNow = " 7";
+  PuzNumNowEnter(d.s, d.ui);
+  EXPECT_EQ(Shown(d.s), "7 of 10 T7");
+  EXPECT_EQ(d.s.view.PuzNumNow, "7");
   for (const char* typed : {"0", "11", "-1", "abc", "", "99999999999"}) {
-    s.view.PuzNumNow = typed;
-    PuzNumNowEnter(s, ui);
-    EXPECT_EQ(s.CurrentPuzzleNumber, 7) << typed;
-    EXPECT_EQ(s.view.PuzNumNow, typed);  // the typed text stays
+    d.s.view.PuzNumNow = typed;
+    PuzNumNowEnter(d.s, d.ui);
+    EXPECT_EQ(d.s.CurrentPuzzleNumber, 7) << typed;
+    EXPECT_EQ(d.s.view.PuzNumNow, typed);  // the typed text stays
   }
   GameState none;  // no current file: nothing to jump to
   none.view.PuzNumNow = "1";
-  PuzNumNowEnter(none, ui);
+  PuzNumNowEnter(none, d.ui);
   EXPECT_EQ(none.CurrentPuzzleNumber, 0);
-  EXPECT_TRUE(ui.messages.empty());
+  EXPECT_TRUE(d.ui.messages.empty());
 }
 
+// The delete command writes its work file velmora.tmp into the current folder.
 class Delete : public ::testing::Test {
  protected:
-  TempDir dir_, work_;
+  test::TempDir dir_, work_;
   test::InDirectory here_{work_.path()};
   test::RecordingUi ui_;
 };
 
 TEST_F(Delete, RemovesTheRecordKeepsLaterHeaderNumbersAndShowsItsNeighbour) {
-  // Deleting record n of five shows the new n for the first, else n - 1.
-  const struct {
-    int n, shown;
-    const char* title;
-  } cases[] = {{1, 1, "T2"}, {5, 4, "T4"}, {3, 2, "T2"}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.n);
+  // Deleting record n of five shows the new first record for n = 1, else n - 1.
+  const std::pair<int, const char*> cases[] = {{1, "1 of 4 T2"}, {5, "4 of 4 T4"}, {3, "2 of 4 T2"}};
+  for (const auto& [n, shown] : cases) {
+    SCOPED_TRACE(n);
     const std::string file = dir_.Write("p.vlm", "notes before\r\n" + Records(5));
-    GameState s = Showing(file, c.n);
+    GameState s = Showing(file, n);
     mnudelete(s, ui_);
     EXPECT_EQ(ui_.questions.back(), "Delete current puzzle from file:\r\n" + file);
     EXPECT_EQ(ui_.messages.back(), "Done");
     std::string expected = "notes before\r\n";
     for (int i = 1; i <= 5; ++i)
-      if (i != c.n) expected += Record(i, "T" + std::to_string(i), i - 1);
+      if (i != n) expected += Record(i, "T" + std::to_string(i), i - 1);
     EXPECT_EQ(dir_.Read("p.vlm"), expected);
-    EXPECT_EQ(work_.Read("velmora.tmp"), expected);  // the work file stays in the current folder
-    EXPECT_EQ(s.CurrentPuzzleNumber, c.shown);
-    EXPECT_EQ(s.view.PuzTitle, c.title);
-    EXPECT_EQ(s.view.MaxPuzCount, " of 4");
+    EXPECT_EQ(work_.Read("velmora.tmp"), expected);
+    EXPECT_EQ(Shown(s), shown);
   }
 }
 
 TEST_F(Delete, UsesTheNumberInTheBoxAndStopsAfterAHundredLines) {
   std::string stray;
   for (int i = 1; i <= 150; ++i) stray += "line" + std::to_string(i) + "\r\n";
-  const std::string file = dir_.Write("p.vlm", Record(1, "T1") + stray + Record(2, "T2", 1));
-  GameState s = Showing(file, 2);
+  GameState s = Showing(dir_.Write("p.vlm", Record(1, "T1") + stray + Record(2, "T2", 1)), 2);
   s.view.PuzNumNow = "1";
   mnudelete(s, ui_);
   const std::string after = dir_.Read("p.vlm");
@@ -363,7 +308,6 @@ TEST_F(Delete, RefusesOnOnePuzzleEvenWhenTheCountShownIsStaleAndOnNo) {
   EXPECT_EQ(ui_.questions.size(), 1u);
   EXPECT_EQ(ui_.messages, Strings(2, "There is only one puzzle in this file"));
   EXPECT_EQ(dir_.Read("one.vlm"), Record(1, "only"));
-
   GameState t = Showing(dir_.Write("two.vlm", Records(2)), 2);
   ui_.answer = false;
   mnudelete(t, ui_);
@@ -384,7 +328,7 @@ TEST_F(Delete, OriginalFileIsIntactWhenTheWorkFileOrTheReplacementCannotBeWritte
     std::string contents;
     ASSERT_TRUE(ReadWholeFile(file, contents));
     EXPECT_EQ(contents, Records(3));
-    EXPECT_EQ(s.view.PuzTitle, "T2");
+    EXPECT_EQ(Shown(s), "2 of 3 T2");
   }
 }
 
@@ -426,7 +370,7 @@ TEST_F(Delete, OriginalFileIsIntactInAReadOnlyFolder) {
 }
 
 TEST(FileWithoutRecord, MissingFileLfInputAndRecordsBeyondTheEnd) {
-  TempDir dir;
+  test::TempDir dir;
   std::string contents;
   EXPECT_FALSE(FileWithoutRecord(dir.File("missing.vlm"), 1, contents));
   const std::string file = dir.Write("lf.vlm", "#1\nt\n#2\nu");

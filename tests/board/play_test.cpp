@@ -1,10 +1,11 @@
 // Mouse play on the board, the status line and choosing a card.
+#include "board/play.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
 #include "board/geometry.h"
-#include "board/play.h"
 #include "model/rules.h"
 #include "model/undo.h"
 #include "recording_ui.h"
@@ -14,6 +15,7 @@ namespace velmora {
 namespace {
 
 using Strings = std::vector<std::string>;
+using Undo = std::deque<std::string>;
 
 int Card(int rank, int suit) { return (rank - 1) * 4 + suit; }
 float Mid(int index) { return static_cast<float>(kBoardMargin + (index - 1) * kCellSize + kCellSize / 2); }
@@ -21,149 +23,123 @@ float Mid(int index) { return static_cast<float>(kBoardMargin + (index - 1) * kC
 // Row 1 of this record: 3C, blank, JS, 8D, TH, blank, QS. Its blank (1,2)
 // sits beside 3C, JS and 1C (below); with 8D, TH, QS in the row and 1C, 2S,
 // 7H in the column only 5D, 6D and 9D of the deck are left for it.
-GameState Loaded() { return test::Loaded(test::SolvableFile()); }
-
-void Click(GameState& s, test::RecordingUi& ui, int button, int row, int col) {
-  Picture1MouseUp(s, ui, button, Mid(col), Mid(row));
-}
-std::string Status(GameState& s, int row, int col) {
+class Play : public ::testing::Test {
+ protected:
+  void Click(int button, int row, int col) { Picture1MouseUp(s, ui, button, Mid(col), Mid(row)); }
+  std::string StatusAt(int row, int col) {
+    Picture1MouseMove(s, ui, Mid(col), Mid(row));
+    return s.view.pb;
+  }
+  void Choose(const std::string& card) {
+    for (int list = 0; list < 4; ++list)
+      for (size_t i = 0; i < s.Remain[list].size(); ++i)
+        if (s.Remain[list][i] == card) RemainClick(s, ui, list, static_cast<int>(i));
+    ASSERT_EQ(s.SelectedCard, card);
+  }
+  GameState s = test::Loaded(test::SolvableFile());
   test::RecordingUi ui;
-  Picture1MouseMove(s, ui, Mid(col), Mid(row));
-  return s.view.pb;
-}
-void Choose(GameState& s, const std::string& card) {
-  test::RecordingUi ui;
-  for (int list = 0; list < 4; ++list)
-    for (size_t i = 0; i < s.Remain[list].size(); ++i)
-      if (s.Remain[list][i] == card) RemainClick(s, ui, list, static_cast<int>(i));
-  ASSERT_EQ(s.SelectedCard, card);
-}
+};
+using Status = Play;
+using MouseUp = Play;
 
-TEST(Status, CardFixedMarkAndEmptyCell) {
-  GameState s = Loaded();
-  EXPECT_EQ(Status(s, 1, 1), " Cell 1, Fixed=3C");
-  EXPECT_EQ(Status(s, 1, 2), " Cell 2, Options= 5D 6D 9D");
+TEST_F(Status, CardFixedMarkAndEmptyCell) {
+  EXPECT_EQ(StatusAt(1, 1), " Cell 1, Fixed=3C");
+  EXPECT_EQ(StatusAt(1, 2), " Cell 2, Options= 5D 6D 9D");
   s.Grid[2][5] = Card(12, 2);
-  EXPECT_EQ(Status(s, 2, 5), " Cell 12, Card=QH");
+  EXPECT_EQ(StatusAt(2, 5), " Cell 12, Card=QH");
   s.Grid[2][3] = -2;
-  EXPECT_EQ(Status(s, 2, 3), " Cell 10, Card= H");
+  EXPECT_EQ(StatusAt(2, 3), " Cell 10, Card= H");
   s.PuzzleGrid[2][3] = -2;
-  EXPECT_EQ(Status(s, 2, 3), " Cell 10, Fixed= H");
-  // The options shown are the saved ones, not the current ones.
-  s.CellOptions[1][2] = 0;
-  EXPECT_EQ(Status(s, 1, 2), " Cell 2, Options= 5D 6D 9D");
-  test::RecordingUi ui;
-  Picture1MouseMove(s, ui, 6000, 100);
-  EXPECT_EQ(s.view.pb, "");
+  EXPECT_EQ(StatusAt(2, 3), " Cell 10, Fixed= H");
+  s.CellOptions[1][2] = 0;  // the options shown are the saved ones
+  EXPECT_EQ(StatusAt(1, 2), " Cell 2, Options= 5D 6D 9D");
+  EXPECT_EQ(StatusAt(1, 9), "");  // off the board
   s.view.pb = "kept";
   s.Solving = 1;
-  Picture1MouseMove(s, ui, Mid(1), Mid(1));
-  EXPECT_EQ(s.view.pb, "kept");
+  EXPECT_EQ(StatusAt(1, 1), "kept");
 }
 
-TEST(MouseUp, LabelsShowTheCellAndABorderBelongsToTheSmallerRow) {
-  GameState s = Loaded();
-  test::RecordingUi ui;
+TEST_F(MouseUp, LabelsShowTheCellAndABorderBelongsToTheSmallerRow) {
   Picture1MouseUp(s, ui, kLeftButton, Mid(4), 30 + 2 * 810);  // between rows 2 and 3
-  EXPECT_EQ(s.view.Label3, "2");
-  EXPECT_EQ(s.view.Label4, "4");
+  EXPECT_EQ(s.view.Label3 + s.view.Label4, "24");
   Picture1MouseUp(s, ui, kLeftButton, 30 + 810, Mid(5));  // between columns 1 and 2
-  EXPECT_EQ(s.view.Label4, "1");
+  EXPECT_EQ(s.view.Label3 + s.view.Label4, "51");
   Picture1MouseUp(s, ui, kRightButton, 5701, Mid(1));
-  EXPECT_EQ(s.view.Label3, "0");
-  EXPECT_EQ(s.view.Label4, "0");
+  EXPECT_EQ(s.view.Label3 + s.view.Label4, "00");
   EXPECT_TRUE(s.UndoList.empty());
 }
 
-TEST(MouseUp, RefusalsAreSilentAndChangeNothing) {
-  GameState s = Loaded();
+TEST_F(MouseUp, RefusalsAreSilentAndChangeNothing) {
   const GameState before = s;
-  test::RecordingUi ui;
-  Click(s, ui, kLeftButton, 1, 2);  // nothing chosen
+  Click(kLeftButton, 1, 2);  // nothing chosen
   EXPECT_EQ(s.view.Label3, "1");
-  Choose(s, "5D");
-  Click(s, ui, kLeftButton, 1, 1);  // a given card
-  Click(s, ui, 3, 1, 2);            // neither left nor right
-  Choose(s, "3H");
-  Click(s, ui, kLeftButton, 1, 2);  // no heart among the saved options
-  s.SelectedCard = "ZZ";            // no such card
-  Click(s, ui, kLeftButton, 1, 2);
-  Click(s, ui, kRightButton, 1, 2);  // already empty
+  Choose("5D");
+  Click(kLeftButton, 1, 1);  // a given card
+  Click(3, 1, 2);            // neither left nor right
+  Choose("3H");
+  Click(kLeftButton, 1, 2);  // no heart among the saved options
+  s.SelectedCard = "ZZ";     // no such card
+  Click(kLeftButton, 1, 2);
+  Click(kRightButton, 1, 2);  // already empty
   EXPECT_EQ(s.Grid, before.Grid);
   EXPECT_TRUE(s.UndoList.empty());
   EXPECT_TRUE(ui.messages.empty());
   EXPECT_TRUE(ui.cells.empty());
 }
 
-TEST(MouseUp, PlacementTestsTheSuitOnly) {
-  GameState s = Loaded();
-  test::RecordingUi ui;
-  Choose(s, "7D");  // 7 is barred in row 1's blank, but diamonds are not
-  Click(s, ui, kLeftButton, 1, 2);
+TEST_F(MouseUp, PlacementTestsTheSuitOnlyAndAnExchangeLeavesTwoUndoEntries) {
+  Choose("7D");  // 7 is barred in row 1's blank, but diamonds are not
+  Click(kLeftButton, 1, 2);
   EXPECT_EQ(s.Grid[1][2], Card(7, 3));
   EXPECT_EQ(s.SelectedCard, "");
   EXPECT_EQ(ui.cells, Strings{"7,D,1,2"});
-  EXPECT_EQ(s.UndoList, std::deque<std::string>{" 1, 2, 0"});
+  EXPECT_EQ(s.UndoList, Undo{" 1, 2, 0"});
   for (const auto& item : s.Remain[2]) EXPECT_NE(item, "7D");
-}
-
-TEST(MouseUp, ExchangeWithinASuitLeavesTwoUndoEntries) {
-  GameState s = Loaded();
-  test::RecordingUi ui;
-  Choose(s, "5D");
-  Click(s, ui, kLeftButton, 1, 2);
-  Choose(s, "3H");
-  Click(s, ui, kLeftButton, 1, 2);  // another suit: refused
-  EXPECT_EQ(s.Grid[1][2], Card(5, 3));
-  Choose(s, "9D");
-  Click(s, ui, kLeftButton, 1, 2);
+  Choose("3H");
+  Click(kLeftButton, 1, 2);  // another suit: refused
+  EXPECT_EQ(s.Grid[1][2], Card(7, 3));
+  Choose("9D");
+  Click(kLeftButton, 1, 2);
   EXPECT_EQ(s.Grid[1][2], Card(9, 3));
-  EXPECT_EQ(s.UndoList, (std::deque<std::string>{" 1, 2, 0", " 1, 2, 19", " 1, 2, 0"}));
-  EXPECT_NE(std::find(s.Remain[2].begin(), s.Remain[2].end(), "5D"), s.Remain[2].end());
+  EXPECT_EQ(s.UndoList, (Undo{" 1, 2, 0", " 1, 2, 27", " 1, 2, 0"}));
+  EXPECT_NE(std::find(s.Remain[2].begin(), s.Remain[2].end(), "7D"), s.Remain[2].end());
   UndoLast(s, ui);
   UndoLast(s, ui);
-  EXPECT_EQ(s.Grid[1][2], Card(5, 3));
+  EXPECT_EQ(s.Grid[1][2], Card(7, 3));
 }
 
-TEST(MouseUp, RightClickEmptiesEvenAGivenCardAndAGivenMarkTakesAnyCard) {
-  GameState s = Loaded();
+TEST_F(MouseUp, RightClickEmptiesEvenAGivenCardAndAGivenMarkTakesAnyCard) {
   s.SelectedCard = "5D";
-  test::RecordingUi ui;
-  Click(s, ui, kRightButton, 1, 1);
+  Click(kRightButton, 1, 1);
   EXPECT_EQ(s.Grid[1][1], 0);
-  EXPECT_EQ(s.UndoList, std::deque<std::string>{" 1, 1, 12"});
+  EXPECT_EQ(s.UndoList, Undo{" 1, 1, 12"});
   EXPECT_EQ(s.SelectedCard, "");
   EXPECT_EQ(ui.cells, Strings{"-1,,1,1"});
   EXPECT_EQ(s.Remain[3].front(), "3C");  // 3C is free again
-
   s.Grid[1][2] = s.PuzzleGrid[1][2] = -1;
   UpdateOptions(s, 1);
-  Choose(s, "3H");
-  Click(s, ui, kLeftButton, 1, 2);
+  Choose("3H");
+  Click(kLeftButton, 1, 2);
   EXPECT_EQ(s.Grid[1][2], Card(3, 2));
 }
 
-TEST(MouseUp, LastCardShowsDone) {
-  GameState s = Loaded();
+TEST_F(MouseUp, LastCardShowsDone) {
   s.Grid = s.SolutionGrid;
   s.Grid[1][2] = 0;
   UpdateOptions(s, 1);
-  test::RecordingUi ui;
-  Choose(s, "9D");
-  Click(s, ui, kLeftButton, 1, 2);
+  Choose("9D");
+  Click(kLeftButton, 1, 2);
   EXPECT_EQ(ui.messages, Strings{"Done"});
 }
 
-TEST(MouseUp, WhileSolvingAClickOnlyAsksToCancel) {
-  GameState s = Loaded();
+TEST_F(MouseUp, WhileSolvingAClickOnlyAsksToCancel) {
   s.Solving = 1;
   s.SelectedCard = "5D";
-  test::RecordingUi ui;
   ui.answer = false;
-  Click(s, ui, kLeftButton, 1, 2);
+  Click(kLeftButton, 1, 2);
   EXPECT_EQ(s.CancelRequest, 0);
   ui.answer = true;
-  Click(s, ui, kRightButton, 1, 1);
+  Click(kRightButton, 1, 1);
   EXPECT_EQ(s.CancelRequest, 1);
   EXPECT_EQ(ui.questions, (Strings{"Cancel Solution?", "Cancel Solution?"}));
   EXPECT_EQ(s.Grid[1][2], 0);
@@ -171,9 +147,7 @@ TEST(MouseUp, WhileSolvingAClickOnlyAsksToCancel) {
   EXPECT_EQ(s.view.Label3, "");
 }
 
-TEST(RemainClick, ChoosesOneItemAndIgnoresNoCurrentItem) {
-  GameState s = Loaded();
-  test::RecordingUi ui;
+TEST_F(Play, RemainClickChoosesOneItemAndIgnoresNoCurrentItem) {
   RemainClick(s, ui, 1, 0);
   EXPECT_EQ(s.SelectedCard, s.Remain[1][0]);
   for (const auto& [list, item] : {std::pair{2, -1}, {2, 99}, {7, 0}}) RemainClick(s, ui, list, item);

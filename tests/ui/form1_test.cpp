@@ -17,9 +17,9 @@ using test::Window;
 
 TEST(Form1StartUp, FirstRunSaysSoOnceAndShowsFortyNineEmptyOutlinedCells) {
   Window win;
-  EXPECT_EQ(win.hand.texts, std::vector<std::string>{"Configuration file:\n" + win.folder.dir.File("velmora.cfg") +
+  EXPECT_EQ(win.hand.texts, std::vector<std::string>{"Configuration file:\n" + win.dir.File("velmora.cfg") +
                                                       "\ncould not be accessed, new file will be created"});
-  EXPECT_NE(win.folder.Config().find("\r\ndefault.col\r\n\r\n1\r\n"), std::string::npos) << win.folder.Config();
+  EXPECT_NE(win.Config().find("\r\ndefault.col\r\n\r\n1\r\n"), std::string::npos) << win.Config();
   EXPECT_EQ(win.Text("PuzNumNow"), "");
   EXPECT_EQ(win.w.windowTitle(), "Velmora");
   int empty = 0;
@@ -39,7 +39,7 @@ TEST(Form1StartUp, RemembersFileNumberAndSchemeAndTheHiddenButtonReappliesColour
   EXPECT_EQ(win.Text("PuzNumNow"), "2");
   EXPECT_EQ(win.Text("MaxPuzCount"), " of 3");
   EXPECT_EQ(win.Text("PuzTitle"), "Sample 2");
-  EXPECT_EQ(win.w.windowTitle(), QString::fromStdString("File: " + win.folder.dir.File("puzzles.vlm")));
+  EXPECT_EQ(win.w.windowTitle(), QString::fromStdString("File: " + win.Puzzles()));
   // The suit panels list the cards still to place, none of another suit.
   int cards = 0;
   for (int i = 0; i < 4; ++i) {
@@ -68,17 +68,17 @@ TEST(Form1StartUp, DefaultSchemeTakesTheSystemBackground) {
 
 TEST(Form1Exit, NoKeepsRunningYesSavesCloseBoxDoesNot) {
   Window win(2);
-  const std::string before = win.folder.Config();
+  const std::string before = win.Config();
   win.hand.Answer(QMessageBox::No);
   win.Get<QPushButton>("cmdexit")->click();
   EXPECT_EQ(win.hand.texts, std::vector<std::string>{"Exit?"});
   EXPECT_TRUE(win.w.isVisible());
-  EXPECT_EQ(win.folder.Config(), before);
+  EXPECT_EQ(win.Config(), before);
 
   win.w.close();  // the close box: no question, nothing written
   EXPECT_FALSE(win.w.isVisible());
   EXPECT_EQ(win.hand.texts.size(), 1u);
-  EXPECT_EQ(win.folder.Config(), before);
+  EXPECT_EQ(win.Config(), before);
 
   win.w.show();
   win.s().CurrentPuzzleNumber = 3;
@@ -86,7 +86,7 @@ TEST(Form1Exit, NoKeepsRunningYesSavesCloseBoxDoesNot) {
   win.Trigger("mnuexit");
   EXPECT_EQ(win.hand.texts.size(), 2u);
   EXPECT_FALSE(win.w.isVisible());
-  EXPECT_NE(win.folder.Config().find("\r\ndefault.col\r\n" + win.folder.dir.File("puzzles.vlm") + "\r\n 3 \r\n"),
+  EXPECT_NE(win.Config().find("\r\ndefault.col\r\n" + win.Puzzles() + "\r\n 3 \r\n"),
             std::string::npos);
 }
 
@@ -118,7 +118,7 @@ TEST(Form1Help, HelpPageNavigatesAndAboutShowsVersionAndClosesWithTheWindow) {
   }
   auto* back = test::Child<QPushButton>(help, "cmdback");
   EXPECT_FALSE(back->isEnabled());
-  browser->setSource(QUrl::fromLocalFile(QString::fromStdString(win.folder.dir.File("velmora.htm"))).resolved(QUrl("#menus")));
+  browser->setSource(QUrl::fromLocalFile(QString::fromStdString(win.dir.File("velmora.htm"))).resolved(QUrl("#menus")));
   back->click();
   EXPECT_TRUE(test::Child<QPushButton>(help, "cmdforward")->isEnabled());
   test::Child<QPushButton>(help, "cmdhelpexit")->click();

@@ -1,5 +1,5 @@
-// Helpers for the desktop tests: a program folder per test, hands that answer
-// the real message boxes and file dialogs, mouse events and board pixels.
+// Helpers for the desktop tests: the main window over its own program folder,
+// hands that answer the real message boxes and file dialogs, mouse clicks.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -24,24 +24,6 @@
 #include "test_support.h"
 
 namespace velmora::test {
-
-// A folder laid out like the program's: schemes, help page and sample puzzles.
-class ProgramFolder {
- public:
-  ProgramFolder() {
-    for (const char* name : {"all.col", "velmora.htm"}) {
-      std::filesystem::copy_file(std::string(VELMORA_DATA_DIR) + "/" + name, dir.File(name));
-    }
-    std::filesystem::copy_file(SampleFile(), dir.File("puzzles.vlm"));
-  }
-  // A configuration that remembers `number` of the folder's puzzles.vlm.
-  void Remember(int number, const std::string& scheme = "default.col") {
-    dir.Write("velmora.cfg", "t\r\n" + scheme + "\r\n" + dir.File("puzzles.vlm") + "\r\n " +
-                                 std::to_string(number) + " \r\n");
-  }
-  std::string Config() const { return dir.Read("velmora.cfg"); }
-  TempDir dir;
-};
 
 // Runs `poll` every few milliseconds while modal dialogs wait for an answer.
 class Poller {
@@ -140,15 +122,22 @@ inline void Click(QWidget* w, Qt::MouseButton button = Qt::LeftButton, QPointF p
   QApplication::sendEvent(w, &release);
 }
 
-// The main window started over a program folder that remembers puzzle
-// `number` (none: a first run), then shown.
+// The main window started over a folder laid out like the program's
+// (schemes, help page, the sample puzzles as puzzles.vlm) whose
+// configuration remembers puzzle `number` (none: a first run); then shown.
 struct Window {
   explicit Window(int number = 0, const std::string& scheme = "default.col") {
-    if (number > 0) folder.Remember(number, scheme);
-    w.StartUp(folder.dir.path());
+    for (const char* name : {"all.col", "velmora.htm"})
+      std::filesystem::copy_file(std::string(VELMORA_DATA_DIR) + "/" + name, dir.File(name));
+    std::filesystem::copy_file(SampleFile(), Puzzles());
+    if (number > 0)
+      dir.Write("velmora.cfg", "t\r\n" + scheme + "\r\n" + Puzzles() + "\r\n " + std::to_string(number) + " \r\n");
+    w.StartUp(dir.path());
     w.show();
     QApplication::processEvents();
   }
+  std::string Puzzles() const { return dir.File("puzzles.vlm"); }
+  std::string Config() const { return dir.Read("velmora.cfg"); }
   GameState& s() { return w.State(); }
   template <typename T = QWidget>
   T* Get(const char* name) {
@@ -168,7 +157,7 @@ struct Window {
     return image.pixelColor(static_cast<int>(px.x()), static_cast<int>(px.y()));
   }
 
-  ProgramFolder folder;
+  TempDir dir;
   DialogHand hand;
   Form1 w;
 };

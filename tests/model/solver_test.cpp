@@ -177,22 +177,26 @@ TEST(SolveGrid, StopsWithoutGuessingAndKeepsWhatItDeduced) {
   EXPECT_GT(deduced, 0);
 }
 
+// The solution with `blanks` random cells changed: most emptied, some made
+// suit-only marks, some wrong cards, to reach the quirks (duplicate fills,
+// marks replaced by other suits, cells left without options).
+GameState Scrambled(const GameState& full, std::mt19937& rng, int blanks) {
+  GameState s = full;
+  s.Grid = s.SolutionGrid;
+  for (int b = 0; b < blanks; ++b) {
+    const int r = 1 + static_cast<int>(rng() % 7), c = 1 + static_cast<int>(rng() % 7);
+    const unsigned kind = rng() % 10;
+    s.Grid[r][c] = kind == 0 ? -static_cast<int>(1 + rng() % 4) : (kind == 1 ? 1 + static_cast<int>(rng() % 52) : 0);
+  }
+  return s;
+}
+
 TEST(SolveGrid, AgreesWithTheLiteralStepsOnManyBoards) {
   for (int n = 1; n <= 3; ++n) ExpectSameAsReference(Load(test::SampleFile(), n), "sample " + std::to_string(n));
   const GameState full = Load(SolvableFile(), 1);
   std::mt19937 rng(20240611);
   for (int trial = 0; trial < 300; ++trial) {
-    GameState s = full;
-    s.Grid = s.SolutionGrid;
-    const int blanks = 10 + trial % 30;
-    for (int b = 0; b < blanks; ++b) {
-      const int r = 1 + static_cast<int>(rng() % 7), c = 1 + static_cast<int>(rng() % 7);
-      // Some blanks become suit-only marks, some wrong cards, to reach the
-      // quirks: duplicate fills, marks replaced by other suits.
-      const unsigned kind = rng() % 10;
-      s.Grid[r][c] = kind == 0 ? -static_cast<int>(1 + rng() % 4) : (kind == 1 ? 1 + static_cast<int>(rng() % 52) : 0);
-    }
-    ExpectSameAsReference(s, "trial " + std::to_string(trial));
+    ExpectSameAsReference(Scrambled(full, rng, 10 + trial % 30), "trial " + std::to_string(trial));
     if (HasFailure()) return;
   }
 }
@@ -270,14 +274,7 @@ TEST(SolveGridTrial, SameResultAsSolveGridAndTheBoardUntouched) {
   const GameState full = Load(SolvableFile(), 1);
   std::mt19937 rng(77);
   for (int trial = 0; trial < 400; ++trial) {
-    GameState s = full;
-    s.Grid = s.SolutionGrid;
-    const int blanks = 5 + trial % 35;
-    for (int b = 0; b < blanks; ++b) {
-      const int r = 1 + static_cast<int>(rng() % 7), c = 1 + static_cast<int>(rng() % 7);
-      const unsigned kind = rng() % 12;
-      s.Grid[r][c] = kind == 0 ? -static_cast<int>(1 + rng() % 4) : (kind == 1 ? 1 + static_cast<int>(rng() % 52) : 0);
-    }
+    GameState s = Scrambled(full, rng, 5 + trial % 35);
     s.CellOptions[3][3] = 12345;  // whatever the options held stays
     const GameState before = s;
     GameState literal = s;

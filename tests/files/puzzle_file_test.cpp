@@ -4,7 +4,6 @@
 #include <filesystem>
 
 #include "files/puzzle_file.h"
-#include "model/rules.h"
 #include "recording_ui.h"
 #include "test_support.h"
 
@@ -72,21 +71,6 @@ TEST(LoadPuzzle, TitleBeginningWithHashIsNotAHeader) {
   EXPECT_EQ(Load(s, file, 2, &title), 0);
   EXPECT_EQ(title, "second");
   EXPECT_EQ(Load(s, file, 3), 1);
-}
-
-TEST(LoadPuzzle, EmptyRowWithSolutionLettersAndTheDeck) {
-  TempDir dir;
-  GameState s;
-  ASSERT_EQ(Load(s, dir.Write("p.vlm", Record("#1", "t")), 1), 0);
-  for (int c = 1; c <= 7; ++c) {
-    EXPECT_EQ(s.Grid[1][c], 0);
-    EXPECT_EQ(s.SolutionGrid[1][c], c);
-  }
-  // Only cards 1..7 are in this deck.
-  EXPECT_FALSE(s.CardCodes.IsAbsent(7));
-  EXPECT_TRUE(s.CardCodes.IsAbsent(8));
-  EXPECT_EQ(s.CellOptionsSaved, s.CellOptions);
-  EXPECT_EQ(OptionText(s.CellOptions[1][1]).substr(0, 6), " 1S 1H");
 }
 
 TEST(LoadPuzzle, MissingRecordLeavesBoardAndDisplayUntouched) {

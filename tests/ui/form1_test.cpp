@@ -58,14 +58,6 @@ TEST(Form1StartUp, RemembersFileNumberAndSchemeAndTheHiddenButtonReappliesColour
   EXPECT_EQ(win.Pixel(10, 10), QColor(0x60, 0x40, 0x20));
 }
 
-TEST(Form1StartUp, DefaultSchemeTakesTheSystemBackground) {
-  const QColor system = QApplication::palette().color(QPalette::Button);
-  Window win(1, "DEFAULT.col");  // named in another case: not found, then default.col
-  EXPECT_EQ(win.hand.texts, std::vector<std::string>{"Color Scheme: DEFAULT.col not found"});
-  EXPECT_EQ(win.w.palette().color(QPalette::Window), system);
-  EXPECT_EQ(win.Get<QPushButton>("UndoEdit")->palette().color(QPalette::Button), QColor(240, 240, 240));
-}
-
 TEST(Form1Exit, NoKeepsRunningYesSavesCloseBoxDoesNot) {
   Window win(2);
   const std::string before = win.Config();

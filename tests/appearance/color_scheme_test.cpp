@@ -32,13 +32,6 @@ struct SchemeRun {
   }
 };
 
-TEST(ColorValues, RedIsTheLowByte) {
-  EXPECT_EQ(Rgb(10, 20, 30), 10u + 20u * 256 + 30u * 65536);
-  EXPECT_EQ(RedOf(Rgb(10, 20, 30)), 10);
-  EXPECT_EQ(GreenOf(Rgb(10, 20, 30)), 20);
-  EXPECT_EQ(BlueOf(Rgb(10, 20, 30)), 30);
-}
-
 TEST(ReadColorScheme, LoadsTheNamedSchemeAndCopiesElementThreeToFive) {
   SchemeRun run(SchemeText("default.col", 0) + SchemeText("sea.col", 100));
   ASSERT_TRUE(ReadColorScheme(run.s, run.ui, "sea.col"));
@@ -50,8 +43,7 @@ TEST(ReadColorScheme, LoadsTheNamedSchemeAndCopiesElementThreeToFive) {
 }
 
 TEST(ReadColorScheme, ReadsBlankPaddedFieldsAndToleratesLfAndOddValues) {
-  std::string text = "odd.col\n 10; 20; 30\n";
-  text += "300;-5; 7.6\n";  // clamped and rounded
+  std::string text = "odd.col\n 10; 20; 30\n300;-5; 7.6\n";  // clamped and rounded
   for (int i = 2; i < 13; ++i) text += " 1; 1; 1\n";
   SchemeRun run(text);
   ASSERT_TRUE(ReadColorScheme(run.s, run.ui, "odd.col"));
@@ -63,12 +55,10 @@ TEST(ReadColorScheme, MissingNameFallsBackToDefaultWithTheMessage) {
   SchemeRun run(SchemeText("default.col", 0));
   run.s.ColorSchemeName = "gone.col";
   EXPECT_FALSE(ReadColorScheme(run.s, run.ui, "gone.col"));
-  ASSERT_EQ(run.ui.messages.size(), 1u);
-  EXPECT_EQ(run.ui.messages[0], "Color Scheme: gone.col not found");
+  EXPECT_EQ(run.ui.messages, std::vector<std::string>{"Color Scheme: gone.col not found"});
   EXPECT_EQ(run.s.ColorSchemeName, "default.col");
   EXPECT_EQ(run.s.Scheme[2], Rgb(1, 2, 3));  // nothing was read
-  // The match is exact: case and surrounding blanks count.
-  EXPECT_FALSE(ReadColorScheme(run.s, run.ui, "Default.col"));
+  EXPECT_FALSE(ReadColorScheme(run.s, run.ui, "Default.col"));  // the match is exact
 }
 
 TEST(ReadColorScheme, DamagedOrMissingFilesFailWithoutThrowing) {

@@ -26,20 +26,15 @@ inline std::string Quote(const std::string& arg) {
 // pipe deadlock), capturing standard output only.
 inline CliResult RunCli(const std::vector<std::string>& args, const std::string& input = "") {
   char inPath[] = "/tmp/velmora-cli-in-XXXXXX";
-  const int fd = ::mkstemp(inPath);
-  if (fd >= 0) {
-    if (!input.empty() && ::write(fd, input.data(), input.size()) < 0) {
-    }
-    ::close(fd);
-  }
+  if (const int fd = ::mkstemp(inPath); fd >= 0) ::close(fd);
+  std::ofstream(inPath, std::ios::binary) << input;
   std::string command = Quote(VELMORA_CLI);
   for (const auto& a : args) command += " " + Quote(a);
   command += " <" + Quote(inPath) + " 2>/dev/null";
   CliResult result;
   if (std::FILE* p = ::popen(command.c_str(), "r")) {
     char buffer[4096];
-    size_t n;
-    while ((n = std::fread(buffer, 1, sizeof buffer, p)) > 0) result.out.append(buffer, n);
+    for (size_t n; (n = std::fread(buffer, 1, sizeof buffer, p)) > 0;) result.out.append(buffer, n);
     const int status = ::pclose(p);
     result.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }

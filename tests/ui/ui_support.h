@@ -57,16 +57,10 @@ class DialogHand {
     QMessageBox* box = ModalDialog<QMessageBox>();
     if (!box) return;
     texts.push_back(box->text().toStdString());
-    QMessageBox::StandardButton b = QMessageBox::Ok;
-    if (!answers_.empty()) {
-      b = answers_.front();
-      answers_.pop_front();
-    }
-    if (QAbstractButton* button = box->button(b)) {
-      button->click();
-    } else {
-      box->reject();
-    }
+    const QMessageBox::StandardButton b = answers_.empty() ? QMessageBox::Ok : answers_.front();
+    if (!answers_.empty()) answers_.pop_front();
+    QAbstractButton* button = box->button(b);
+    button ? button->click() : box->reject();  // an unexpected box must not hang the test
   }
   std::deque<QMessageBox::StandardButton> answers_;
   Poller poller_{[this] { Poll(); }};
@@ -93,12 +87,9 @@ class FileDialogHand {
                     dialog->acceptMode() == QFileDialog::AcceptSave});
     const std::string name = answers_.empty() ? std::string() : answers_.front();
     if (!answers_.empty()) answers_.pop_front();
-    if (name.empty()) {
-      dialog->reject();
-    } else {
-      dialog->selectFile(QString::fromStdString(name));
-      QMetaObject::invokeMethod(dialog, "accept");
-    }
+    if (name.empty()) return dialog->reject();
+    dialog->selectFile(QString::fromStdString(name));
+    QMetaObject::invokeMethod(dialog, "accept");
   }
   std::deque<std::string> answers_;
   Poller poller_{[this] { Poll(); }};

@@ -116,16 +116,14 @@ inline std::vector<std::string> Headers(const std::string& text) {
 // warns about inside the standard library.
 inline bool IsAutomaticTitle(const std::string& title, const std::string& level = "") {
   const size_t blank = title.find(' ');
-  const std::string name = title.substr(0, blank);
-  if (name != "Easy" && name != "Hard" && name != "VHard") return false;
-  if (!level.empty() && name != level) return false;
-  const std::string when = blank == std::string::npos ? "" : title.substr(blank + 1);
-  const std::string form = "00/00/0000 00:00:00";
-  if (when.size() != form.size()) return false;
-  for (size_t i = 0; i < form.size(); ++i) {
-    if (form[i] == '0' ? !std::isdigit(static_cast<unsigned char>(when[i])) : when[i] != form[i]) return false;
+  const std::string name = title.substr(0, blank), form = " 00/00/0000 00:00:00";
+  bool ok = (name == "Easy" || name == "Hard" || name == "VHard") && (level.empty() || name == level) &&
+            title.size() == name.size() + form.size();
+  for (size_t i = 0; ok && i < form.size(); ++i) {
+    const char c = title[name.size() + i];
+    ok = form[i] == '0' ? std::isdigit(static_cast<unsigned char>(c)) != 0 : c == form[i];
   }
-  return true;
+  return ok;
 }
 
 }  // namespace velmora::test

@@ -78,6 +78,17 @@ std::vector<Record> Records(const std::string& text) {
   return records;
 }
 
+class Create : public ::testing::Test {
+ protected:
+  Desk d;
+  CreateUi ui{d.s};
+};
+using CreateGuard = Create;
+using OnePuzzle = Create;
+using MultiplePuzzles = Create;
+using CreateFailures = Create;
+using MakePuzzlesButton = Create;
+
 Form3Values Batch(const std::string& file, const std::string& n, int level, const std::string& title = "") {
   Form3Values form;
   form.Text1 = n;
@@ -89,11 +100,9 @@ Form3Values Batch(const std::string& file, const std::string& n, int level, cons
   return form;
 }
 
-TEST(CreateGuard, AllThreeCommandsRefuseWhileAutoSolveRuns) {
-  Desk d;
+TEST_F(CreateGuard, AllThreeCommandsRefuseWhileAutoSolveRuns) {
   const std::string out = d.dir.File("out.vlm");
   d.s.Solving = 1;
-  CreateUi ui(d.s);
   mnunewrandpuzx(d.s, ui);
   mnumultipuzx(d.s, ui, Batch(out, "2", kLevelEasy));
   cmdmakepuzzles(d.s, ui, kLevelEasy);
@@ -103,10 +112,8 @@ TEST(CreateGuard, AllThreeCommandsRefuseWhileAutoSolveRuns) {
   for (const std::string& file : {out, d.Temporary(), d.dir.File("puzzles_new.vlm")}) EXPECT_FALSE(FileExists(file));
 }
 
-TEST(OnePuzzle, AppendsToTheTemporaryFileShowsItAndSaysTheLevel) {
-  Desk d;
+TEST_F(OnePuzzle, AppendsToTheTemporaryFileShowsItAndSaysTheLevel) {
   d.dir.Write("TemporaryPuzzleFile.vlm", test::Records(2));  // the new puzzle is the third
-  CreateUi ui(d.s);
   mnunewrandpuzx(d.s, ui);
 
   const std::vector<Record> records = Records(d.dir.Read("TemporaryPuzzleFile.vlm"));
@@ -130,9 +137,8 @@ TEST(OnePuzzle, AppendsToTheTemporaryFileShowsItAndSaysTheLevel) {
   EXPECT_FALSE(ui.busy);
 }
 
-TEST(OnePuzzle, CancelStartsThePuzzleOverInsteadOfEndingTheCommand) {
-  Desk d(3);
-  CreateUi ui(d.s);
+TEST_F(OnePuzzle, CancelStartsThePuzzleOverInsteadOfEndingTheCommand) {
+  d.s.rng = Random::Seeded(3);
   int cancels = 0;
   ui.onYield = [&] {
     if (cancels++ == 0) cmdcancel(d.s, ui);
@@ -151,10 +157,8 @@ TEST(OnePuzzle, CancelStartsThePuzzleOverInsteadOfEndingTheCommand) {
     for (int c = 1; c <= 7; ++c) EXPECT_GE(d.s.SolutionGrid[r][c], 1);
 }
 
-TEST(MultiplePuzzles, NothingHappensUnlessTheDialogSaidCreate) {
-  Desk d;
+TEST_F(MultiplePuzzles, NothingHappensUnlessTheDialogSaidCreate) {
   const std::string out = d.dir.File("out.vlm");
-  CreateUi ui(d.s);
   for (const char* result : {"X", "", "y"}) {
     Form3Values form = Batch(out, "2", kLevelEasy);
     form.result = result;
@@ -165,11 +169,9 @@ TEST(MultiplePuzzles, NothingHappensUnlessTheDialogSaidCreate) {
   EXPECT_FALSE(FileExists(out));
 }
 
-TEST(MultiplePuzzles, NumbersOnAfterTheRecordsInTheFileWithAutomaticTitlesForABlankOne) {
-  Desk d;
+TEST_F(MultiplePuzzles, NumbersOnAfterTheRecordsInTheFileWithAutomaticTitlesForABlankOne) {
   const std::string out = d.dir.Write("out.vlm", test::Records(12));
   const Board<int32_t> shown = d.s.Grid;
-  CreateUi ui(d.s);
   mnumultipuzx(d.s, ui, Batch(out, "3", kLevelEasy, "   "));
 
   const std::vector<Record> records = Records(d.dir.Read("out.vlm"));
@@ -197,17 +199,17 @@ TEST(MultiplePuzzles, NumbersOnAfterTheRecordsInTheFileWithAutomaticTitlesForABl
   EXPECT_FALSE(FileExists(d.Temporary()));
 }
 
-TEST(MultiplePuzzles, NumberIsReadLenientlyAndAnOwnTitleGoesOnEveryPuzzle) {
+TEST_F(MultiplePuzzles, NumberIsReadLenientlyAndAnOwnTitleGoesOnEveryPuzzle) {
   const std::pair<const char*, int> cases[] = {{"abc", 0}, {"", 0}, {"-2", 0}, {"99999999999", 0}, {"2 puzzles", 2}};
   for (const auto& [text, made] : cases) {
     SCOPED_TRACE(text);
-    Desk d(5);
-    const std::string out = d.dir.File("new.vlm");  // created by the first append
-    CreateUi ui(d.s);
-    mnumultipuzx(d.s, ui, Batch(out, text, kLevelHard, " My set "));
-    EXPECT_EQ(ui.messages, Strings{Str(made) + " new puzzles added to file:\r\n" + out});
-    EXPECT_EQ(d.s.view.pb, " Done");
-    const std::vector<Record> records = Records(d.dir.Read("new.vlm"));
+    Desk run(5);
+    const std::string out = run.dir.File("new.vlm");  // created by the first append
+    CreateUi runUi(run.s);
+    mnumultipuzx(run.s, runUi, Batch(out, text, kLevelHard, " My set "));
+    EXPECT_EQ(runUi.messages, Strings{Str(made) + " new puzzles added to file:\r\n" + out});
+    EXPECT_EQ(run.s.view.pb, " Done");
+    const std::vector<Record> records = Records(run.dir.Read("new.vlm"));
     ASSERT_EQ(records.size(), static_cast<size_t>(made));
     for (int i = 0; i < made; ++i) {
       EXPECT_EQ(records[static_cast<size_t>(i)].header, "#" + std::to_string(i + 1));
@@ -217,11 +219,9 @@ TEST(MultiplePuzzles, NumberIsReadLenientlyAndAnOwnTitleGoesOnEveryPuzzle) {
   }
 }
 
-TEST(MultiplePuzzles, DisplayOnlyNeverTouchesTheOutputFile) {
-  Desk d;
+TEST_F(MultiplePuzzles, DisplayOnlyNeverTouchesTheOutputFile) {
   const std::string out = d.dir.Write("out.vlm", test::Records(4));
   d.dir.Write("TemporaryPuzzleFile.vlm", test::Records(1));
-  CreateUi ui(d.s);
   Form3Values form = Batch(out, "5", kLevelEasy, "Ignored title");
   form.Check1 = true;
   mnumultipuzx(d.s, ui, form);
@@ -238,10 +238,9 @@ TEST(MultiplePuzzles, DisplayOnlyNeverTouchesTheOutputFile) {
   EXPECT_FALSE(d.s.view.Frame1Visible);
 }
 
-TEST(MultiplePuzzles, CancelEndsTheBatchAndCountsThePuzzleItCutShort) {
-  Desk d(9);
+TEST_F(MultiplePuzzles, CancelEndsTheBatchAndCountsThePuzzleItCutShort) {
+  d.s.rng = Random::Seeded(9);
   const std::string out = d.dir.Write("out.vlm", test::Records(2));
-  CreateUi ui(d.s);
   bool pressed = false;
   ui.onYield = [&] {  // pressed during the making of puzzle 2 of 5: that one is still written
     if (pressed || d.s.view.Caption != "New 2 of 5") return;
@@ -266,11 +265,9 @@ TEST(MultiplePuzzles, CancelEndsTheBatchAndCountsThePuzzleItCutShort) {
   EXPECT_EQ(e.s.CancelRequest, 0);
 }
 
-TEST(CreateFailures, AFileThatCannotBeWrittenIsReportedAndTheShownPuzzleKept) {
-  Desk d;
+TEST_F(CreateFailures, AFileThatCannotBeWrittenIsReportedAndTheShownPuzzleKept) {
   const Board<int32_t> shown = d.s.Grid;
   const std::string out = d.dir.File("no-such-folder/out.vlm");
-  CreateUi ui(d.s);
   mnumultipuzx(d.s, ui, Batch(out, "3", kLevelEasy));
   EXPECT_EQ(ui.messages,
             (Strings{"Error apending puzzle to file: " + out, " 0 new puzzles added to file:\r\n" + out}));
@@ -287,14 +284,12 @@ TEST(CreateFailures, AFileThatCannotBeWrittenIsReportedAndTheShownPuzzleKept) {
   EXPECT_FALSE(d.s.view.Frame1Visible);
 }
 
-TEST(MultiplePuzzles, WithNoPuzzleShownTheBoardIsLeftAsItWas) {
-  Desk d;
+TEST_F(MultiplePuzzles, WithNoPuzzleShownTheBoardIsLeftAsItWas) {
   // As after a first run: no current file, an empty board.
   d.s.CurrentPuzzleFile.clear();
   d.s.CurrentPuzzleNumber = 0;
   for (auto& row : d.s.Grid) row.fill(0);
   const GameState before = d.s;
-  CreateUi ui(d.s);
   mnumultipuzx(d.s, ui, Batch(d.dir.File("out.vlm"), "1", kLevelEasy));
   EXPECT_EQ(CountPuzzles(d.dir.File("out.vlm")), 1);
   EXPECT_EQ(d.s.Grid, before.Grid);
@@ -302,10 +297,8 @@ TEST(MultiplePuzzles, WithNoPuzzleShownTheBoardIsLeftAsItWas) {
   EXPECT_GT(ui.boards, 0);
 }
 
-TEST(MakePuzzlesButton, TransformsTheCurrentFileAndShowsTheCurrentPuzzleAgain) {
-  Desk d;
+TEST_F(MakePuzzlesButton, TransformsTheCurrentFileAndShowsTheCurrentPuzzleAgain) {
   const Board<int32_t> shown = d.s.Grid;
-  CreateUi ui(d.s);
   cmdmakepuzzles(d.s, ui, kLevelEasy);
   EXPECT_EQ(ui.messages, Strings{" 3 puzzles made"});
   EXPECT_EQ(CountPuzzles(d.dir.File("puzzles_new.vlm")), 3);

@@ -50,20 +50,6 @@ TEST(StartUp, FirstRunCreatesTheConfigurationAndShowsAnEmptyBoard) {
   EXPECT_FALSE(f.ui.busy);
 }
 
-TEST(StartUp, LoadsTheRememberedPuzzleWithItsScheme) {
-  Started f;
-  f.dir.Write("velmora.cfg", "t\r\nsea.col\r\n" + f.Puzzles() + "\r\n 2 \r\n");
-  f.Run();
-  EXPECT_TRUE(f.ui.messages.empty());
-  EXPECT_EQ(f.s.Scheme[kSchemeBackground], Rgb(214, 230, 242));
-  EXPECT_EQ(f.s.CurrentPuzzleFile, f.Puzzles());
-  EXPECT_EQ(f.s.CurrentPuzzleNumber, 2);
-  EXPECT_EQ(f.s.view.PuzNumNow, "2");
-  EXPECT_EQ(f.s.view.MaxPuzCount, " of 3");
-  EXPECT_EQ(f.s.view.Caption, "File: " + f.Puzzles());
-  EXPECT_NE(f.s.SolutionGrid[1][1], 0);
-}
-
 TEST(StartUp, FallsBackToTheDefaultFileAndThenToAnEmptyBoard) {
   {  // a remembered file that is gone: puzzles.vlm of the folder is used
     Started f;

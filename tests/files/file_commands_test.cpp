@@ -109,6 +109,7 @@ TEST(Save, AppendsToTheChosenFileWithoutSwitchingToIt) {
   Desk d(3, 2);
   const std::string fresh = d.dir.File("fresh.vlm"), three = d.dir.Write("three.vlm", Records(3, 40));
   d.s.Grid[1][1] = d.s.SolutionGrid[1][2];  // a wrong card: saved as the solution's
+  d.s.Grid[1][2] = -2;                      // a mark: saved as empty
   d.s.view.PuzTitle = "edited title";
   d.ui.names = {fresh, three, d.dir.path()};
   for (int i = 0; i < 3; ++i) mnusaveassli(d.s, d.ui);
@@ -119,6 +120,7 @@ TEST(Save, AppendsToTheChosenFileWithoutSwitchingToIt) {
   EXPECT_EQ(d.dir.Read("fresh.vlm").substr(0, 24), "#1\r\nedited title\r\n 7, 7,");
   const GameState back = test::Loaded(fresh);
   EXPECT_EQ(back.Grid[1][1], d.s.SolutionGrid[1][1]);
+  EXPECT_EQ(back.Grid[1][2], 0);
   EXPECT_EQ(back.SolutionGrid, d.s.SolutionGrid);
   EXPECT_EQ(test::Headers(d.dir.Read("three.vlm")), (Strings{"#40", "#41", "#42", "#4"}));
   EXPECT_EQ(d.s.CurrentPuzzleFile, d.file);

@@ -147,24 +147,6 @@ TEST(LoadPuzzle, LfOnlyFilesReadLikeCrLf) {
   EXPECT_EQ(a.view.PuzTitle, b.view.PuzTitle);
 }
 
-TEST(WritePuzzleRecord, RoundTripAndFilledCellsUseTheSolution) {
-  TempDir dir;
-  GameState s = test::Loaded(test::SampleFile(), 2);
-  s.Grid[1][2] = s.SolutionGrid[1][3];  // a wrong card is saved as the right one
-  s.Grid[1][1] = -2;                    // a mark is saved as empty
-  const std::string out = dir.File("out.vlm");
-  ASSERT_TRUE(WritePuzzleRecord(s, out, 5, "My title"));
-  ASSERT_TRUE(WritePuzzleRecord(s, out, 6, ""));
-  EXPECT_EQ(dir.Read("out.vlm").substr(0, 15), "#5\r\nMy title\r\n ");
-  EXPECT_EQ(CountPuzzles(out), 2);
-  const GameState r = test::Loaded(out, 2);
-  EXPECT_EQ(r.view.PuzTitle, "");
-  EXPECT_EQ(r.Grid[1][1], 0);
-  EXPECT_EQ(r.Grid[1][2], s.SolutionGrid[1][2]);
-  EXPECT_EQ(r.SolutionGrid, s.SolutionGrid);
-  EXPECT_EQ(r.Grid[4][4], s.Grid[4][4]);
-}
-
 TEST(WritePuzzleRecord, NumberZeroReplacesTheFileWithRecordOne) {
   TempDir dir;
   GameState s = test::Loaded(test::SampleFile(), 1);

@@ -269,17 +269,17 @@ class Delete : public ::testing::Test {
 };
 
 TEST_F(Delete, RemovesTheRecordKeepsLaterHeaderNumbersAndShowsItsNeighbour) {
-  // Deleting record n of five shows the new first record for n = 1, else n - 1.
-  const std::pair<int, const char*> cases[] = {{1, "1 of 4 T2"}, {5, "4 of 4 T4"}, {3, "2 of 4 T2"}};
+  // Deleting record n of ten shows the new first record for n = 1, else n - 1.
+  const std::pair<int, const char*> cases[] = {{1, "1 of 9 T2"}, {5, "4 of 9 T4"}, {10, "9 of 9 T9"}};
   for (const auto& [n, shown] : cases) {
     SCOPED_TRACE(n);
-    const std::string file = dir_.Write("p.vlm", "notes before\r\n" + Records(5));
+    const std::string file = dir_.Write("p.vlm", "notes before\r\n" + Records(10));
     GameState s = Showing(file, n);
     mnudelete(s, ui_);
     EXPECT_EQ(ui_.questions.back(), "Delete current puzzle from file:\r\n" + file);
     EXPECT_EQ(ui_.messages.back(), "Done");
     std::string expected = "notes before\r\n";
-    for (int i = 1; i <= 5; ++i)
+    for (int i = 1; i <= 10; ++i)
       if (i != n) expected += Record(i, "T" + std::to_string(i), i - 1);
     EXPECT_EQ(dir_.Read("p.vlm"), expected);
     EXPECT_EQ(work_.Read("velmora.tmp"), expected);

@@ -34,7 +34,8 @@ class RecordingUi : public SilentUserInterface {
   void ControlsChanged() override { ++controlsChanged; }
   void DrawBoard() override { ++boards; }
   void DrawCell(int rank, const std::string& suit, int row, int col) override {
-    cells.push_back(std::to_string(rank) + "," + suit + "," + std::to_string(row) + "," + std::to_string(col));
+    cells.push_back(std::to_string(rank) + "," + suit + "," + std::to_string(row) + "," +
+                    std::to_string(col));
   }
   void ShowSolutionOverlay() override { ++overlays; }
 

@@ -1,10 +1,11 @@
 // Start-up sequence and the Exit/Cancel buttons, over a recording user interface.
+#include "app/startup.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
 #include "app/app_commands.h"
-#include "app/startup.h"
 #include "appearance/color_scheme.h"
 #include "recording_ui.h"
 #include "test_support.h"
@@ -19,7 +20,9 @@ struct Started {
     std::filesystem::copy_file(std::string(VELMORA_DATA_DIR) + "/all.col", dir.File("all.col"));
     std::filesystem::copy_file(test::SampleFile(), dir.File("puzzles.vlm"));
   }
-  void Run() { StartUp(s, ui, dir.path(), [this] { ++setCols; }); }
+  void Run() {
+    StartUp(s, ui, dir.path(), [this] { ++setCols; });
+  }
   std::string Puzzles() const { return dir.File("puzzles.vlm"); }
   test::TempDir dir;
   GameState s;

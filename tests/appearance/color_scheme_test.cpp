@@ -1,9 +1,10 @@
 // Colour schemes: reading by name, the fallbacks, the list, and rewriting all.col.
+#include "appearance/color_scheme.h"
+
 #include <gtest/gtest.h>
 
 #include <vector>
 
-#include "appearance/color_scheme.h"
 #include "recording_ui.h"
 #include "test_support.h"
 
@@ -16,7 +17,8 @@ using test::TempDir;
 std::string SchemeText(const std::string& nameLine, int base) {
   std::string text = nameLine + "\r\n";
   for (int i = 0; i < 13; ++i) {
-    text += " " + std::to_string(base + i) + "; " + std::to_string(2 * i) + "; " + std::to_string(255 - i) + "\r\n";
+    text += " " + std::to_string(base + i) + "; " + std::to_string(2 * i) + "; " + std::to_string(255 - i) +
+            "\r\n";
   }
   return text;
 }
@@ -57,7 +59,7 @@ TEST(ReadColorScheme, MissingNameFallsBackToDefaultWithTheMessage) {
   EXPECT_FALSE(ReadColorScheme(run.s, run.ui, "gone.col"));
   EXPECT_EQ(run.ui.messages, std::vector<std::string>{"Color Scheme: gone.col not found"});
   EXPECT_EQ(run.s.ColorSchemeName, "default.col");
-  EXPECT_EQ(run.s.Scheme[2], Rgb(1, 2, 3));  // nothing was read
+  EXPECT_EQ(run.s.Scheme[2], Rgb(1, 2, 3));                     // nothing was read
   EXPECT_FALSE(ReadColorScheme(run.s, run.ui, "Default.col"));  // the match is exact
 }
 
@@ -85,7 +87,8 @@ TEST(EffectiveColors, DefaultSchemeTakesSystemBackgroundAndGreyButtons) {
 
 TEST(SchemeFile, NamesAreTheTextBeforeTheFirstDotCol) {
   TempDir dir;
-  const std::string file = dir.Write("all.col", SchemeText("default.col", 0) + "junk\r\n" + SchemeText("a.col.col", 5));
+  const std::string file =
+      dir.Write("all.col", SchemeText("default.col", 0) + "junk\r\n" + SchemeText("a.col.col", 5));
   EXPECT_EQ(SchemeNames(file), (std::vector<std::string>{"default", "a"}));
   EXPECT_TRUE(SchemeNames(dir.File("none.col")).empty());
 }

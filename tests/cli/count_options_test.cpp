@@ -42,9 +42,14 @@ TEST(CliOptions, NotFoundAndUsageErrors) {
     EXPECT_EQ(r.exitCode, 1) << n;
     EXPECT_EQ(r.out, "not found\n");
   }
-  EXPECT_EQ(RunCli({"options", dir.Write("bad.vlm", "#1\r\nt\r\n 7, 7, 0\r\n@@u\r\n"), "1"}).out, "not found\n");
-  for (const std::vector<std::string>& args : std::vector<std::vector<std::string>>{
-           {"options", test::SampleFile()}, {"options", test::SampleFile(), "x"}, {"count"}, {"frobnicate"}, {}})
+  EXPECT_EQ(RunCli({"options", dir.Write("bad.vlm", "#1\r\nt\r\n 7, 7, 0\r\n@@u\r\n"), "1"}).out,
+            "not found\n");
+  for (const std::vector<std::string>& args :
+       std::vector<std::vector<std::string>>{{"options", test::SampleFile()},
+                                             {"options", test::SampleFile(), "x"},
+                                             {"count"},
+                                             {"frobnicate"},
+                                             {}})
     EXPECT_EQ(RunCli(args).exitCode, 2) << (args.empty() ? "" : args[0]);
   const auto help = RunCli({"--help"});
   EXPECT_EQ(help.exitCode, 0);

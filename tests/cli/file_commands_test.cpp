@@ -27,19 +27,21 @@ TEST(CliFiles, EveryFileCommandOnce) {
   const std::string full = dir.Write("full.vlm", Record(1, "keep"));
   const auto r = RunCli({"play", file, "5"},
                         "next\nstate\nprevious\nstate\nfirst\nstate\nlast\nstate\ngoto 2\ngoto 9\nstate\n"
-                        "save " + fresh + "\ncopy " + copy + "\ncopy " + full + "\nappend\nstate\ndelete\nstate\n"
-                        "reset\nload " + fresh + "\nstate\n");
+                        "save " +
+                            fresh + "\ncopy " + copy + "\ncopy " + full +
+                            "\nappend\nstate\ndelete\nstate\n"
+                            "reset\nload " +
+                            fresh + "\nstate\n");
   EXPECT_EQ(r.exitCode, 0);
-  EXPECT_EQ(r.out, State(file, 1, 5, "T1") + State(file, 5, 5, "T5") + State(file, 1, 5, "T1") +
-                       State(file, 5, 5, "T5") + State(file, 2, 5, "T2") +
-                       "message: Puzzle number 1 added to file:\\n" + fresh + "\n" +
-                       "message: Puzzle file saved as:\\n" + copy + "\n" +
-                       "confirm: OverWrite file: " + full + " ?\n" +
-                       "message: Puzzle file saved as:\\n" + full + "\n" +
-                       "confirm: Append current puzzle to file:\\n" + file + "\n" +
-                       "message: Puzzle#6 appended to file " + file + "\n" + State(file, 6, 6, "T2") +
-                       "confirm: Delete current puzzle from file:\\n" + file + "\n" + "message: Done\n" +
-                       State(file, 5, 5, "T5") + "confirm: Reset puzzle from file?\n" + State(fresh, 1, 1, "T2"));
+  EXPECT_EQ(
+      r.out,
+      State(file, 1, 5, "T1") + State(file, 5, 5, "T5") + State(file, 1, 5, "T1") + State(file, 5, 5, "T5") +
+          State(file, 2, 5, "T2") + "message: Puzzle number 1 added to file:\\n" + fresh + "\n" +
+          "message: Puzzle file saved as:\\n" + copy + "\n" + "confirm: OverWrite file: " + full + " ?\n" +
+          "message: Puzzle file saved as:\\n" + full + "\n" + "confirm: Append current puzzle to file:\\n" +
+          file + "\n" + "message: Puzzle#6 appended to file " + file + "\n" + State(file, 6, 6, "T2") +
+          "confirm: Delete current puzzle from file:\\n" + file + "\n" + "message: Done\n" +
+          State(file, 5, 5, "T5") + "confirm: Reset puzzle from file?\n" + State(fresh, 1, 1, "T2"));
   EXPECT_EQ(dir.Read("p.vlm"), Records(5));
   EXPECT_EQ(dir.Read("velmora.tmp"), Records(5));
   EXPECT_EQ(dir.Read("copy.vlm"), Records(5));
@@ -52,9 +54,9 @@ TEST(CliFiles, NoAnswersEveryQuestionNo) {
   const std::string file = dir.Write("p.vlm", Records(3));
   const std::string kept = dir.Write("kept.vlm", Record(1, "keep"));
   EXPECT_EQ(RunCli({"play", "--no", file, "2"}, "copy " + kept + "\nappend\ndelete\nreset\nstate\n").out,
-            "confirm: OverWrite file: " + kept + " ?\n" + "confirm: Append current puzzle to file:\\n" + file + "\n" +
-                "confirm: Delete current puzzle from file:\\n" + file + "\n" + "confirm: Reset puzzle from file?\n" +
-                State(file, 2, 3, "T2"));
+            "confirm: OverWrite file: " + kept + " ?\n" + "confirm: Append current puzzle to file:\\n" +
+                file + "\n" + "confirm: Delete current puzzle from file:\\n" + file + "\n" +
+                "confirm: Reset puzzle from file?\n" + State(file, 2, 3, "T2"));
   EXPECT_EQ(dir.Read("kept.vlm"), Record(1, "keep"));
   EXPECT_EQ(dir.Read("p.vlm"), Records(3));
 }

@@ -47,8 +47,9 @@ TEST(CliSolveCheck, NotFoundMalformedAndUsage) {
     EXPECT_EQ(r.out, "not found\n") << n;
   }
   // A letter past "t" has no card; a short cell line; a missing file.
-  for (const std::string& file : {dir.Write("u.vlm", "#1\r\nt\r\n 1, 1, 0\r\nu|A\r\n"),
-                                  dir.Write("short.vlm", "#1\r\nt\r\n 1, 3, 0\r\nA|A\r\n"), dir.File("none.vlm")})
+  for (const std::string& file :
+       {dir.Write("u.vlm", "#1\r\nt\r\n 1, 1, 0\r\nu|A\r\n"),
+        dir.Write("short.vlm", "#1\r\nt\r\n 1, 3, 0\r\nA|A\r\n"), dir.File("none.vlm")})
     EXPECT_EQ(RunCli({"check", file, "1"}).out, "not found\n") << file;
   for (const char* command : {"solve", "check", "play"}) {
     EXPECT_EQ(RunCli({command, test::SampleFile(), "4"}).out, "not found\n") << command;
@@ -73,7 +74,8 @@ TEST(CliCheck, StatusAndMessageWithLineBreaksWrittenOut) {
             "status 1\nmessage: No match at 1 1\\nS\\n 3H 5H\n");
   std::string full = "#1\r\nfull\r\n 7, 7, 0\r\n";
   const std::string solution = kSolution;
-  for (size_t row = 0; row < 7; ++row) full += solution.substr(row * 8, 7) + "|" + solution.substr(row * 8, 7) + "\r\n";
+  for (size_t row = 0; row < 7; ++row)
+    full += solution.substr(row * 8, 7) + "|" + solution.substr(row * 8, 7) + "\r\n";
   EXPECT_EQ(RunCli({"check", dir.Write("full.vlm", full), "1"}).out, "status 99\nmessage: Done\n");
 }
 

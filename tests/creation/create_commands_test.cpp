@@ -109,7 +109,8 @@ TEST_F(CreateGuard, AllThreeCommandsRefuseWhileAutoSolveRuns) {
   EXPECT_EQ(ui.messages, Strings(3, "Cancel AutoSolve first"));
   EXPECT_EQ(ui.busyOn, 0);
   EXPECT_TRUE(ui.seen.empty());
-  for (const std::string& file : {out, d.Temporary(), d.dir.File("puzzles_new.vlm")}) EXPECT_FALSE(FileExists(file));
+  for (const std::string& file : {out, d.Temporary(), d.dir.File("puzzles_new.vlm")})
+    EXPECT_FALSE(FileExists(file));
 }
 
 TEST_F(OnePuzzle, AppendsToTheTemporaryFileShowsItAndSaysTheLevel) {
@@ -129,7 +130,8 @@ TEST_F(OnePuzzle, AppendsToTheTemporaryFileShowsItAndSaysTheLevel) {
   EXPECT_EQ(records[2].size, " 7, 7," + Str(CountBlanks(d.s)));
   EXPECT_EQ(d.s.Grid, test::Loaded(d.Temporary(), 3).Grid);
   // While making it: the panel and both texts; afterwards the panel is gone.
-  EXPECT_TRUE(ui.Showed({"Creating New Puzzle...", " This may take a bit of time...", "File: " + d.Puzzles(), true}));
+  EXPECT_TRUE(
+      ui.Showed({"Creating New Puzzle...", " This may take a bit of time...", "File: " + d.Puzzles(), true}));
   EXPECT_GT(ui.yields, 0);
   EXPECT_FALSE(d.s.view.Frame1Visible);
   EXPECT_EQ(d.s.view.pb, "");
@@ -145,9 +147,11 @@ TEST_F(OnePuzzle, CancelStartsThePuzzleOverInsteadOfEndingTheCommand) {
   };
   mnunewrandpuzx(d.s, ui);
   // The panel went to " Canceling..." and then back to the first text for the new start.
-  auto canceling = std::find_if(ui.seen.begin(), ui.seen.end(), [](const Seen& l) { return l.NewLab == kCancelingText; });
+  auto canceling =
+      std::find_if(ui.seen.begin(), ui.seen.end(), [](const Seen& l) { return l.NewLab == kCancelingText; });
   ASSERT_NE(canceling, ui.seen.end());
-  EXPECT_NE(std::find_if(canceling, ui.seen.end(), [](const Seen& l) { return l.NewLab == "Creating New Puzzle..."; }),
+  EXPECT_NE(std::find_if(canceling, ui.seen.end(),
+                         [](const Seen& l) { return l.NewLab == "Creating New Puzzle..."; }),
             ui.seen.end());
   ASSERT_EQ(ui.messages.size(), 1u);
   EXPECT_EQ(ui.messages[0].rfind("Done - ", 0), 0u);
@@ -183,7 +187,8 @@ TEST_F(MultiplePuzzles, NumbersOnAfterTheRecordsInTheFileWithAutomaticTitlesForA
     EXPECT_TRUE(test::IsAutomaticTitle(r.title, "Easy")) << r.title;
     EXPECT_EQ(r.size, " 7, 7, 14");
     const std::string ofN = " " + std::to_string(i + 1) + " of 3";
-    EXPECT_TRUE(ui.Showed({"Creating Puzzle" + ofN + "\r\nOutput File: " + out, " New" + ofN, "New" + ofN, true}))
+    EXPECT_TRUE(
+        ui.Showed({"Creating Puzzle" + ofN + "\r\nOutput File: " + out, " New" + ofN, "New" + ofN, true}))
         << "puzzle " << i + 1;
   }
   EXPECT_EQ(ui.messages, Strings{" 3 new puzzles added to file:\r\n" + out});
@@ -200,7 +205,8 @@ TEST_F(MultiplePuzzles, NumbersOnAfterTheRecordsInTheFileWithAutomaticTitlesForA
 }
 
 TEST_F(MultiplePuzzles, NumberIsReadLenientlyAndAnOwnTitleGoesOnEveryPuzzle) {
-  const std::pair<const char*, int> cases[] = {{"abc", 0}, {"", 0}, {"-2", 0}, {"99999999999", 0}, {"2 puzzles", 2}};
+  const std::pair<const char*, int> cases[] = {
+      {"abc", 0}, {"", 0}, {"-2", 0}, {"99999999999", 0}, {"2 puzzles", 2}};
   for (const auto& [text, made] : cases) {
     SCOPED_TRACE(text);
     Desk run(5);
@@ -277,7 +283,8 @@ TEST_F(CreateFailures, AFileThatCannotBeWrittenIsReportedAndTheShownPuzzleKept) 
   ui.messages.clear();
   d.s.AppFolder = d.dir.File("no-such-folder") + "/";
   mnunewrandpuzx(d.s, ui);
-  EXPECT_EQ(ui.messages, Strings{"Error apending puzzle to file: " + d.s.AppFolder + "TemporaryPuzzleFile.vlm"});
+  EXPECT_EQ(ui.messages,
+            Strings{"Error apending puzzle to file: " + d.s.AppFolder + "TemporaryPuzzleFile.vlm"});
   EXPECT_EQ(d.s.CurrentPuzzleFile, d.Puzzles());
   EXPECT_EQ(d.s.CurrentPuzzleNumber, 2);
   EXPECT_EQ(d.s.Grid, shown);

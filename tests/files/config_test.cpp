@@ -31,10 +31,13 @@ TEST(ReadcfgFile, FieldsOfTheThreeRememberedValues) {
     std::string scheme, file;
     int number;
   } cases[] = {
-      {"2024-01-01 10:00:00\r\nsea.col\r\n/home/p/my puzzles.vlm\r\n 12 \r\n", "sea.col", "/home/p/my puzzles.vlm", 12},
-      {"x\n   \nf.vlm\n3\n", "default.col", "f.vlm", 3},              // a blank scheme line: the default
-      {"x\n\"my,scheme.col\"\nf.vlm\n4\n", "my,scheme.col", "f.vlm", 4},  // quotes removed, a quoted comma stays
-      {"x\nab,cd\nf.vlm\n5\n", "ab", "cd", 0},  // an unquoted comma cuts the name; "f.vlm" is read as the number
+      {"2024-01-01 10:00:00\r\nsea.col\r\n/home/p/my puzzles.vlm\r\n 12 \r\n", "sea.col",
+       "/home/p/my puzzles.vlm", 12},
+      {"x\n   \nf.vlm\n3\n", "default.col", "f.vlm", 3},  // a blank scheme line: the default
+      {"x\n\"my,scheme.col\"\nf.vlm\n4\n", "my,scheme.col", "f.vlm",
+       4},  // quotes removed, a quoted comma stays
+      {"x\nab,cd\nf.vlm\n5\n", "ab", "cd",
+       0},  // an unquoted comma cuts the name; "f.vlm" is read as the number
   };
   for (const auto& c : cases) {
     ConfigRun run(c.text);
@@ -47,14 +50,16 @@ TEST(ReadcfgFile, FieldsOfTheThreeRememberedValues) {
 
 TEST(ReadcfgFile, FirstRunShowsTheMessageOnceAndCreatesTheFile) {
   ConfigRun run;
-  EXPECT_EQ(run.ui.messages, std::vector<std::string>{"Configuration file:\r\n" + run.dir.path() +
-                                                       "/velmora.cfg\r\ncould not be accessed, new file will be created"});
+  EXPECT_EQ(run.ui.messages,
+            std::vector<std::string>{"Configuration file:\r\n" + run.dir.path() +
+                                     "/velmora.cfg\r\ncould not be accessed, new file will be created"});
   EXPECT_EQ(run.s.CurrentPuzzleNumber, 0);
   EXPECT_EQ(run.s.ColorSchemeName, "default.col");
   const auto lines = run.Written();
   ASSERT_EQ(lines.size(), 4u);
   EXPECT_FALSE(lines[0].empty());
-  EXPECT_EQ(std::vector<std::string>(lines.begin() + 1, lines.end()), (std::vector<std::string>{"default.col", "", "1"}));
+  EXPECT_EQ(std::vector<std::string>(lines.begin() + 1, lines.end()),
+            (std::vector<std::string>{"default.col", "", "1"}));
   EXPECT_EQ(run.dir.Read("velmora.cfg").substr(run.dir.Read("velmora.cfg").size() - 2), "\r\n");
 }
 
@@ -73,7 +78,8 @@ TEST(ReadcfgFile, ShortOrBadFilesTakeTheErrorPathKeepingWhatWasRead) {
     EXPECT_EQ(run.s.CurrentPuzzleNumber, 0);
     EXPECT_EQ(run.Written()[2], "/p/f.vlm");
   }
-  for (const char* text : {"x\nd.col\nf\n99999999999\n", ""}) {  // a number too large for an integer, an empty file
+  for (const char* text :
+       {"x\nd.col\nf\n99999999999\n", ""}) {  // a number too large for an integer, an empty file
     ConfigRun run(text);
     EXPECT_EQ(run.ui.messages.size(), 1u) << text;
   }
@@ -99,8 +105,9 @@ TEST(SavecfgFile, WritesFourLinesThatReadBackOrReportsTheFolder) {
 
   run.s.AppFolder = run.dir.path() + "/missing/";
   EXPECT_FALSE(SavecfgFile(run.s, run.ui));
-  EXPECT_EQ(run.ui.messages, std::vector<std::string>{"Configuration file:\r\n" + run.dir.path() +
-                                                       "/missing/velmora.cfg\r\ncould not be accessed, options not saved"});
+  EXPECT_EQ(run.ui.messages,
+            std::vector<std::string>{"Configuration file:\r\n" + run.dir.path() +
+                                     "/missing/velmora.cfg\r\ncould not be accessed, options not saved"});
 }
 
 }  // namespace

@@ -47,12 +47,13 @@ TEST(FileDialog, AsksWithTheProgramTitleFilterAndFolderAndKeepsTheDirectory) {
   test::TempDir elsewhere;
   test::InDirectory here(d.dir.path());
   d.ui.onDialog = [&] { std::filesystem::current_path(elsewhere.path()); };  // a dialog that wanders off
-  mnuloadpuz(d.s, d.ui);  // every dialog cancelled
+  mnuloadpuz(d.s, d.ui);                                                     // every dialog cancelled
   mnusaveas(d.s, d.ui);
   mnusaveassli(d.s, d.ui);
   std::string requests;
   for (const FileDialogRequest& r : d.ui.requests)
-    requests += r.mode + "|" + r.title + "|" + r.fileTypes + "|" + r.fileTypesName + "|" + r.defaultDir + "\n";
+    requests +=
+        r.mode + "|" + r.title + "|" + r.fileTypes + "|" + r.fileTypesName + "|" + r.defaultDir + "\n";
   const std::string rest = "|velmora|*.vlm;*.txt;*.dat|velmora Files|" + d.s.AppFolder + "\n";
   EXPECT_EQ(requests, "OPEN" + rest + "SAVE" + rest + "SAVE" + rest);
   EXPECT_TRUE(std::filesystem::equivalent(std::filesystem::current_path(), d.dir.path()));
@@ -91,10 +92,12 @@ TEST(Copy, AsksBeforeOverwritingANonEmptyFileAndLeavesTheTargetAloneOnErrors) {
   for (int i = 0; i < 3; ++i) mnusaveas(d.s, d.ui);  // the last one onto itself: kept
   const std::string overwriteOther = "OverWrite file: " + other + " ?";
   EXPECT_EQ(d.ui.questions, (Strings{overwriteOther, overwriteOther, "OverWrite file: " + d.file + " ?"}));
-  EXPECT_EQ(d.ui.messages, (Strings{"Puzzle file saved as:\r\n" + fresh, "Puzzle file saved as:\r\n" + empty,
-                                    "Puzzle file saved as:\r\n" + other, "Error saving to file:\r\n" + d.dir.path(),
-                                    "Puzzle file saved as:\r\n" + d.file}));
-  for (const char* name : {"new.vlm", "empty.vlm", "other.vlm", "p.vlm"}) EXPECT_EQ(d.dir.Read(name), Records(3));
+  EXPECT_EQ(d.ui.messages,
+            (Strings{"Puzzle file saved as:\r\n" + fresh, "Puzzle file saved as:\r\n" + empty,
+                     "Puzzle file saved as:\r\n" + other, "Error saving to file:\r\n" + d.dir.path(),
+                     "Puzzle file saved as:\r\n" + d.file}));
+  for (const char* name : {"new.vlm", "empty.vlm", "other.vlm", "p.vlm"})
+    EXPECT_EQ(d.dir.Read(name), Records(3));
   EXPECT_EQ(d.s.CurrentPuzzleFile, d.file);  // the current file stays current
 
   // From a current file that has gone: the target is not emptied.

@@ -1,9 +1,10 @@
 // Puzzle records: counting, finding, loading (well-formed and damaged), writing.
+#include "files/puzzle_file.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
-#include "files/puzzle_file.h"
 #include "recording_ui.h"
 #include "test_support.h"
 
@@ -43,8 +44,8 @@ TEST(CountPuzzles, CountsHashLinesOnlyAndZeroForBadFiles) {
 
 TEST(LoadPuzzle, SkipsFreeTextAndAddressesRecordsByOrdinalNotHeaderNumber) {
   TempDir dir;
-  const std::string file =
-      dir.Write("p.vlm", "free text\r\nmore\r\n" + Record("#7", "seven") + "stray\r\n" + Record("#3", "three"));
+  const std::string file = dir.Write(
+      "p.vlm", "free text\r\nmore\r\n" + Record("#7", "seven") + "stray\r\n" + Record("#3", "three"));
   GameState s;
   std::string title;
   EXPECT_EQ(Load(s, file, 2, &title), 0);
@@ -87,7 +88,8 @@ TEST(LoadPuzzle, ShortCellLineFailsAfterTheRowsBeforeItWereOverwritten) {
   TempDir dir;
   GameState s;
   s.Solving = 1;
-  const std::string text = "#1\r\nt\r\n 7, 7, 0\r\n" + std::string(kRow) + "\r\n" + kRow + "\r\nAB|ABCDEFG\r\n";
+  const std::string text =
+      "#1\r\nt\r\n 7, 7, 0\r\n" + std::string(kRow) + "\r\n" + kRow + "\r\nAB|ABCDEFG\r\n";
   EXPECT_EQ(Load(s, dir.Write("short.vlm", text), 1), 1);
   EXPECT_EQ(s.Grid[2][3], 0);
   EXPECT_EQ(s.SolutionGrid[2][3], 3);

@@ -55,7 +55,8 @@ TEST(TextForms, LeadingBlankAndLenientValues) {
   EXPECT_EQ(Str(0), " 0");
   EXPECT_EQ(Str(-3), "-3");
   EXPECT_EQ(NumText(12), "12");
-  const std::pair<const char*, double> values[] = {{" 7, 7", 7}, {"12abc", 12}, {"abc", 0}, {"-4", -4}, {"", 0}};
+  const std::pair<const char*, double> values[] = {
+      {" 7, 7", 7}, {"12abc", 12}, {"abc", 0}, {"-4", -4}, {"", 0}};
   for (const auto& [text, value] : values) EXPECT_EQ(Val(text), value) << text;
   EXPECT_EQ(*ValInt("7.5"), 8);  // half to even
   EXPECT_EQ(*ValInt("6.5"), 6);

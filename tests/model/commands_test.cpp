@@ -60,7 +60,8 @@ TEST_F(AutoSolve, SolvedPuzzleListsTheThreeLeftOutCards) {
     bool used = false;
     for (int r = 1; r <= 7; ++r)
       for (int c = 1; c <= 7; ++c) used |= s.SolutionGrid[r][c] == k;
-    if (!used) absent[(k - 1) % 4].push_back(std::string(RankLetter((k - 1) / 4 + 1)) + kSuitLetters[(k - 1) % 4 + 1]);
+    if (!used)
+      absent[(k - 1) % 4].push_back(std::string(RankLetter((k - 1) / 4 + 1)) + kSuitLetters[(k - 1) % 4 + 1]);
   }
   EXPECT_EQ(s.Remain, absent);
 }

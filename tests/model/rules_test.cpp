@@ -1,10 +1,11 @@
 // Rule tests, option texts, Remain lists and card lookup.
+#include "model/rules.h"
+
 #include <gtest/gtest.h>
 
 #include <random>
 
 #include "board/geometry.h"
-#include "model/rules.h"
 #include "model/text.h"
 
 namespace velmora {
@@ -37,7 +38,7 @@ TEST(ExcludedRanks, SameRowBarsOnlyThatRankAndEntriesDoNotOverlap) {
   EXPECT_EQ(ExcludedRanks(s, 2, 1), " 10,");
   ASSERT_TRUE(UpdateOptions(s, 0));
   EXPECT_NE(Options(s, 2, 1).find(" 1S"), std::string::npos);  // " 1," is not inside " 10,"
-  s.Grid[6][1] = Card(10, 1);  // row, then column order; repeats are kept
+  s.Grid[6][1] = Card(10, 1);                                  // row, then column order; repeats are kept
   EXPECT_EQ(ExcludedRanks(s, 2, 1), " 10, 10,");
 }
 
@@ -108,7 +109,9 @@ TEST(UpdateOptions, BitSetsAgreeWithTheTextRuleOnRandomBoards) {
     for (int r = 1; r <= 7; ++r)
       for (int c = 1; c <= 7; ++c) {
         const int roll = static_cast<int>(rng() % 10);
-        s.Grid[r][c] = roll < 4 ? 0 : roll == 4 ? -static_cast<int>(1 + rng() % 4) : 1 + static_cast<int>(rng() % 52);
+        s.Grid[r][c] = roll < 4    ? 0
+                       : roll == 4 ? -static_cast<int>(1 + rng() % 4)
+                                   : 1 + static_cast<int>(rng() % 52);
       }
     ASSERT_TRUE(UpdateOptions(s, 1));
     for (int r = 1; r <= 7; ++r)
@@ -133,7 +136,8 @@ TEST(UpdateOptions, BitSetsAgreeWithTheTextRuleOnRandomBoards) {
 }
 
 TEST(CardLookup, FindCardIndexAndSuitListIndex) {
-  const std::pair<const char*, int> cards[] = {{"QD", 47}, {"1S", 1}, {"ks", 49}, {"TS", 37}, {"ZZ", -1}, {"1S02", -1}};
+  const std::pair<const char*, int> cards[] = {{"QD", 47}, {"1S", 1},  {"ks", 49},
+                                               {"TS", 37}, {"ZZ", -1}, {"1S02", -1}};
   for (const auto& [text, index] : cards) EXPECT_EQ(FindCardIndex(text), index) << text;
   const std::pair<const char*, int> suits[] = {{"S", 0}, {"C", 3}, {"s", -1}, {"X", -1}, {"SH", -1}};
   for (const auto& [text, index] : suits) EXPECT_EQ(SuitListIndex(text), index) << text;

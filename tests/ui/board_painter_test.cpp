@@ -1,11 +1,12 @@
 // The board painted into an image: cell outlines, symbols through the AND copy, rank letters, solution text.
+#include "board/ui/board_painter.h"
+
 #include <gtest/gtest.h>
 
 #include <QImage>
 #include <QPainter>
 
 #include "board/geometry.h"
-#include "board/ui/board_painter.h"
 
 namespace velmora {
 namespace {
@@ -101,7 +102,8 @@ TEST(BoardPainter, SymbolIsAndedWithTheCellColour) {
   EXPECT_GT(r.Count(60, 50, 550, 550, [](QColor c) { return c == QColor(50, 50, 0); }), 300);
   EXPECT_EQ(r.At(30 + 60 + 20, 30 + 50 + 20), yellow);  // the white of the strip lets the yellow through
   // Rank letter "1" in the black-suit colour at the lower right.
-  EXPECT_GT(r.Count(30 + 560, 30 + 475, 240, 330, [](QColor c) { return c.blue() < 100 && c.red() < 120; }), 10);
+  EXPECT_GT(r.Count(30 + 560, 30 + 475, 240, 330, [](QColor c) { return c.blue() < 100 && c.red() < 120; }),
+            10);
 }
 
 TEST(BoardPainter, RankLettersDifferAndValuesWithoutACardDrawABlankCell) {

@@ -63,7 +63,11 @@ std::function<void(Form3&)> Batch(const std::string& out, const char* count, con
 // (it yields often), but not while a message box is up.
 struct DuringCommand : test::Poller {
   DuringCommand(Form1& w, const std::function<void()>& look)
-      : Poller([&w, look] { if (w.LongCommandRunning() && !QApplication::activeModalWidget()) look(); }, 0) {}
+      : Poller(
+            [&w, look] {
+              if (w.LongCommandRunning() && !QApplication::activeModalWidget()) look();
+            },
+            0) {}
 };
 
 bool DisplayOnly(Form3& f) { return Child<QCheckBox>(&f, "Check1")->isChecked(); }
@@ -72,8 +76,9 @@ TEST(Form3Dialog, DisplayOnlyFollowsTheNumberAndAsksForOne) {
   Form3 f;
   auto* check1 = Child<QCheckBox>(&f, "Check1");
   auto* text1 = Child<QLineEdit>(&f, "Text1");
-  const std::pair<const char*, bool> cases[] = {{"5", false},   {"1", true},  {" 1 puzzle", true}, {"1.5", false},
-                                                {"abc", false}, {"", false},  {"01", true},        {"10", false}};
+  const std::pair<const char*, bool> cases[] = {{"5", false},   {"1", true},    {" 1 puzzle", true},
+                                                {"1.5", false}, {"abc", false}, {"", false},
+                                                {"01", true},   {"10", false}};
   for (const auto& [text, displayOnly] : cases) {
     text1->setText(text);
     EXPECT_EQ(DisplayOnly(f), displayOnly) << text;
@@ -157,8 +162,10 @@ TEST(Form1Create, OnePuzzleShowsTheProgressPanelThenTheNewPuzzle) {
     // The panel lies over the board, inside it.
     panel = panel && frame1->isVisible() && win.Text("NewLab") == "Creating New Puzzle..." &&
             win.w.Board()->rect().contains(frame1->geometry());
-    busy = busy && QApplication::overrideCursor() && QApplication::overrideCursor()->shape() == Qt::WaitCursor;
-    held = held && !win.Get<QAction>("mnunewrandpuzx")->isEnabled() && !win.Get<QAction>("mnuloadpuz")->isEnabled();
+    busy =
+        busy && QApplication::overrideCursor() && QApplication::overrideCursor()->shape() == Qt::WaitCursor;
+    held = held && !win.Get<QAction>("mnunewrandpuzx")->isEnabled() &&
+           !win.Get<QAction>("mnuloadpuz")->isEnabled();
   });
   win.Trigger("mnunewrandpuzx");
   EXPECT_GT(looks, 0);
@@ -189,7 +196,8 @@ TEST(Form1Create, CancelStopsABatchWhileEveryOtherCommandIsDisabledAndRefused) {
     if (pressed) return;
     GameState& s = win.s();
     // Every other way in is closed: menus, buttons, the suit panels, the typed number and the board.
-    for (const char* name : {"mnuloadpuz", "mnupuzreset", "mnusolveall", "mnunewrandpuzx", "mnumultipuzx", "mnuexit"})
+    for (const char* name :
+         {"mnuloadpuz", "mnupuzreset", "mnusolveall", "mnunewrandpuzx", "mnumultipuzx", "mnuexit"})
       disabled = disabled && !win.Get<QAction>(name)->isEnabled();
     for (const char* name : {"arrows0", "arrows1", "arrows2", "UndoEdit", "cmdexit", "Autosolvex", "Command6",
                              "cmdmakepuzzles", "PuzNumNow", "Remain0"})
@@ -229,7 +237,8 @@ TEST(Form1Create, CancelStopsABatchWhileEveryOtherCommandIsDisabledAndRefused) {
   // counted. Both have the dialog's title; the whole one its level (Easy: 14 blanks).
   EXPECT_EQ(win.hand.texts, std::vector<std::string>{" 2 new puzzles added to file:\n" + out});
   EXPECT_EQ(CountPuzzles(out), 2);
-  EXPECT_EQ(test::Loaded(out, 1).view.PuzTitle + test::Loaded(out, 2).view.PuzTitle, "Batch titleBatch title");
+  EXPECT_EQ(test::Loaded(out, 1).view.PuzTitle + test::Loaded(out, 2).view.PuzTitle,
+            "Batch titleBatch title");
   EXPECT_EQ(CountBlanks(test::Loaded(out, 1)), 14);
   // The puzzle shown before is back, and everything works again.
   EXPECT_EQ(win.Text("PuzTitle"), "Sample 1");
@@ -257,9 +266,9 @@ TEST(Form1Create, TheCloseBoxDuringABatchCancelsItAndEndsWithoutAWord) {
   ASSERT_TRUE(closed);
   EXPECT_TRUE(stillOpen);
   EXPECT_FALSE(win.w.isVisible());
-  EXPECT_TRUE(win.hand.texts.empty());       // no count message after the close box
-  EXPECT_EQ(CountPuzzles(out), 3);           // the puzzle in the making is written, as with Cancel
-  EXPECT_EQ(win.Config(), config);    // ended without saving the configuration
+  EXPECT_TRUE(win.hand.texts.empty());  // no count message after the close box
+  EXPECT_EQ(CountPuzzles(out), 3);      // the puzzle in the making is written, as with Cancel
+  EXPECT_EQ(win.Config(), config);      // ended without saving the configuration
 }
 
 TEST(Form1Create, RefusedWhileAutoSolveRunsAndTheHiddenTransformButtonTakesTheDialogsLevel) {

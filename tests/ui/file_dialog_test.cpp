@@ -60,8 +60,10 @@ TEST(FNDialog, PropertiesFilterBrowseAndTheOpenAndSaveDialogs) {
 TEST(Form1Files, ArrowsByButtonTheTypedNumberOnEnterAndLoadThroughTheDialog) {
   test::Window win(1);
   // Each press lands on a different record if the arrows or buttons were swapped.
-  const std::pair<const char*, Qt::MouseButton> presses[] = {
-      {"arrows1", Qt::LeftButton}, {"arrows0", Qt::RightButton}, {"arrows1", Qt::RightButton}, {"arrows0", Qt::LeftButton}};
+  const std::pair<const char*, Qt::MouseButton> presses[] = {{"arrows1", Qt::LeftButton},
+                                                             {"arrows0", Qt::RightButton},
+                                                             {"arrows1", Qt::RightButton},
+                                                             {"arrows0", Qt::LeftButton}};
   QStringList shown;
   for (const auto& [arrow, button] : presses) {
     test::Click(win.Get(arrow), button);

@@ -18,7 +18,7 @@ using test::Window;
 TEST(Form1StartUp, FirstRunSaysSoOnceAndShowsFortyNineEmptyOutlinedCells) {
   Window win;
   EXPECT_EQ(win.hand.texts, std::vector<std::string>{"Configuration file:\n" + win.dir.File("velmora.cfg") +
-                                                      "\ncould not be accessed, new file will be created"});
+                                                     "\ncould not be accessed, new file will be created"});
   EXPECT_NE(win.Config().find("\r\ndefault.col\r\n\r\n1\r\n"), std::string::npos) << win.Config();
   EXPECT_EQ(win.Text("PuzNumNow"), "");
   EXPECT_EQ(win.w.windowTitle(), "Velmora");
@@ -44,7 +44,8 @@ TEST(Form1StartUp, RemembersFileNumberAndSchemeAndTheHiddenButtonReappliesColour
   int cards = 0;
   for (int i = 0; i < 4; ++i) {
     auto* list = win.Get<QListWidget>(QStringLiteral("Remain%1").arg(i).toLatin1().constData());
-    for (int k = 0; k < list->count(); ++k, ++cards) EXPECT_EQ(list->item(k)->text().right(1), QString("SHDC"[i]));
+    for (int k = 0; k < list->count(); ++k, ++cards)
+      EXPECT_EQ(list->item(k)->text().right(1), QString("SHDC"[i]));
   }
   EXPECT_GT(cards, 0);
   EXPECT_EQ(win.Pixel(10, 10), QColor(243, 234, 214));
@@ -78,8 +79,7 @@ TEST(Form1Exit, NoKeepsRunningYesSavesCloseBoxDoesNot) {
   win.Trigger("mnuexit");
   EXPECT_EQ(win.hand.texts.size(), 2u);
   EXPECT_FALSE(win.w.isVisible());
-  EXPECT_NE(win.Config().find("\r\ndefault.col\r\n" + win.Puzzles() + "\r\n 3 \r\n"),
-            std::string::npos);
+  EXPECT_NE(win.Config().find("\r\ndefault.col\r\n" + win.Puzzles() + "\r\n 3 \r\n"), std::string::npos);
 }
 
 TEST(Form1Menus, OnlyWorkingCommandsAreOffered) {
@@ -93,8 +93,8 @@ TEST(Form1Menus, OnlyWorkingCommandsAreOffered) {
   EXPECT_EQ(names, (QStringList{"mnuloadpuz=Load", "mnusaveas=Copy", "mnuexit=Exit", "mnupuzreset=Reset",
                                 "mnusaveassli=Save", "mnuappend=Append", "mnudelete=Delete",
                                 "mnuviewsol=Show Solution", "mnunewrandpuzx=One Puzzle",
-                                "mnumultipuzx=Multiple Puzzles", "mnusolveall=AutoSolve", "mnurestore=Restore",
-                                "mnuhelp=Help", "mnuabout=About"}));
+                                "mnumultipuzx=Multiple Puzzles", "mnusolveall=AutoSolve",
+                                "mnurestore=Restore", "mnuhelp=Help", "mnuabout=About"}));
   for (const char* hidden : {"Autosolvex", "Command6", "Command7", "cmdmakepuzzles"}) {
     EXPECT_TRUE(test::Child<QPushButton>(&w, hidden)->isHidden()) << hidden;
   }
@@ -108,7 +108,8 @@ TEST(Form1Help, HelpPageNavigatesAndAboutShowsVersionAndClosesWithTheWindow) {
   EXPECT_TRUE(browser->toPlainText().contains("How to play"));
   auto* back = test::Child<QPushButton>(help, "cmdback");
   EXPECT_FALSE(back->isEnabled());
-  browser->setSource(QUrl::fromLocalFile(QString::fromStdString(win.dir.File("velmora.htm"))).resolved(QUrl("#menus")));
+  browser->setSource(
+      QUrl::fromLocalFile(QString::fromStdString(win.dir.File("velmora.htm"))).resolved(QUrl("#menus")));
   back->click();
   EXPECT_TRUE(test::Child<QPushButton>(help, "cmdforward")->isEnabled());
   test::Child<QPushButton>(help, "cmdhelpexit")->click();

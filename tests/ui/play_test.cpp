@@ -1,4 +1,5 @@
-// Playing with the mouse: real clicks on the suit panels and on Picture1, status on move, undo, solving menus.
+// Playing with the mouse: real clicks on the suit panels and on Picture1, status on move, undo and
+// the solving menus.
 #include <gtest/gtest.h>
 
 #include <QListWidget>
@@ -14,7 +15,9 @@ namespace {
 // A window showing sample puzzle 1.
 struct Playing : test::Window {
   Playing() : Window(1) {}
-  QListWidget* List(int card) { return Get<QListWidget>(("Remain" + std::to_string((card - 1) % 4)).c_str()); }
+  QListWidget* List(int card) {
+    return Get<QListWidget>(("Remain" + std::to_string((card - 1) % 4)).c_str());
+  }
   QPointF CellCentre(int row, int col) {
     return w.Board()->TwipsToPixels(QPointF(s().CellX[row][col] + 405, s().CellY[row][col] + 405));
   }
@@ -30,7 +33,8 @@ struct Playing : test::Window {
   }
   void ClickCell(int row, int col, Qt::MouseButton b) { test::Click(w.Board(), b, CellCentre(row, col)); }
   void MoveTo(QPointF pos) {
-    QMouseEvent move(QEvent::MouseMove, pos, w.Board()->mapToGlobal(pos), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QMouseEvent move(QEvent::MouseMove, pos, w.Board()->mapToGlobal(pos), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
     QApplication::sendEvent(w.Board(), &move);
   }
   std::pair<int, int> FirstEmpty() {
@@ -84,15 +88,16 @@ TEST(MousePlay, StatusLineFollowsThePointer) {
   Playing p;
   const auto [row, col] = p.FirstEmpty();
   p.MoveTo(p.CellCentre(row, col));
-  EXPECT_EQ(p.Text("pb").toStdString(),
-            " Cell" + Str(p.s().CellNumber[row][col]) + ", Options=" + OptionText(p.s().CellOptionsSaved[row][col]));
+  EXPECT_EQ(p.Text("pb").toStdString(), " Cell" + Str(p.s().CellNumber[row][col]) +
+                                            ", Options=" + OptionText(p.s().CellOptionsSaved[row][col]));
   p.MoveTo(p.w.Board()->TwipsToPixels(QPointF(5740, 5800)));
   EXPECT_EQ(p.Text("pb"), "");
 }
 
 TEST(SolveMenus, AutoSolveRestoreAndShowSolution) {
   Playing p;
-  std::filesystem::copy_file(test::SolvableFile(), p.Puzzles(), std::filesystem::copy_options::overwrite_existing);
+  std::filesystem::copy_file(test::SolvableFile(), p.Puzzles(),
+                             std::filesystem::copy_options::overwrite_existing);
   p.w.StartUp(p.dir.path());  // a puzzle that deduction alone finishes
   const auto start = p.s().Grid;
   const auto [row, col] = p.FirstEmpty();

@@ -122,7 +122,8 @@ struct Window {
       std::filesystem::copy_file(std::string(VELMORA_DATA_DIR) + "/" + name, dir.File(name));
     std::filesystem::copy_file(SampleFile(), Puzzles());
     if (number > 0)
-      dir.Write("velmora.cfg", "t\r\n" + scheme + "\r\n" + Puzzles() + "\r\n " + std::to_string(number) + " \r\n");
+      dir.Write("velmora.cfg",
+                "t\r\n" + scheme + "\r\n" + Puzzles() + "\r\n " + std::to_string(number) + " \r\n");
     w.StartUp(dir.path());
     w.show();
     QApplication::processEvents();

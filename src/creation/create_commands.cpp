@@ -131,6 +131,9 @@ void mnumultipuzx(GameState& s, UserInterface& ui, const Form3Values& form) {
   ui.SetBusy(true);
   s.view.Frame1Visible = true;
   s.CancelRequest = 0;
+  // A " Canceling..." left from the batch before would make Cancel ignore
+  // a press before the first puzzle's label is up.
+  s.view.NewLab.clear();
   ui.ControlsChanged();
   const int chosen = form.level >= kLevelEasy && form.level <= kLevelRandom ? form.level : kLevelRandom;
 

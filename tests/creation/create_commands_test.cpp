@@ -261,6 +261,13 @@ TEST_F(MultiplePuzzles, CancelEndsTheBatchAndCountsThePuzzleItCutShort) {
   EXPECT_EQ(d.s.CancelRequest, 0);
   EXPECT_EQ(d.s.CurrentPuzzleNumber, 2);
 
+  // The next batch's Cancel, pressed before its first puzzle, is not taken
+  // for a second press of the one before.
+  ui.messages.clear();
+  ui.onYield = [&] { cmdcancel(d.s, ui); };
+  mnumultipuzx(d.s, ui, Batch(out, "3", kLevelEasy));
+  EXPECT_EQ(ui.messages, Strings{" 0 new puzzles added to file:\r\n" + out});
+
   // Cancel before the first puzzle: none is made and no file is created.
   Desk e;
   CreateUi early(e.s);

@@ -106,6 +106,14 @@ TEST(Form1Help, HelpPageNavigatesAndAboutShowsVersionAndClosesWithTheWindow) {
   auto* help = win.Get<Form4>("Form4");
   QTextBrowser* browser = help->Browser();
   EXPECT_TRUE(browser->toPlainText().contains("How to play"));
+  // The page explains every command the menus offer.
+  for (QAction* top : win.w.menuBar()->actions()) {
+    for (QAction* a : top->menu()->actions()) {
+      if (a->isSeparator()) continue;
+      const QString text = a->text().remove('&');
+      EXPECT_TRUE(browser->toPlainText().contains(text)) << text.toStdString();
+    }
+  }
   auto* back = test::Child<QPushButton>(help, "cmdback");
   EXPECT_FALSE(back->isEnabled());
   browser->setSource(

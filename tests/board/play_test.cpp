@@ -17,7 +17,6 @@ namespace {
 using Strings = std::vector<std::string>;
 using Undo = std::deque<std::string>;
 
-int Card(int rank, int suit) { return (rank - 1) * 4 + suit; }
 float Mid(int index) { return static_cast<float>(kBoardMargin + (index - 1) * kCellSize + kCellSize / 2); }
 
 // Row 1 of this record: 3C, blank, JS, 8D, TH, blank, QS. Its blank (1,2)
@@ -36,43 +35,38 @@ class Play : public ::testing::Test {
         if (s.Remain[list][i] == card) RemainClick(s, ui, list, static_cast<int>(i));
     ASSERT_EQ(s.SelectedCard, card);
   }
+  bool Listed(const std::string& card) {
+    for (const auto& list : s.Remain)
+      if (std::find(list.begin(), list.end(), card) != list.end()) return true;
+    return false;
+  }
   GameState s = test::Loaded(test::SolvableFile());
   test::RecordingUi ui;
 };
-using Status = Play;
-using MouseUp = Play;
 
-TEST_F(Status, CardFixedMarkAndEmptyCell) {
+TEST_F(Play, StatusForAGivenAnEmptyCellACardAndASuitMark) {
   EXPECT_EQ(StatusAt(1, 1), " Cell 1, Fixed=3C");
+  s.CellOptions[1][2] = 0;  // the options shown are the saved ones
   EXPECT_EQ(StatusAt(1, 2), " Cell 2, Options= 5D 6D 9D");
-  s.Grid[2][5] = Card(12, 2);
+  s.Grid[2][5] = 46;
   EXPECT_EQ(StatusAt(2, 5), " Cell 12, Card=QH");
   s.Grid[2][3] = -2;
   EXPECT_EQ(StatusAt(2, 3), " Cell 10, Card= H");
-  s.PuzzleGrid[2][3] = -2;
-  EXPECT_EQ(StatusAt(2, 3), " Cell 10, Fixed= H");
-  s.CellOptions[1][2] = 0;  // the options shown are the saved ones
-  EXPECT_EQ(StatusAt(1, 2), " Cell 2, Options= 5D 6D 9D");
   EXPECT_EQ(StatusAt(1, 9), "");  // off the board
   s.view.pb = "kept";
   s.Solving = 1;
   EXPECT_EQ(StatusAt(1, 1), "kept");
 }
 
-TEST_F(MouseUp, LabelsShowTheCellAndABorderBelongsToTheSmallerRow) {
+TEST_F(Play, LabelsShowTheCellABorderBelongsToTheSmallerRowAndRefusalsAreSilent) {
   Picture1MouseUp(s, ui, kLeftButton, Mid(4), 30 + 2 * 810);  // between rows 2 and 3
   EXPECT_EQ(s.view.Label3 + s.view.Label4, "24");
   Picture1MouseUp(s, ui, kLeftButton, 30 + 810, Mid(5));  // between columns 1 and 2
   EXPECT_EQ(s.view.Label3 + s.view.Label4, "51");
   Picture1MouseUp(s, ui, kRightButton, 5701, Mid(1));
   EXPECT_EQ(s.view.Label3 + s.view.Label4, "00");
-  EXPECT_TRUE(s.UndoList.empty());
-}
-
-TEST_F(MouseUp, RefusalsAreSilentAndChangeNothing) {
   const GameState before = s;
   Click(kLeftButton, 1, 2);  // nothing chosen
-  EXPECT_EQ(s.view.Label3, "1");
   Choose("5D");
   Click(kLeftButton, 1, 1);  // a given card
   Click(3, 1, 2);            // neither left nor right
@@ -82,48 +76,41 @@ TEST_F(MouseUp, RefusalsAreSilentAndChangeNothing) {
   Click(kLeftButton, 1, 2);
   Click(kRightButton, 1, 2);  // already empty
   EXPECT_EQ(s.Grid, before.Grid);
-  EXPECT_TRUE(s.UndoList.empty());
-  EXPECT_TRUE(ui.messages.empty());
-  EXPECT_TRUE(ui.cells.empty());
+  EXPECT_TRUE(s.UndoList.empty() && ui.messages.empty() && ui.cells.empty());
 }
 
-TEST_F(MouseUp, PlacementTestsTheSuitOnlyAndAnExchangeLeavesTwoUndoEntries) {
+TEST_F(Play, PlacementTestsTheSuitOnlyAndAnExchangeLeavesTwoUndoEntries) {
   Choose("7D");  // 7 is barred in row 1's blank, but diamonds are not
   Click(kLeftButton, 1, 2);
-  EXPECT_EQ(s.Grid[1][2], Card(7, 3));
+  EXPECT_EQ(s.Grid[1][2], 27);
   EXPECT_EQ(s.SelectedCard, "");
   EXPECT_EQ(ui.cells, Strings{"7,D,1,2"});
-  EXPECT_EQ(s.UndoList, Undo{" 1, 2, 0"});
-  for (const auto& item : s.Remain[2]) EXPECT_NE(item, "7D");
-  Choose("3H");
-  Click(kLeftButton, 1, 2);  // another suit: refused
-  EXPECT_EQ(s.Grid[1][2], Card(7, 3));
+  EXPECT_FALSE(Listed("7D"));
   Choose("9D");
   Click(kLeftButton, 1, 2);
-  EXPECT_EQ(s.Grid[1][2], Card(9, 3));
+  EXPECT_EQ(s.Grid[1][2], 35);
   EXPECT_EQ(s.UndoList, (Undo{" 1, 2, 0", " 1, 2, 27", " 1, 2, 0"}));
-  EXPECT_NE(std::find(s.Remain[2].begin(), s.Remain[2].end(), "7D"), s.Remain[2].end());
+  EXPECT_TRUE(Listed("7D"));
   UndoLast(s, ui);
   UndoLast(s, ui);
-  EXPECT_EQ(s.Grid[1][2], Card(7, 3));
+  EXPECT_EQ(s.Grid[1][2], 27);
 }
 
-TEST_F(MouseUp, RightClickEmptiesEvenAGivenCardAndAGivenMarkTakesAnyCard) {
+TEST_F(Play, RightClickEmptiesEvenAGivenAGivenMarkTakesAnyCardAndTheLastCardIsDone) {
   s.SelectedCard = "5D";
   Click(kRightButton, 1, 1);
   EXPECT_EQ(s.Grid[1][1], 0);
   EXPECT_EQ(s.UndoList, Undo{" 1, 1, 12"});
   EXPECT_EQ(s.SelectedCard, "");
   EXPECT_EQ(ui.cells, Strings{"-1,,1,1"});
-  EXPECT_EQ(s.Remain[3].front(), "3C");  // 3C is free again
+  EXPECT_TRUE(Listed("3C"));
   s.Grid[1][2] = s.PuzzleGrid[1][2] = -1;
   UpdateOptions(s, 1);
   Choose("3H");
   Click(kLeftButton, 1, 2);
-  EXPECT_EQ(s.Grid[1][2], Card(3, 2));
-}
+  EXPECT_EQ(s.Grid[1][2], 10);
+  EXPECT_TRUE(ui.messages.empty());
 
-TEST_F(MouseUp, LastCardShowsDone) {
   s.Grid = s.SolutionGrid;
   s.Grid[1][2] = 0;
   UpdateOptions(s, 1);
@@ -132,7 +119,7 @@ TEST_F(MouseUp, LastCardShowsDone) {
   EXPECT_EQ(ui.messages, Strings{"Done"});
 }
 
-TEST_F(MouseUp, WhileSolvingAClickOnlyAsksToCancel) {
+TEST_F(Play, WhileSolvingAClickOnlyAsksToCancel) {
   s.Solving = 1;
   s.SelectedCard = "5D";
   ui.answer = false;
@@ -143,7 +130,7 @@ TEST_F(MouseUp, WhileSolvingAClickOnlyAsksToCancel) {
   EXPECT_EQ(s.CancelRequest, 1);
   EXPECT_EQ(ui.questions, (Strings{"Cancel Solution?", "Cancel Solution?"}));
   EXPECT_EQ(s.Grid[1][2], 0);
-  EXPECT_EQ(s.Grid[1][1], Card(3, 4));
+  EXPECT_EQ(s.Grid[1][1], 12);
   EXPECT_EQ(s.view.Label3, "");
 }
 

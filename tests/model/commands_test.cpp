@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "model/rules.h"
 #include "model/undo.h"
 #include "recording_ui.h"
 #include "test_support.h"
@@ -20,99 +19,71 @@ class Commands : public ::testing::Test {
   test::RecordingUi ui;
 };
 using AutoSolve = Commands;
-using Restore = Commands;
 using HiddenButtons = Commands;
 
-TEST_F(AutoSolve, RefusesAFullBoardAndAnImpossibleCellWithoutASnapshot) {
+TEST_F(AutoSolve, RefusesAFullBoardAndAnImpossibleCellSolvesOrKeepsItsDeductions) {
   GameState full = s;
   full.Grid = full.SolutionGrid;
-  s.CellOptions[1][2] = 0;
-  const auto before = s.Grid;
+  GameState dead = s;
+  dead.CellOptions[1][2] = 0;
   mnusolveall(full, ui);
+  mnusolveall(dead, ui);
+  EXPECT_EQ(dead.Grid, s.Grid);
+  EXPECT_EQ(full.GridBackups[0] + dead.GridBackups[0], "");  // no snapshot taken
   mnusolveall(s, ui);
-  EXPECT_EQ(ui.messages, (Messages{"Puzzles appears to been solved!", "Cell 1, 2 - invalid value"}));
-  EXPECT_EQ(s.Grid, before);
-  EXPECT_EQ(full.GridBackups[0] + s.GridBackups[0], "");
+  EXPECT_EQ(s.Grid, s.SolutionGrid);
+  EXPECT_EQ(s.Remain[0].size() + s.Remain[1].size() + s.Remain[2].size() + s.Remain[3].size(), 3u);
+  const auto before = stuck.Grid;
+  mnusolveall(stuck, ui);
+  EXPECT_NE(stuck.Grid, before);
+  EXPECT_EQ(ui.messages, (Messages{"Puzzles appears to been solved!", "Cell 1, 2 - invalid value", "Done",
+                                   "No unique solution - please check the puzzle"}));
 }
 
-TEST_F(AutoSolve, StuckPuzzleKeepsItsDeductionsAndIsRestoredOnce) {
+TEST_F(AutoSolve, RestoreOnceAfterAutoSolveNeverAfterStartUpAndNotWhileSolving) {
+  mnurestore(s, ui);  // after start-up: no snapshot
   const auto before = stuck.Grid;
   const auto remain = stuck.Remain;
   mnusolveall(stuck, ui);
-  EXPECT_EQ(ui.messages, Messages{"No unique solution - please check the puzzle"});
-  EXPECT_EQ(ui.boards, 1);
-  EXPECT_NE(stuck.Grid, before);
   stuck.Remain = {};
   mnurestore(stuck, ui);
   EXPECT_EQ(stuck.Grid, before);
   EXPECT_EQ(stuck.Remain, remain);  // rebuilt from the restored grid
-  mnurestore(stuck, ui);
-  EXPECT_EQ(ui.messages.back(), "Backup grid not found");
-}
-
-TEST_F(AutoSolve, SolvedPuzzleListsTheThreeLeftOutCards) {
-  mnusolveall(s, ui);
-  EXPECT_EQ(ui.messages, Messages{"Done"});
-  EXPECT_EQ(s.Grid, s.SolutionGrid);
-  // The cards of the deck that no solution cell holds, each in its suit list.
-  std::array<std::vector<std::string>, 4> absent;
-  for (int k = 1; k <= 52; ++k) {
-    bool used = false;
-    for (int r = 1; r <= 7; ++r)
-      for (int c = 1; c <= 7; ++c) used |= s.SolutionGrid[r][c] == k;
-    if (!used)
-      absent[(k - 1) % 4].push_back(std::string(RankLetter((k - 1) / 4 + 1)) + kSuitLetters[(k - 1) % 4 + 1]);
-  }
-  EXPECT_EQ(s.Remain, absent);
-}
-
-TEST_F(Restore, NothingToRestoreAfterStartUpAndRefusalWhileSolving) {
-  mnurestore(s, ui);
-  s.GridBackups[0] = "   ";  // blanks only: no snapshot either
-  mnurestore(s, ui);
+  mnurestore(stuck, ui);            // a second time: gone
   SaveGridSnapshot(s, 0);
   s.Solving = 1;
   mnurestore(s, ui);
   mnuviewsol(s, ui);
-  EXPECT_EQ(ui.messages, (Messages{"Backup grid not found", "Backup grid not found", "Cancel AutoSolve first",
-                                   "Cancel AutoSolve first"}));
+  EXPECT_EQ(ui.messages, (Messages{"Backup grid not found", "No unique solution - please check the puzzle",
+                                   "Backup grid not found", "Cancel AutoSolve first", "Cancel AutoSolve first"}));
   EXPECT_EQ(ui.overlays, 0);
-  EXPECT_NE(s.GridBackups[0], "");
   s.Solving = 0;
-  const auto before = s.Grid;
   mnuviewsol(s, ui);
   EXPECT_EQ(ui.overlays, 1);
-  EXPECT_EQ(s.Grid, before);  // the overlay is only painted
+  EXPECT_EQ(s.Grid, test::Loaded(test::SolvableFile()).Grid);  // the overlay is only painted
 }
 
-TEST_F(HiddenButtons, SolveWithoutCheckOrSnapshot) {
+TEST_F(HiddenButtons, SolveWithoutCheckOrSnapshotCheckVerdictsAndShowSolution) {
   Autosolvex(stuck, ui);
-  EXPECT_EQ(ui.messages, Messages{"No unique solution - please check the puzzle"});
   EXPECT_EQ(stuck.GridBackups[0], "");
-  s.CellOptions[1][2] = 0;  // the check would refuse; this button does not check
-  Autosolvex(s, ui);
-  EXPECT_EQ(ui.messages.back(), "Done");
-  EXPECT_EQ(s.Grid, s.SolutionGrid);
-}
-
-TEST_F(HiddenButtons, CheckSolutionVerdicts) {
+  GameState dead = s;
+  dead.CellOptions[1][2] = 0;  // the check would refuse; this button does not check
+  Autosolvex(dead, ui);
+  EXPECT_EQ(dead.Grid, dead.SolutionGrid);
   Command6(s, ui);
-  s.Grid[3][4] = 0;
-  s.CellOptions[3][4] = 0;
-  Command6(s, ui);
-  s.Grid = s.SolutionGrid;
-  Command6(s, ui);
-  EXPECT_EQ(ui.messages, (Messages{"All ok but not done yet", " 1=Cell 3, 4 - invalid value", "Done"}));
-}
-
-TEST_F(HiddenButtons, ShowSolutionCopiesTheSolutionOnlyAndUndoStillWorks) {
+  dead = s;
+  dead.Grid[3][4] = 0;
+  dead.CellOptions[3][4] = 0;
+  Command6(dead, ui);
   s.UndoList.push_front(" 1, 2, 0");
   const auto options = s.CellOptions;
   Command7(s, ui);
   EXPECT_EQ(s.Grid, s.SolutionGrid);
   EXPECT_EQ(s.CellOptions, options);
-  EXPECT_EQ(s.UndoList.size(), 1u);
-  UndoEdit(s, ui);
+  Command6(s, ui);
+  EXPECT_EQ(ui.messages, (Messages{"No unique solution - please check the puzzle", "Done", "All ok but not done yet",
+                                   " 1=Cell 3, 4 - invalid value", "Done"}));
+  UndoEdit(s, ui);  // the undo list survives the copied solution
   EXPECT_EQ(s.Grid[1][2], 0);
   EXPECT_TRUE(s.UndoList.empty());
 }

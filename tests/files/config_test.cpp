@@ -5,13 +5,12 @@
 
 #include <filesystem>
 
+#include "model/text.h"
 #include "recording_ui.h"
 #include "test_support.h"
 
 namespace velmora {
 namespace {
-
-using test::Lines;
 
 struct ConfigRun {
   GameState s;
@@ -22,7 +21,7 @@ struct ConfigRun {
     if (contents) dir.Write("velmora.cfg", contents);
     ReadcfgFile(s, ui);
   }
-  std::vector<std::string> Written() const { return Lines(dir.Read("velmora.cfg")); }
+  std::vector<std::string> Written() const { return test::Lines(dir.Read("velmora.cfg")); }
 };
 
 TEST(ReadcfgFile, FieldsOfTheThreeRememberedValues) {
@@ -33,56 +32,39 @@ TEST(ReadcfgFile, FieldsOfTheThreeRememberedValues) {
   } cases[] = {
       {"2024-01-01 10:00:00\r\nsea.col\r\n/home/p/my puzzles.vlm\r\n 12 \r\n", "sea.col",
        "/home/p/my puzzles.vlm", 12},
-      {"x\n   \nf.vlm\n3\n", "default.col", "f.vlm", 3},  // a blank scheme line: the default
-      {"x\n\"my,scheme.col\"\nf.vlm\n4\n", "my,scheme.col", "f.vlm",
-       4},  // quotes removed, a quoted comma stays
-      {"x\nab,cd\nf.vlm\n5\n", "ab", "cd",
-       0},  // an unquoted comma cuts the name; "f.vlm" is read as the number
+      {"x\n   \nf.vlm\n3\n", "default.col", "f.vlm", 3},                  // a blank scheme line: the default
+      {"x\n\"my,scheme.col\"\nf.vlm\n4\n", "my,scheme.col", "f.vlm", 4},  // a quoted comma stays
+      {"x\nab,cd\nf.vlm\n5\n", "ab", "cd", 0},  // an unquoted comma cuts; "f.vlm" is the number
   };
   for (const auto& c : cases) {
     ConfigRun run(c.text);
     EXPECT_TRUE(run.ui.messages.empty()) << c.text;
-    EXPECT_EQ(run.s.ColorSchemeName, c.scheme) << c.text;
-    EXPECT_EQ(run.s.CurrentPuzzleFile, c.file) << c.text;
-    EXPECT_EQ(run.s.CurrentPuzzleNumber, c.number) << c.text;
+    EXPECT_EQ(run.s.ColorSchemeName + "|" + run.s.CurrentPuzzleFile + "|" +
+                  std::to_string(run.s.CurrentPuzzleNumber),
+              c.scheme + "|" + c.file + "|" + std::to_string(c.number));
   }
 }
 
-TEST(ReadcfgFile, FirstRunShowsTheMessageOnceAndCreatesTheFile) {
-  ConfigRun run;
-  EXPECT_EQ(run.ui.messages,
-            std::vector<std::string>{"Configuration file:\r\n" + run.dir.path() +
+TEST(ReadcfgFile, FirstRunAndShortOrBadFilesShowTheMessageOnceAndWriteTheFileAnew) {
+  ConfigRun first;
+  EXPECT_EQ(first.ui.messages,
+            std::vector<std::string>{"Configuration file:\r\n" + first.dir.path() +
                                      "/velmora.cfg\r\ncould not be accessed, new file will be created"});
-  EXPECT_EQ(run.s.CurrentPuzzleNumber, 0);
-  EXPECT_EQ(run.s.ColorSchemeName, "default.col");
-  const auto lines = run.Written();
+  EXPECT_EQ(first.s.CurrentPuzzleNumber, 0);
+  const auto lines = first.Written();
   ASSERT_EQ(lines.size(), 4u);
   EXPECT_FALSE(lines[0].empty());
-  EXPECT_EQ(std::vector<std::string>(lines.begin() + 1, lines.end()),
-            (std::vector<std::string>{"default.col", "", "1"}));
-  EXPECT_EQ(run.dir.Read("velmora.cfg").substr(run.dir.Read("velmora.cfg").size() - 2), "\r\n");
-}
+  EXPECT_EQ(lines[1] + "|" + lines[2] + "|" + lines[3], "default.col||1");
+  EXPECT_EQ(first.dir.Read("velmora.cfg").substr(first.dir.Read("velmora.cfg").size() - 2), "\r\n");
 
-TEST(ReadcfgFile, ShortOrBadFilesTakeTheErrorPathKeepingWhatWasRead) {
-  {  // two lines: the scheme read before the failure is replaced by the default
-    ConfigRun run("x\r\nsea.col\r\n");
-    EXPECT_EQ(run.ui.messages.size(), 1u);
-    ASSERT_EQ(run.Written().size(), 4u);
-    EXPECT_EQ(run.Written()[1], "default.col");
-    EXPECT_EQ(run.Written()[3], "1");
-  }
-  {  // three lines: the file name read so far is written back
-    ConfigRun run("x\r\nsea.col\r\n/p/f.vlm\r\n");
-    EXPECT_EQ(run.ui.messages.size(), 1u);
-    EXPECT_EQ(run.s.ColorSchemeName, "default.col");
-    EXPECT_EQ(run.s.CurrentPuzzleNumber, 0);
-    EXPECT_EQ(run.Written()[2], "/p/f.vlm");
-  }
-  for (const char* text :
-       {"x\nd.col\nf\n99999999999\n", ""}) {  // a number too large for an integer, an empty file
-    ConfigRun run(text);
-    EXPECT_EQ(run.ui.messages.size(), 1u) << text;
-  }
+  ConfigRun two("x\r\nsea.col\r\n");  // the scheme read before the failure is replaced by the default
+  EXPECT_EQ(two.ui.messages.size(), 1u);
+  EXPECT_EQ(two.s.ColorSchemeName, "default.col");
+  EXPECT_EQ(two.Written()[1] + "|" + two.Written()[3], "default.col|1");
+  ConfigRun three("x\r\nsea.col\r\n/p/f.vlm\r\n");  // the file name read so far is written back
+  EXPECT_EQ(three.Written()[2], "/p/f.vlm");
+  for (const char* text : {"x\nd.col\nf\n99999999999\n", ""})
+    EXPECT_EQ(ConfigRun(text).ui.messages.size(), 1u);
   test::TempDir dir;  // the configuration path is a folder: message, nothing thrown
   std::filesystem::create_directory(dir.File("velmora.cfg"));
   GameState s;
@@ -96,13 +78,10 @@ TEST(SavecfgFile, WritesFourLinesThatReadBackOrReportsTheFolder) {
   ConfigRun run("x\nsea.col\n/data/p.vlm\n1\n");
   run.s.CurrentPuzzleNumber = 12;
   ASSERT_TRUE(SavecfgFile(run.s, run.ui));
-  EXPECT_EQ(run.Written()[2], "/data/p.vlm");
-  EXPECT_EQ(run.Written()[3], " 12 ");
+  EXPECT_EQ(run.Written()[2] + "|" + run.Written()[3], "/data/p.vlm| 12 ");
   const ConfigRun back(run.dir.Read("velmora.cfg").c_str());
   EXPECT_TRUE(back.ui.messages.empty());
-  EXPECT_EQ(back.s.ColorSchemeName, "sea.col");
-  EXPECT_EQ(back.s.CurrentPuzzleNumber, 12);
-
+  EXPECT_EQ(back.s.ColorSchemeName + Str(back.s.CurrentPuzzleNumber), "sea.col 12");
   run.s.AppFolder = run.dir.path() + "/missing/";
   EXPECT_FALSE(SavecfgFile(run.s, run.ui));
   EXPECT_EQ(run.ui.messages,

@@ -99,7 +99,8 @@ TEST_F(Undo, SnapshotKeepsNegativeValuesAndAShorterOneFillsOnlyItsCells) {
   EXPECT_EQ(s.Grid, saved);
   s.GridBackups[0] = "5;-1;";
   RestoreGridSnapshot(s, 0);
-  EXPECT_EQ(std::to_string(s.Grid[1][1]) + std::to_string(s.Grid[1][2]) + std::to_string(s.Grid[1][3]), "5-10");
+  EXPECT_EQ(std::to_string(s.Grid[1][1]) + std::to_string(s.Grid[1][2]) + std::to_string(s.Grid[1][3]),
+            "5-10");
   EXPECT_EQ(s.Grid[1][4], saved[1][4]);
 }
 

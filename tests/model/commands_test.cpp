@@ -54,8 +54,9 @@ TEST_F(AutoSolve, RestoreOnceAfterAutoSolveNeverAfterStartUpAndNotWhileSolving) 
   s.Solving = 1;
   mnurestore(s, ui);
   mnuviewsol(s, ui);
-  EXPECT_EQ(ui.messages, (Messages{"Backup grid not found", "No unique solution - please check the puzzle",
-                                   "Backup grid not found", "Cancel AutoSolve first", "Cancel AutoSolve first"}));
+  EXPECT_EQ(ui.messages,
+            (Messages{"Backup grid not found", "No unique solution - please check the puzzle",
+                      "Backup grid not found", "Cancel AutoSolve first", "Cancel AutoSolve first"}));
   EXPECT_EQ(ui.overlays, 0);
   s.Solving = 0;
   mnuviewsol(s, ui);
@@ -81,8 +82,8 @@ TEST_F(HiddenButtons, SolveWithoutCheckOrSnapshotCheckVerdictsAndShowSolution) {
   EXPECT_EQ(s.Grid, s.SolutionGrid);
   EXPECT_EQ(s.CellOptions, options);
   Command6(s, ui);
-  EXPECT_EQ(ui.messages, (Messages{"No unique solution - please check the puzzle", "Done", "All ok but not done yet",
-                                   " 1=Cell 3, 4 - invalid value", "Done"}));
+  EXPECT_EQ(ui.messages, (Messages{"No unique solution - please check the puzzle", "Done",
+                                   "All ok but not done yet", " 1=Cell 3, 4 - invalid value", "Done"}));
   UndoEdit(s, ui);  // the undo list survives the copied solution
   EXPECT_EQ(s.Grid[1][2], 0);
   EXPECT_TRUE(s.UndoList.empty());

@@ -77,7 +77,9 @@ TEST(UpdateOptions, BitSetsAgreeWithTheTextRuleOnRandomBoards) {
     for (int r = 1; r <= 7; ++r)
       for (int c = 1; c <= 7; ++c) {
         const int roll = static_cast<int>(rng() % 10);
-        s.Grid[r][c] = roll < 4 ? 0 : roll == 4 ? -static_cast<int>(1 + rng() % 4) : 1 + static_cast<int>(rng() % 52);
+        s.Grid[r][c] = roll < 4    ? 0
+                       : roll == 4 ? -static_cast<int>(1 + rng() % 4)
+                                   : 1 + static_cast<int>(rng() % 52);
       }
     ASSERT_TRUE(UpdateOptions(s, 1));
     for (int r = 1; r <= 7; ++r)

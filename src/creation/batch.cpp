@@ -11,7 +11,6 @@ namespace {
 using maker::PuzzleMaker;
 using Phase = PuzzleMaker::Phase;
 
-
 struct Slot {
   GameState state;
   std::optional<PuzzleMaker> maker;

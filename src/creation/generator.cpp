@@ -7,7 +7,6 @@
 
 #include "board/geometry.h"
 #include "creation/puzzle_maker.h"
-#include "model/rules.h"
 #include "model/solver.h"
 #include "model/text.h"
 
@@ -82,15 +81,7 @@ PuzzleMaker::Phase PuzzleMaker::BoardDealt() {
   s_.List3 = pool_;
   s_.rng = rng_;  // RemoveGivens draws from the state's source
   s_.SolutionGrid = s_.Grid;
-  // RebuildCardCodes: the codes are plain since the fresh deal, so only the
-  // three cards absent from the solution change. (Not the pool's last
-  // three: a failed column attempt's cards left the pool too.)
-  CardSet dealt = 0;
-  for (int r = 1; r <= kSize; ++r)
-    for (int c = 1; c <= kSize; ++c) dealt |= CardBit(s_.Grid[r][c]);
-  for (CardSet absent = kAllCards & ~dealt; absent; absent &= absent - 1) {
-    s_.CardCodes.Set(__builtin_ctzll(absent) + 1, 0, 0);
-  }
+  RebuildCardCodes(s_);  // the three undealt cards become "00X"
   ApplyBasePattern(s_);
   // The solver's fill is not kept: the pattern cells stay blank.
   if (SolveGridTrial(s_, ui_) != 0) return FreshDeal();  // rng_ is still the state's
@@ -117,29 +108,9 @@ constexpr uint16_t CellTextOrder(int n) { return static_cast<uint16_t>(n < 10 ? 
 
 }  // namespace
 
-CardSet ExcludedCards(const GameState& s, int row, int col) {
-  CardSet barred = 0;
-  const int left[2] = {row, col - 1}, up[2] = {row - 1, col}, down[2] = {row + 1, col}, right[2] = {row, col + 1};
-  for (const int* n : {left, up, down, right}) {
-    barred |= NeighbourRankCards(CellRank(s, n[0], n[1]));
-    const std::string suit = CellSuit(s, n[0], n[1]);
-    if (!suit.empty()) barred |= SuitCards(SuitListIndex(suit) + 1);
-  }
-  for (int i = 1; i <= s.Rows; ++i) {
-    if (i != row) barred |= RankCards(CellRank(s, i, col));
-  }
-  for (int j = 1; j <= s.Cols; ++j) {
-    if (j != col) barred |= RankCards(CellRank(s, row, j));
-  }
-  return barred;
-}
-
 int PickRandomCard(GameState& s, CardSet excluded) {
-  const CardSet fitting = s.List3 & ~SwapSuitOrder(excluded & kAllCards);
-  if (fitting == 0) return 0;
-  const int bit = maker::DrawPoolBit(s.rng, fitting);
-  s.List3 &= ~(CardSet{1} << bit);
-  return maker::PoolCard(bit);
+  const int bit = maker::DrawFromPool(s.rng, s.List3, SwapSuitOrder(excluded & kAllCards));
+  return bit < 0 ? 0 : maker::PoolCard(bit);
 }
 
 void ApplyBasePattern(GameState& s) {
@@ -168,13 +139,6 @@ void ShuffleFilledCells(GameState& s) {
   }
   std::sort(q.items.begin(), q.items.begin() + q.count,
             [](const RemovalQueue::Item& a, const RemovalQueue::Item& b) { return a.order < b.order; });
-}
-
-std::string RemovalItemText(const RemovalQueue::Item& item) {
-  std::string text;
-  text += static_cast<char>('0' + item.key / 10);
-  text += static_cast<char>('0' + item.key % 10);
-  return text + Str(item.cell);
 }
 
 bool RemoveGivens(GameState& s, UserInterface& ui, int& difficulty) {

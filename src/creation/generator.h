@@ -32,9 +32,6 @@ std::string AutomaticTitle(int level, const std::tm& when);
 // (CancelRequest seen at the start of a column attempt).
 int CreatePuzzle(GameState& s, UserInterface& ui, int& difficulty);
 
-// The cards that ExcludedRanks and NeighbourSuits of (row, col) rule out.
-CardSet ExcludedCards(const GameState& s, int row, int col);
-
 // Deals a card from the pool List3 that is not in `excluded`: one draw picks
 // the k-th fitting pool item in text order; that card leaves the pool and
 // its index is returned. 0, with no draw, when no pooled card fits.
@@ -51,10 +48,6 @@ bool RemoveGivens(GameState& s, UserInterface& ui, int& difficulty);
 
 // Fills List6 with one item per filled cell, a random key 1..98 each.
 void ShuffleFilledCells(GameState& s);
-
-// The text of a List6 item: the key as two digits and the cell number in
-// leading-blank form ("37 12").
-std::string RemovalItemText(const RemovalQueue::Item& item);
 
 // The puzzles a batch is to make, and where they go.
 class PuzzleJobs {

@@ -68,11 +68,17 @@ inline int SelectBit(uint64_t x, uint64_t sums, int j) {
   return place + kByteSelect.at[(x >> place) & 0xFF][j - before];
 }
 
-// The pick of PickRandomCard on a non-empty set of fitting pool items.
-inline int DrawPoolBit(Random& rng, CardSet fitting) {
+// PickRandomCard on a pool in text order: draws the k-th pooled item that
+// `excluded` (in pool order) leaves, takes it off the pool and returns its
+// pool bit; -1, with no draw, when nothing fits.
+inline int DrawFromPool(Random& rng, CardSet& pool, CardSet excluded) {
+  const CardSet fitting = pool & ~excluded;
+  if (fitting == 0) return -1;
   const uint64_t bits = rng.Bits53();  // does not wait for the fitting set
   const uint64_t sums = ByteSums(fitting);
-  return SelectBit(fitting, sums, Random::PickOfFew(bits, static_cast<int>(sums >> 56)) - 1);
+  const int bit = SelectBit(fitting, sums, Random::PickOfFew(bits, static_cast<int>(sums >> 56)) - 1);
+  pool &= ~(CardSet{1} << bit);
+  return bit;
 }
 
 // CreatePuzzle's steps for one puzzle in the state. The state must be 7x7
@@ -93,10 +99,8 @@ class PuzzleMaker {
   // fresh deal, or the base puzzle's check and the removal of givens.
   // Inlined so that two makers' steps interleave in one loop.
   [[gnu::always_inline]] Phase Step() {
-    const CardSet fitting = pool_ & ~(base_[row_] | colRanks_ | below_);
-    if (fitting == 0) return AttemptFailed();
-    const int bit = DrawPoolBit(rng_, fitting);
-    pool_ &= ~(CardSet{1} << bit);
+    const int bit = DrawFromPool(rng_, pool_, base_[row_] | colRanks_ | below_);
+    if (bit < 0) return AttemptFailed();
     grid_[row_ * kGridDim] = PoolCard(bit);
     below_ = near_[row_] = kPool.nearOfBit[bit];
     const CardSet rank = CardSet{0xF} << (bit & ~3);

@@ -29,9 +29,6 @@ class Random {
     return z >> 11;
   }
 
-  // u in [0, 1).
-  double Next() { return ToUnit(Bits53()); }
-
   // k = floor(u * n) + 1 clamped to n: a 1-based pick among n items.
   int Pick(int n) { return PickOf(Bits53(), n); }
 
@@ -52,7 +49,6 @@ class Random {
     return PickByDouble(bits, n);
   }
 
-  bool clocked() const { return clock_ != nullptr; }
   uint64_t state() const { return state_; }
 
   static uint64_t NanosecondsSinceMidnight();

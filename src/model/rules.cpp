@@ -21,25 +21,6 @@ bool GridValue(const GameState& s, int row, int col, int& v) {
   return true;
 }
 
-// Card masks: all four suits of a rank, the three ranks a neighbour of rank r
-// bars (r, r+1, r-1, wrapping between king and ace), and all cards of a suit.
-struct CardMasks {
-  std::array<CardSet, 14> rank{};
-  std::array<CardSet, 14> neighbourRank{};
-  std::array<CardSet, 5> suit{};  // index 0, the "X" of "00X", bars nothing
-  CardMasks() {
-    for (int r = 1; r <= 13; ++r) rank[r] = CardSet{0xF} << (4 * (r - 1));
-    for (int r = 1; r <= 13; ++r) {
-      const int up = r + 1 > 13 ? 1 : r + 1;
-      const int down = r == 1 ? 13 : r - 1;
-      neighbourRank[r] = rank[r] | rank[up] | rank[down];
-    }
-    for (int st = 1; st <= 4; ++st)
-      for (int r = 0; r < 13; ++r) suit[st] |= CardSet{1} << (4 * r + st - 1);
-  }
-};
-
-const CardMasks kMasks;
 
 }  // namespace
 
@@ -109,10 +90,9 @@ bool UpdateOptions(GameState& s, int refresh) {
         continue;
       }
       if (v > 0) available &= ~CardBit(v);
-      const int rk = s.CardCodes.Rank(v);
-      nearBars[r][c] = kMasks.neighbourRank[rk] | kMasks.suit[s.CardCodes.Suit(v)];
-      rowBars[r] |= kMasks.rank[rk];
-      colBars[c] |= kMasks.rank[rk];
+      nearBars[r][c] = s.CardCodes.NearBars(v);
+      rowBars[r] |= s.CardCodes.LineBars(v);
+      colBars[c] |= s.CardCodes.LineBars(v);
     }
   }
   s.AvailableCards = available;

@@ -21,18 +21,6 @@ namespace {
 constexpr int kStride = kGridDim + 1;
 constexpr int kPadded = kStride * (kGridDim + 1);
 
-// What putting card k (1..52) down bars: its neighbours, and its row and column.
-struct CardBars {
-  std::array<CardSet, 53> near{};
-  std::array<CardSet, 53> line{};
-  constexpr CardBars() {
-    for (int k = 1; k <= 52; ++k) {
-      near[k] = NeighbourRankCards((k - 1) / 4 + 1) | SuitCards((k - 1) % 4 + 1);
-      line[k] = RankCards((k - 1) / 4 + 1);
-    }
-  }
-};
-constexpr CardBars kCardBars;
 
 inline int LowestCard(CardSet m) { return __builtin_ctzll(m) + 1; }
 inline int HighestCard(CardSet m) { return 64 - __builtin_clzll(m); }
@@ -274,9 +262,10 @@ class Solver {
       s_.Grid[cell.row][cell.col] = card;
       s_.CellOptions[cell.row][cell.col] = 0;
     }
-    near_[cell.at] = kCardBars.near[card];
-    rowBars_[cell.row] |= kCardBars.line[card];
-    colBars_[cell.col] |= kCardBars.line[card];
+    // The card comes from the deck, so its code is the plain one.
+    near_[cell.at] = s_.CardCodes.NearBars(card);
+    rowBars_[cell.row] |= s_.CardCodes.LineBars(card);
+    colBars_[cell.col] |= s_.CardCodes.LineBars(card);
     avail_ &= ~CardBit(card);
     --count_;
     open_[i] = open_[count_];

@@ -80,19 +80,11 @@ bool StartsWithNoCase(std::string_view text, std::string_view prefix) {
   return text.size() >= prefix.size() && ContainsNoCase(text.substr(0, prefix.size()), prefix) ;
 }
 
-namespace {
-
-std::string Formatted(const char* format, const std::tm& when) {
+std::string DateTimeText(const std::tm& when) {
   char text[64] = {};
-  std::strftime(text, sizeof text, format, &when);
+  std::strftime(text, sizeof text, "%d/%m/%Y %H:%M:%S", &when);
   return text;
 }
-
-}  // namespace
-
-std::string DateText(const std::tm& when) { return Formatted("%d/%m/%Y", when); }
-std::string TimeText(const std::tm& when) { return Formatted("%H:%M:%S", when); }
-std::string DateTimeText(const std::tm& when) { return DateText(when) + " " + TimeText(when); }
 
 std::tm LocalTimeNow() {
   const std::time_t now = std::time(nullptr);

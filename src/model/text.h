@@ -29,11 +29,9 @@ std::string ToLower(std::string_view text);
 bool ContainsNoCase(std::string_view haystack, std::string_view needle);
 bool StartsWithNoCase(std::string_view text, std::string_view prefix);
 
-// The short date and time forms of the texts the program stamps: titles of
-// new puzzles and the configuration's first line ("15/11/2026", "10:03:33").
-std::string DateText(const std::tm& when);
-std::string TimeText(const std::tm& when);
-// Date, a blank, time.
+// The short date and time forms, a blank between, of the texts the program
+// stamps: titles of new puzzles and the configuration's first line
+// ("15/11/2026 10:03:33").
 std::string DateTimeText(const std::tm& when);
 // The local time now.
 std::tm LocalTimeNow();

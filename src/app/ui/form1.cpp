@@ -279,7 +279,7 @@ void Form1::BuildMenus() {
   AddCommand(puzzle, QStringLiteral("mnuviewsol"), tr("Show &Solution"), mnuviewsol);
 
   QMenu* create = Menu(QStringLiteral("mnucreate"), tr("&Create"));
-  AddLongCommand(create, QStringLiteral("mnunewrandpuzx"), tr("&One Puzzle"), mnunewrandpuzx);
+  AddCommand(create, QStringLiteral("mnunewrandpuzx"), tr("&One Puzzle"), mnunewrandpuzx, true);
   AddCommand(create, QStringLiteral("mnumultipuzx"), tr("&Multiple Puzzles"),
              [this](GameState&, UserInterface&) { MultiplePuzzles(); });
 
@@ -299,10 +299,17 @@ QMenu* Form1::Menu(const QString& objectName, const QString& title) {
   return menu;
 }
 
-void Form1::AddCommand(QMenu* menu, const QString& objectName, const QString& text, Command command) {
+void Form1::AddCommand(QMenu* menu, const QString& objectName, const QString& text, Command command,
+                       bool yields) {
   QAction* action = menu->addAction(text);
   action->setObjectName(objectName);
-  connect(action, &QAction::triggered, this, [this, command = std::move(command)] { Run(command); });
+  connect(action, &QAction::triggered, this, [this, command = std::move(command), yields] {
+    if (yields) {
+      RunLong(command);
+    } else {
+      Run(command);
+    }
+  });
 }
 
 QPushButton* Form1::Button(const QString& objectName, const QString& text, const QString& tip, Command command) {
@@ -312,12 +319,6 @@ QPushButton* Form1::Button(const QString& objectName, const QString& text, const
   b->setAutoDefault(false);
   if (command) connect(b, &QPushButton::clicked, this, [this, command = std::move(command)] { Run(command); });
   return b;
-}
-
-void Form1::AddLongCommand(QMenu* menu, const QString& objectName, const QString& text, Command command) {
-  QAction* action = menu->addAction(text);
-  action->setObjectName(objectName);
-  connect(action, &QAction::triggered, this, [this, command = std::move(command)] { RunLong(command); });
 }
 
 void Form1::Run(const Command& command) {

@@ -77,8 +77,9 @@ class Form1 : public QMainWindow, public UserInterface {
   // Every menu and menu entry is made here.
   void BuildMenus();
   QMenu* Menu(const QString& objectName, const QString& title);
-  void AddCommand(QMenu* menu, const QString& objectName, const QString& text, Command command);
-  void AddLongCommand(QMenu* menu, const QString& objectName, const QString& text, Command command);
+  // `yields`: the command yields to window events and runs as RunLong does.
+  void AddCommand(QMenu* menu, const QString& objectName, const QString& text, Command command,
+                  bool yields = false);
   QPushButton* Button(const QString& objectName, const QString& text, const QString& tip, Command command);
 
   void Run(const Command& command);

@@ -7,7 +7,6 @@
 #include <sys/wait.h>
 
 #include <chrono>
-#include <regex>
 #include <thread>
 
 #include "board/geometry.h"
@@ -60,33 +59,17 @@ TEST(Generate, AppendsAfterTheRecordsThereWithAutomaticTitles) {
   EXPECT_EQ(CountPuzzles(file), 15);
   // Numbered 13, 14, 15; a blank title gives the automatic one, which names
   // the level actually made.
-  LineReader in(file);
-  std::string line, title;
-  std::vector<std::string> headers;
-  int levelsChecked = 0;
-  while (in.ReadLine(line)) {
-    if (line.empty() || line[0] != '#') continue;
-    headers.push_back(line);
-    in.ReadLine(title);
-    std::string size;
-    in.ReadLine(size);
-    std::smatch m;
-    ASSERT_TRUE(std::regex_match(title, m, std::regex(R"((Easy|Hard|VHard) \d\d/\d\d/\d{4} \d\d:\d\d:\d\d)"))) << title;
-    const int blanks = std::stoi(size.substr(size.rfind(',') + 1));
-    if (m[1] == "Easy") {
-      EXPECT_EQ(blanks, 14);
-    } else if (m[1] == "Hard") {
-      EXPECT_LE(blanks, 18);
-    }
-    if (headers.size() <= 12) {
-      EXPECT_EQ(m[1], "Easy");
-    }
-    ++levelsChecked;
+  const std::vector<std::string> lines = test::Lines(dir.Read("book.vlm"));
+  ASSERT_EQ(lines.size(), 150u);
+  for (int i = 0; i < 15; ++i) {
+    const std::string& title = lines[10 * i + 1];
+    const std::string level = title.substr(0, title.find(' '));
+    EXPECT_EQ(lines[10 * i], "#" + std::to_string(i + 1));
+    EXPECT_TRUE(test::IsAutomaticTitle(title, i < 12 ? "Easy" : "")) << title;
+    const int blanks = std::stoi(lines[10 * i + 2].substr(lines[10 * i + 2].rfind(',') + 1));
+    EXPECT_TRUE(level == "Easy" ? blanks == 14 : level == "Hard" ? blanks >= 14 && blanks <= 18 : blanks >= 14)
+        << title << " " << blanks;
   }
-  ASSERT_EQ(headers.size(), 15u);
-  EXPECT_EQ(headers[12], "#13");
-  EXPECT_EQ(headers[14], "#15");
-  EXPECT_EQ(levelsChecked, 15);
 }
 
 TEST(Generate, UsageAndFileErrors) {
@@ -161,9 +144,6 @@ TEST(Transform, PrintsTheCountOrTheError) {
   EXPECT_EQ(made.exitCode, 0);
   EXPECT_EQ(made.out, " 2 puzzles made\n");
   EXPECT_EQ(CountPuzzles(dir.File("n_new.vlm")), 2);
-  const auto again = RunCli({"transform", in, "--level", "hard", "--seed", "4"});
-  EXPECT_EQ(dir.Read("n_new.vlm").substr(0, 2), "#1");
-  EXPECT_EQ(again.out, made.out);
   const auto missing = RunCli({"transform", dir.File("none.vlm")});
   EXPECT_EQ(missing.exitCode, 1);
   EXPECT_EQ(missing.out, "error?\n");

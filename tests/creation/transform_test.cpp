@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <regex>
 #include <string>
 #include <vector>
 
@@ -29,13 +28,7 @@ const std::vector<std::string> kRowsA = {"1234567", "2345678", "3456789", "45678
 const std::vector<std::string> kRowsB = {"9876543", "8765432", "7654321", "6543219",
                                          "5432198", "4321987", "3219876"};
 
-std::vector<std::string> Lines(const std::string& text) {
-  std::vector<std::string> lines;
-  size_t start = 0;
-  for (size_t end; (end = text.find("\r\n", start)) != std::string::npos; start = end + 2)
-    lines.push_back(text.substr(start, end - start));
-  return lines;
-}
+using test::Lines;
 
 TEST(TransformedFileName, NewBeforeTheLastDotOfTheName) {
   EXPECT_EQ(TransformedFileName("puzzles.vlm"), "puzzles_new.vlm");
@@ -44,49 +37,36 @@ TEST(TransformedFileName, NewBeforeTheLastDotOfTheName) {
   EXPECT_EQ(TransformedFileName("puzzles"), "puzzles_new");
 }
 
-TEST(MakePuzzlesFromFile, EveryRecordBecomesANewNumberedRecord) {
+TEST(MakePuzzlesFromFile, EveryRecordBlankedAsRemoveGivensDoesAtTheLevelFirstDrawn) {
   test::TempDir dir;
   const std::string in = dir.Write("set.vlm", NumericRecord(4, kRowsA) + NumericRecord(9, kRowsB));
   GameState s;
-  s.rng = Random::Seeded(3);
-  test::RecordingUi ui;
-  int level = kLevelEasy;
-  MakePuzzlesFromFile(s, ui, in, level);
-  ASSERT_EQ(ui.messages, std::vector<std::string>{" 2 puzzles made"});
-  EXPECT_EQ(s.view.Label3, "2");
-  const std::vector<std::string> lines = Lines(dir.Read("set_new.vlm"));
-  ASSERT_EQ(lines.size(), 20u);
-  EXPECT_EQ(lines[0], "#1");
-  EXPECT_TRUE(std::regex_match(lines[1], std::regex(R"(Created:\d\d/\d\d/\d{4} \d\d:\d\d:\d\d)"))) << lines[1];
-  EXPECT_EQ(lines[2], " 7, 7, 0");  // "Easy" blanks nothing
-  for (int r = 0; r < 7; ++r) EXPECT_EQ(lines[3 + r], kRowsA[r] + "|" + kRowsA[r]);
-  EXPECT_EQ(lines[10], "#2");
-  EXPECT_EQ(lines[13], kRowsB[0] + "|" + kRowsB[0]);
-}
-
-TEST(MakePuzzlesFromFile, BlanksAsRemoveGivensDoesAndKeepsTheDrawnLevel) {
-  test::TempDir dir;
-  const std::string in = dir.Write("set.vlm", NumericRecord(1, kRowsA) + NumericRecord(2, kRowsB));
-  GameState s;
   CalcCellPos(s);
-  s.rng = Random::Seeded(11);
+  s.rng = Random::Seeded(1);
   GameState expected = s;
   test::RecordingUi ui;
   int level = kLevelRandom;
   MakePuzzlesFromFile(s, ui, in, level);
-  EXPECT_GE(level, kLevelEasy);  // the first record's draw holds for the rest
-  EXPECT_LE(level, kLevelVHard);
+  EXPECT_EQ(ui.messages, std::vector<std::string>{" 2 puzzles made"});
+  EXPECT_EQ(s.view.Label3, "2");
+  EXPECT_NE(level, kLevelRandom);  // the first record's draw holds for the rest
+  EXPECT_NE(level, kLevelEasy);    // so the comparison below sees blanks
 
-  // The same records through the word-for-word RemoveGivens.
+  // Renumbered from 1, titled with the date and time, and blanked as the
+  // word-for-word RemoveGivens blanks the same records.
   int literalLevel = kLevelRandom;
   const std::vector<std::string> lines = Lines(dir.Read("set_new.vlm"));
   ASSERT_EQ(lines.size(), 20u);
   for (int record = 0; record < 2; ++record) {
     const auto& rows = record == 0 ? kRowsA : kRowsB;
-    int blanks = 0;
+    EXPECT_EQ(lines[10 * record], "#" + std::to_string(record + 1));
+    const std::string& title = lines[10 * record + 1];
+    EXPECT_EQ(title.substr(0, 8), "Created:");
+    EXPECT_TRUE(test::IsAutomaticTitle("Easy " + title.substr(8))) << title;  // the same date and time forms
     for (int r = 1; r <= 7; ++r)
       for (int c = 1; c <= 7; ++c) expected.SolutionGrid[r][c] = expected.Grid[r][c] = rows[r - 1][c - 1] - '0';
     test::LiteralRemoveGivens(expected, ui, literalLevel);
+    int blanks = 0;
     for (int r = 1; r <= 7; ++r) {
       std::string row;
       for (int c = 1; c <= 7; ++c) {
@@ -95,7 +75,7 @@ TEST(MakePuzzlesFromFile, BlanksAsRemoveGivensDoesAndKeepsTheDrawnLevel) {
       }
       EXPECT_EQ(lines[10 * record + 2 + r], row + "|" + rows[r - 1]);
     }
-    EXPECT_EQ(lines[10 * record + 2], " 7, 7," + std::string(" ") + std::to_string(blanks));
+    EXPECT_EQ(lines[10 * record + 2], " 7, 7, " + std::to_string(blanks));
   }
   EXPECT_EQ(level, literalLevel);
 }

@@ -17,7 +17,8 @@ void BM_CreatePuzzle(benchmark::State& state) {
     int made = level;
     benchmark::DoNotOptimize(CreatePuzzle(s, ui, made));
   }
-  state.counters["puzzles/s"] = benchmark::Counter(static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
+  state.counters["puzzles/s"] =
+      benchmark::Counter(static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
 }
 BENCHMARK(BM_CreatePuzzle)->Arg(0)->Arg(1)->Arg(2)->Arg(3)->ArgName("level")->MinTime(2);
 
@@ -52,7 +53,14 @@ void BM_CreatePuzzlesPaired(benchmark::State& state) {
   state.counters["puzzles/s"] =
       benchmark::Counter(static_cast<double>(state.iterations() * kBatch), benchmark::Counter::kIsRate);
 }
-BENCHMARK(BM_CreatePuzzlesPaired)->Arg(0)->Arg(1)->Arg(2)->Arg(3)->ArgName("level")->MinTime(2)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_CreatePuzzlesPaired)
+    ->Arg(0)
+    ->Arg(1)
+    ->Arg(2)
+    ->Arg(3)
+    ->ArgName("level")
+    ->MinTime(2)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace velmora

@@ -27,14 +27,14 @@ namespace {
 int RunGenerate(const std::vector<std::string>& args);
 int RunTransform(const std::vector<std::string>& args);
 
-const Subcommand kGenerate{"generate",
-                           "generate FILE [--count N] [--level easy|hard|vhard|random] [--title TEXT] [--seed S] "
-                           "[--jobs K]",
-                           "append N new puzzles to FILE (with --seed S, puzzle i draws from seed S + i)", 50,
-                           RunGenerate};
-const Subcommand kTransform{"transform", "transform FILE [--level easy|hard|vhard|random] [--seed S]",
-                            "make a new puzzle from every record of a numeric-form FILE into FILE's \"_new\" file", 51,
-                            RunTransform};
+const Subcommand kGenerate{
+    "generate",
+    "generate FILE [--count N] [--level easy|hard|vhard|random] [--title TEXT] [--seed S] "
+    "[--jobs K]",
+    "append N new puzzles to FILE (with --seed S, puzzle i draws from seed S + i)", 50, RunGenerate};
+const Subcommand kTransform{
+    "transform", "transform FILE [--level easy|hard|vhard|random] [--seed S]",
+    "make a new puzzle from every record of a numeric-form FILE into FILE's \"_new\" file", 51, RunTransform};
 const Registration kGenerateReg(kGenerate);
 const Registration kTransformReg(kTransform);
 
@@ -88,7 +88,8 @@ int ParseGenerate(const Subcommand& command, const std::vector<std::string>& arg
     } else if (allowAll && a == "--title") {
       o.title = v;
     } else if (allowAll && a == "--jobs") {
-      if (!ParseInt(v, n) || n < 1 || n > 1024) return UsageError(command, "--jobs must be a number from 1 to 1024");
+      if (!ParseInt(v, n) || n < 1 || n > 1024)
+        return UsageError(command, "--jobs must be a number from 1 to 1024");
       o.jobs = static_cast<int>(n);
     } else {
       return UsageError(command, "unknown option " + a);
@@ -218,7 +219,8 @@ int RunGenerate(const std::vector<std::string>& args) {
   GenerateOptions o;
   if (const int bad = ParseGenerate(kGenerate, args, o, true); bad != 0) return bad;
   const int base = CountPuzzles(o.file);
-  if (o.count > 2147483647LL - base) return UsageError(kGenerate, "--count is too large for the record numbers");
+  if (o.count > 2147483647LL - base)
+    return UsageError(kGenerate, "--count is too large for the record numbers");
   const int fd = ::open(o.file.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0666);
   if (fd < 0) {
     std::fprintf(stderr, "velmora-cli generate: cannot write to %s\n", o.file.c_str());
@@ -234,7 +236,8 @@ int RunGenerate(const std::vector<std::string>& args) {
   for (auto& w : workers) w.join();
   ::close(fd);
   std::signal(SIGINT, SIG_DFL);
-  std::printf("%s new puzzles added to file:\n%s\n", Str(static_cast<long long>(written)).c_str(), o.file.c_str());
+  std::printf("%s new puzzles added to file:\n%s\n", Str(static_cast<long long>(written)).c_str(),
+              o.file.c_str());
   if (run.failed()) {
     std::fprintf(stderr, "velmora-cli generate: writing to %s failed\n", o.file.c_str());
     return 1;

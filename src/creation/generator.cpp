@@ -104,7 +104,9 @@ CardSet SwapSuitOrder(CardSet set) {
 }
 
 // Text order of a cell number's leading-blank form: " 1" < " 10" < " 19" < " 2".
-constexpr uint16_t CellTextOrder(int n) { return static_cast<uint16_t>(n < 10 ? n * 11 : (n / 10) * 11 + n % 10 + 1); }
+constexpr uint16_t CellTextOrder(int n) {
+  return static_cast<uint16_t>(n < 10 ? n * 11 : (n / 10) * 11 + n % 10 + 1);
+}
 
 }  // namespace
 

@@ -45,7 +45,8 @@ class Random {
   static int PickOfFew(uint64_t bits, int n) {
     constexpr uint64_t kLow = (uint64_t{1} << 53) - 1;
     const uint64_t product = bits * static_cast<uint64_t>(n);
-    if ((product & kLow) < kLow - 256) [[likely]] return static_cast<int>(product >> 53) + 1;
+    if ((product & kLow) < kLow - 256) [[likely]]
+      return static_cast<int>(product >> 53) + 1;
     return PickByDouble(bits, n);
   }
 

@@ -21,7 +21,6 @@ namespace {
 constexpr int kStride = kGridDim + 1;
 constexpr int kPadded = kStride * (kGridDim + 1);
 
-
 inline int LowestCard(CardSet m) { return __builtin_ctzll(m) + 1; }
 inline int HighestCard(CardSet m) { return 64 - __builtin_clzll(m); }
 
@@ -76,7 +75,8 @@ class Solver {
         if (v < kMinCardIndex || v > kMaxCardIndex) return false;
         const int at = r * kStride + c;
         if (v < 1) {
-          open_[count_++] = OpenCell{static_cast<uint8_t>(r), static_cast<uint8_t>(c), static_cast<uint16_t>(at)};
+          open_[count_++] =
+              OpenCell{static_cast<uint8_t>(r), static_cast<uint8_t>(c), static_cast<uint16_t>(at)};
           marks_ |= v != 0;
         } else {
           dupes_ |= (placed & CardBit(v)) != 0;
@@ -98,7 +98,8 @@ class Solver {
   // duplicate cards, so the card leaves the placed cards.
   void Open(int row, int col, int card) {
     const int at = row * kStride + col;
-    open_[count_++] = OpenCell{static_cast<uint8_t>(row), static_cast<uint8_t>(col), static_cast<uint16_t>(at)};
+    open_[count_++] =
+        OpenCell{static_cast<uint8_t>(row), static_cast<uint8_t>(col), static_cast<uint16_t>(at)};
     near_[at] = 0;  // an empty cell's "00X" bars nothing
     CardSet rowBars = 0, colBars = 0;
     for (int c = 1; c <= s_.Cols; ++c) rowBars |= s_.CardCodes.LineBars(s_.Grid[row][c]);
@@ -133,7 +134,8 @@ class Solver {
         const int v = s_.Grid[r][c];
         const int at = r * kStride + c;
         if (v < 1) {
-          open_[count_] = OpenCell{static_cast<uint8_t>(r), static_cast<uint8_t>(c), static_cast<uint16_t>(at)};
+          open_[count_] =
+              OpenCell{static_cast<uint8_t>(r), static_cast<uint8_t>(c), static_cast<uint16_t>(at)};
           options_[count_++] = s_.CellOptions[r][c];
         }
         // A value below -4 bars nothing; UpdateOptions has already refused
@@ -222,7 +224,8 @@ class Solver {
     for (int i = 0; i < count_; ++i) {
       const OpenCell cell = open_[i];
       const CardSet* near = near_.data() + cell.at;
-      const CardSet barred = rowBars_[cell.row] | colBars_[cell.col] | near[-1] | near[1] | near[-kStride] | near[kStride];
+      const CardSet barred =
+          rowBars_[cell.row] | colBars_[cell.col] | near[-1] | near[1] | near[-kStride] | near[kStride];
       const CardSet m = avail & ~barred;
       dead |= m == 0;
       options_[i] = m;

@@ -37,15 +37,16 @@ std::string SeededRecord(uint64_t seed, int level, int number, const std::string
 TEST(Generate, SeededRecordsAreTheContractWhateverTheThreads) {
   TempDir dir;
   const std::string one = dir.File("one.vlm"), two = dir.File("two.vlm");
-  const auto a = RunCli({"generate", one, "--count", "30", "--level", "vhard", "--seed", "1000", "--jobs", "1",
-                         "--title", "Book"});
+  const auto a = RunCli({"generate", one, "--count", "30", "--level", "vhard", "--seed", "1000", "--jobs",
+                         "1", "--title", "Book"});
   EXPECT_EQ(a.exitCode, 0);
   EXPECT_EQ(a.out, " 30 new puzzles added to file:\n" + one + "\n");
-  const auto b = RunCli({"generate", two, "--count", "30", "--level", "vhard", "--seed", "1000", "--jobs", "2",
-                         "--title", "Book"});
+  const auto b = RunCli({"generate", two, "--count", "30", "--level", "vhard", "--seed", "1000", "--jobs",
+                         "2", "--title", "Book"});
   EXPECT_EQ(b.exitCode, 0);
   std::string expected;
-  for (int i = 1; i <= 30; ++i) expected += SeededRecord(1000 + static_cast<uint64_t>(i), kLevelVHard, i, "Book");
+  for (int i = 1; i <= 30; ++i)
+    expected += SeededRecord(1000 + static_cast<uint64_t>(i), kLevelVHard, i, "Book");
   EXPECT_EQ(dir.Read("one.vlm"), expected);
   EXPECT_EQ(dir.Read("two.vlm"), expected);
 }
@@ -54,7 +55,8 @@ TEST(Generate, AppendsAfterTheRecordsThereWithAutomaticTitles) {
   TempDir dir;
   const std::string file = dir.File("book.vlm");
   ASSERT_EQ(RunCli({"generate", file, "--count", "12", "--level", "easy", "--seed", "1"}).exitCode, 0);
-  const auto more = RunCli({"generate", file, "--count", "3", "--level", "random", "--seed", "50", "--title", "  "});
+  const auto more =
+      RunCli({"generate", file, "--count", "3", "--level", "random", "--seed", "50", "--title", "  "});
   EXPECT_EQ(more.out, " 3 new puzzles added to file:\n" + file + "\n");
   EXPECT_EQ(CountPuzzles(file), 15);
   // Numbered 13, 14, 15; a blank title gives the automatic one, which names
@@ -67,7 +69,9 @@ TEST(Generate, AppendsAfterTheRecordsThereWithAutomaticTitles) {
     EXPECT_EQ(lines[10 * i], "#" + std::to_string(i + 1));
     EXPECT_TRUE(test::IsAutomaticTitle(title, i < 12 ? "Easy" : "")) << title;
     const int blanks = std::stoi(lines[10 * i + 2].substr(lines[10 * i + 2].rfind(',') + 1));
-    EXPECT_TRUE(level == "Easy" ? blanks == 14 : level == "Hard" ? blanks >= 14 && blanks <= 18 : blanks >= 14)
+    EXPECT_TRUE(level == "Easy"   ? blanks == 14
+                : level == "Hard" ? blanks >= 14 && blanks <= 18
+                                  : blanks >= 14)
         << title << " " << blanks;
   }
 }
@@ -93,18 +97,21 @@ TEST(Generate, InterruptLeavesOnlyWholeRecords) {
   TempDir dir;
   const std::string file = dir.File("big.vlm");
   const std::string cli = VELMORA_CLI;
-  std::vector<std::string> args = {cli, "generate", file, "--count", "100000000", "--level", "vhard", "--jobs", "2"};
+  std::vector<std::string> args = {cli,       "generate", file,     "--count", "100000000",
+                                   "--level", "vhard",    "--jobs", "2"};
   std::vector<char*> argv;
   for (auto& a : args) argv.push_back(a.data());
   argv.push_back(nullptr);
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, dir.File("out.txt").c_str(), O_WRONLY | O_CREAT, 0644);
+  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, dir.File("out.txt").c_str(), O_WRONLY | O_CREAT,
+                                   0644);
   pid_t pid = 0;
   ASSERT_EQ(posix_spawn(&pid, cli.c_str(), &actions, nullptr, argv.data(), environ), 0);
   posix_spawn_file_actions_destroy(&actions);
   // Let it write some records first.
-  for (int i = 0; i < 200 && FileLength(file) < 20000; ++i) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  for (int i = 0; i < 200 && FileLength(file) < 20000; ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
   ::kill(pid, SIGINT);
   int status = 0;
   pid_t done = 0;
@@ -127,7 +134,8 @@ TEST(Generate, InterruptLeavesOnlyWholeRecords) {
   for (char c : text) lines += c == '\n';
   EXPECT_EQ(lines, static_cast<size_t>(records) * 10);
   EXPECT_EQ(text.substr(text.size() - 2), "\r\n");
-  EXPECT_EQ(dir.Read("out.txt"), " " + std::to_string(records) + " new puzzles added to file:\n" + file + "\n");
+  EXPECT_EQ(dir.Read("out.txt"),
+            " " + std::to_string(records) + " new puzzles added to file:\n" + file + "\n");
   GameState s;
   SilentUserInterface ui;
   std::string title;

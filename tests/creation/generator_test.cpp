@@ -111,7 +111,8 @@ TEST(Generator, EasyIsTheBasePatternAndHardAddsAtMostFour) {
     const GameState easy = Made(kLevelEasy, seed);
     const char* pattern[7] = {"X.XXX.X", "XX.X.XX", "X.XXX.X", "XX.X.XX", "X.XXX.X", "XX.X.XX", "X.XXX.X"};
     for (int r = 1; r <= 7; ++r)
-      for (int c = 1; c <= 7; ++c) EXPECT_EQ(easy.Grid[r][c] == 0, pattern[r - 1][c - 1] == '.') << r << "," << c;
+      for (int c = 1; c <= 7; ++c)
+        EXPECT_EQ(easy.Grid[r][c] == 0, pattern[r - 1][c - 1] == '.') << r << "," << c;
     const GameState hard = Made(kLevelHard, seed);
     EXPECT_GE(Blanks(hard), 14);
     EXPECT_LE(Blanks(hard), 18);

@@ -35,17 +35,21 @@ class SortedList {
   std::vector<std::string> items_;
 };
 
-std::string TwoDigits(int n) { return std::string(1, static_cast<char>('0' + n / 10)) + static_cast<char>('0' + n % 10); }
+std::string TwoDigits(int n) {
+  return std::string(1, static_cast<char>('0' + n / 10)) + static_cast<char>('0' + n % 10);
+}
 
 std::string PlainCode(int k) { return TwoDigits((k - 1) / 4 + 1) + "SHDC"[(k - 1) % 4]; }
 
-int Pick(GameState& s, SortedList& list3, const std::string& excludedRanks, const std::string& excludedSuits) {
+int Pick(GameState& s, SortedList& list3, const std::string& excludedRanks,
+         const std::string& excludedSuits) {
   SortedList list4;
   for (size_t i = 0; i < list3.Count(); ++i) {
     const std::string& item = list3.Item(i);
     const int rank = static_cast<int>(Val(item.substr(0, 2)));
     const std::string suit = item.substr(2, 1);
-    if (excludedSuits.find(suit) == std::string::npos && excludedRanks.find(Str(rank) + ",") == std::string::npos) {
+    if (excludedSuits.find(suit) == std::string::npos &&
+        excludedRanks.find(Str(rank) + ",") == std::string::npos) {
       list4.Add(item);
     }
   }
@@ -125,8 +129,10 @@ int LiteralCreatePuzzle(GameState& s, UserInterface& ui, int& difficulty) {
         bool dealt = true;
         for (int r = s.Rows; r >= 1 && dealt; --r) {
           const int card = Pick(s, list3, ExcludedRanks(s, r, c), NeighbourSuits(s, r, c));
-          if (card == 0) dealt = false;
-          else s.Grid[r][c] = card;
+          if (card == 0)
+            dealt = false;
+          else
+            s.Grid[r][c] = card;
         }
         if (dealt) break;
       }

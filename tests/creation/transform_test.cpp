@@ -19,7 +19,11 @@ namespace {
 // A record in the numeric form: one digit per cell after the "|".
 std::string NumericRecord(int number, const std::vector<std::string>& solutionRows) {
   std::string text = "#" + std::to_string(number) + "\r\nold title\r\n 7, 7, 0\r\n";
-  for (const std::string& row : solutionRows) text += "......." "|" + row + "\r\n";
+  for (const std::string& row : solutionRows)
+    text +=
+        "......."
+        "|" +
+        row + "\r\n";
   return text;
 }
 
@@ -64,7 +68,8 @@ TEST(MakePuzzlesFromFile, EveryRecordBlankedAsRemoveGivensDoesAtTheLevelFirstDra
     EXPECT_EQ(title.substr(0, 8), "Created:");
     EXPECT_TRUE(test::IsAutomaticTitle("Easy " + title.substr(8))) << title;  // the same date and time forms
     for (int r = 1; r <= 7; ++r)
-      for (int c = 1; c <= 7; ++c) expected.SolutionGrid[r][c] = expected.Grid[r][c] = rows[r - 1][c - 1] - '0';
+      for (int c = 1; c <= 7; ++c)
+        expected.SolutionGrid[r][c] = expected.Grid[r][c] = rows[r - 1][c - 1] - '0';
     test::LiteralRemoveGivens(expected, ui, literalLevel);
     int blanks = 0;
     for (int r = 1; r <= 7; ++r) {
@@ -109,7 +114,8 @@ TEST(MakePuzzlesFromFile, ErrorsEndTheRunAndKeepWhatWasMade) {
   test::RecordingUi blank;
   int hard = kLevelHard;
   GameState fresh;
-  MakePuzzlesFromFile(fresh, blank, dir.Write("bars.vlm", "#1\r\nt\r\n 7, 7, 0\r\n1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n"),
+  MakePuzzlesFromFile(fresh, blank,
+                      dir.Write("bars.vlm", "#1\r\nt\r\n 7, 7, 0\r\n1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n"),
                       hard);
   EXPECT_EQ(blank.messages, std::vector<std::string>{"error?"});
 

@@ -1,5 +1,7 @@
 // The deduction solver: its quirks on hand-built boards, and agreement with a
 // literal text-based reading of the two deductions on many boards.
+#include "model/solver.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -8,7 +10,6 @@
 #include "board/geometry.h"
 #include "files/puzzle_file.h"
 #include "model/rules.h"
-#include "model/solver.h"
 #include "model/text.h"
 #include "model/undo.h"
 #include "test_support.h"
@@ -186,13 +187,15 @@ GameState Scrambled(const GameState& full, std::mt19937& rng, int blanks) {
   for (int b = 0; b < blanks; ++b) {
     const int r = 1 + static_cast<int>(rng() % 7), c = 1 + static_cast<int>(rng() % 7);
     const unsigned kind = rng() % 10;
-    s.Grid[r][c] = kind == 0 ? -static_cast<int>(1 + rng() % 4) : (kind == 1 ? 1 + static_cast<int>(rng() % 52) : 0);
+    s.Grid[r][c] =
+        kind == 0 ? -static_cast<int>(1 + rng() % 4) : (kind == 1 ? 1 + static_cast<int>(rng() % 52) : 0);
   }
   return s;
 }
 
 TEST(SolveGrid, AgreesWithTheLiteralStepsOnManyBoards) {
-  for (int n = 1; n <= 3; ++n) ExpectSameAsReference(Load(test::SampleFile(), n), "sample " + std::to_string(n));
+  for (int n = 1; n <= 3; ++n)
+    ExpectSameAsReference(Load(test::SampleFile(), n), "sample " + std::to_string(n));
   const GameState full = Load(SolvableFile(), 1);
   std::mt19937 rng(20240611);
   for (int trial = 0; trial < 300; ++trial) {
@@ -301,7 +304,7 @@ TEST(BlankTrials, EachTrialAsAFreshTrialWhileBlanksAccumulate) {
     GameState s = full;
     s.Grid = s.SolutionGrid;
     if (round % 5 == 4) s.Grid[1][1] = s.Grid[7][7];  // a card twice: trials start afresh
-    if (round % 7 == 6) s.Grid[4][4] = -3;           // a mark stays a mark
+    if (round % 7 == 6) s.Grid[4][4] = -3;            // a mark stays a mark
     BlankTrials trials(s);
     for (int step = 0; step < 40; ++step) {
       const int r = 1 + static_cast<int>(rng() % 7), c = 1 + static_cast<int>(rng() % 7);

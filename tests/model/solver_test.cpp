@@ -102,15 +102,8 @@ void ExpectSameAsReference(const GameState& start, const std::string& what) {
   EXPECT_EQ(fast.Solving, 0) << what;
 }
 
-GameState Load(const std::string& file, int n) {
-  GameState s;
-  SilentUserInterface ui;
-  std::string title;
-  EXPECT_EQ(LoadPuzzle(s, ui, file, n, title, 0), 0) << file << " " << n;
-  return s;
-}
-
-std::string SolvableFile() { return std::string(VELMORA_TEST_DATA_DIR) + "/solvable.vlm"; }
+using test::SolvableFile;
+GameState Load(const std::string& file, int n) { return test::Loaded(file, n); }
 
 TEST(SolveGrid, SameCardFillsEveryCellWhoseOnlyOptionItIs) {
   // 5H in the middle leaves 1S as the only option on both sides.

@@ -63,267 +63,206 @@ struct Desk {
   std::string Temporary() const { return dir.File("TemporaryPuzzleFile.vlm"); }
   test::TempDir dir;
   GameState s;
+  CreateUi ui{s};
 };
 
-struct Record {
-  std::string header, title, size;
-};
-
-std::vector<Record> Records(const std::string& text) {
-  std::vector<Record> records;
-  const Strings lines = test::Lines(text);
-  for (size_t i = 0; i + 2 < lines.size(); ++i) {
+// Header, title and size line of each record of a file.
+std::vector<Strings> Records(const std::string& file) {
+  std::vector<Strings> records;
+  const Strings lines = test::Lines(file);
+  for (size_t i = 0; i + 2 < lines.size(); ++i)
     if (!lines[i].empty() && lines[i][0] == '#') records.push_back({lines[i], lines[i + 1], lines[i + 2]});
-  }
   return records;
 }
 
-class Create : public ::testing::Test {
- protected:
-  Desk d;
-  CreateUi ui{d.s};
-};
-using CreateGuard = Create;
-using OnePuzzle = Create;
-using MultiplePuzzles = Create;
-using CreateFailures = Create;
-using MakePuzzlesButton = Create;
-
 Form3Values Batch(const std::string& file, const std::string& n, int level, const std::string& title = "") {
-  Form3Values form;
-  form.Text1 = n;
-  form.FileNow = file;
-  form.Text4 = title;
-  form.Check1 = false;
-  form.level = level;
-  form.result = "Y";
-  return form;
+  return {.Text1 = n, .FileNow = file, .Text4 = title, .Check1 = false, .level = level, .result = "Y"};
 }
 
-TEST_F(CreateGuard, AllThreeCommandsRefuseWhileAutoSolveRuns) {
-  const std::string out = d.dir.File("out.vlm");
-  d.s.Solving = 1;
-  mnunewrandpuzx(d.s, ui);
-  mnumultipuzx(d.s, ui, Batch(out, "2", kLevelEasy));
-  cmdmakepuzzles(d.s, ui, kLevelEasy);
-  EXPECT_EQ(ui.messages, Strings(3, "Cancel AutoSolve first"));
-  EXPECT_EQ(ui.busyOn, 0);
-  EXPECT_TRUE(ui.seen.empty());
-  for (const std::string& file : {out, d.Temporary(), d.dir.File("puzzles_new.vlm")})
-    EXPECT_FALSE(FileExists(file));
-}
-
-TEST_F(OnePuzzle, AppendsToTheTemporaryFileShowsItAndSaysTheLevel) {
-  d.dir.Write("TemporaryPuzzleFile.vlm", test::Records(2));  // the new puzzle is the third
-  mnunewrandpuzx(d.s, ui);
-
-  const std::vector<Record> records = Records(d.dir.Read("TemporaryPuzzleFile.vlm"));
-  ASSERT_EQ(records.size(), 3u);
-  EXPECT_EQ(records[2].header, "#3");
-  const std::string level = records[2].title.substr(0, records[2].title.find(' '));
-  EXPECT_TRUE(test::IsAutomaticTitle(records[2].title)) << records[2].title;
-  EXPECT_EQ(ui.messages, Strings{"Done - " + level});
-  EXPECT_EQ(d.s.CurrentPuzzleFile, d.Temporary());
-  EXPECT_EQ(d.s.CurrentPuzzleNumber, 3);
-  EXPECT_EQ(d.s.view.MaxPuzCount, " of 3");
-  EXPECT_EQ(d.s.view.PuzTitle, records[2].title);
-  EXPECT_EQ(records[2].size, " 7, 7," + Str(CountBlanks(d.s)));
-  EXPECT_EQ(d.s.Grid, test::Loaded(d.Temporary(), 3).Grid);
-  // While making it: the panel and both texts; afterwards the panel is gone.
-  EXPECT_TRUE(
-      ui.Showed({"Creating New Puzzle...", " This may take a bit of time...", "File: " + d.Puzzles(), true}));
-  EXPECT_GT(ui.yields, 0);
-  EXPECT_FALSE(d.s.view.Frame1Visible);
-  EXPECT_EQ(d.s.view.pb, "");
-  EXPECT_GE(ui.busyOn, 1);
-  EXPECT_FALSE(ui.busy);
-}
-
-TEST_F(OnePuzzle, CancelStartsThePuzzleOverInsteadOfEndingTheCommand) {
-  d.s.rng = Random::Seeded(3);
-  int cancels = 0;
-  ui.onYield = [&] {
-    if (cancels++ == 0) cmdcancel(d.s, ui);
-  };
-  mnunewrandpuzx(d.s, ui);
-  // The panel went to " Canceling..." and then back to the first text for the new start.
-  auto canceling =
-      std::find_if(ui.seen.begin(), ui.seen.end(), [](const Seen& l) { return l.NewLab == kCancelingText; });
-  ASSERT_NE(canceling, ui.seen.end());
-  EXPECT_NE(std::find_if(canceling, ui.seen.end(),
-                         [](const Seen& l) { return l.NewLab == "Creating New Puzzle..."; }),
-            ui.seen.end());
-  ASSERT_EQ(ui.messages.size(), 1u);
-  EXPECT_EQ(ui.messages[0].rfind("Done - ", 0), 0u);
-  // The finished puzzle, not the cut-off one, is what was written.
-  EXPECT_EQ(Records(d.dir.Read("TemporaryPuzzleFile.vlm")).size(), 1u);
-  for (int r = 1; r <= 7; ++r)
-    for (int c = 1; c <= 7; ++c) EXPECT_GE(d.s.SolutionGrid[r][c], 1);
-}
-
-TEST_F(MultiplePuzzles, NothingHappensUnlessTheDialogSaidCreate) {
+TEST(CreateGuard, RefusedWhileAutoSolveRunsAndMultipleOnlyOnCreate) {
+  Desk d;
   const std::string out = d.dir.File("out.vlm");
   for (const char* result : {"X", "", "y"}) {
     Form3Values form = Batch(out, "2", kLevelEasy);
     form.result = result;
-    mnumultipuzx(d.s, ui, form);
+    mnumultipuzx(d.s, d.ui, form);
   }
-  EXPECT_TRUE(ui.messages.empty());
-  EXPECT_TRUE(ui.seen.empty());
-  EXPECT_FALSE(FileExists(out));
+  d.s.Solving = 1;
+  mnunewrandpuzx(d.s, d.ui);
+  mnumultipuzx(d.s, d.ui, Batch(out, "2", kLevelEasy));
+  cmdmakepuzzles(d.s, d.ui, kLevelEasy);
+  EXPECT_EQ(d.ui.messages, Strings(3, "Cancel AutoSolve first"));
+  EXPECT_EQ(d.ui.busyOn, 0);
+  EXPECT_TRUE(d.ui.seen.empty());
+  for (const std::string& file : {out, d.Temporary(), d.dir.File("puzzles_new.vlm")})
+    EXPECT_FALSE(FileExists(file));
 }
 
-TEST_F(MultiplePuzzles, NumbersOnAfterTheRecordsInTheFileWithAutomaticTitlesForABlankOne) {
+TEST(OnePuzzle, AppendsToTheTemporaryFileShowsItAndSaysTheLevel) {
+  Desk d;
+  d.dir.Write("TemporaryPuzzleFile.vlm", test::Records(2));  // the new puzzle is the third
+  mnunewrandpuzx(d.s, d.ui);
+  const std::vector<Strings> records = Records(d.dir.Read("TemporaryPuzzleFile.vlm"));
+  ASSERT_EQ(records.size(), 3u);
+  const Strings& r = records[2];
+  EXPECT_EQ(r[0], "#3");
+  EXPECT_TRUE(test::IsAutomaticTitle(r[1])) << r[1];
+  EXPECT_EQ(d.ui.messages, Strings{"Done - " + r[1].substr(0, r[1].find(' '))});
+  EXPECT_EQ(r[2], " 7, 7," + Str(CountBlanks(d.s)));
+  EXPECT_EQ(d.s.CurrentPuzzleFile, d.Temporary());
+  EXPECT_EQ(Str(d.s.CurrentPuzzleNumber) + d.s.view.MaxPuzCount + " " + d.s.view.PuzTitle, " 3 of 3 " + r[1]);
+  EXPECT_EQ(d.s.Grid, test::Loaded(d.Temporary(), 3).Grid);
+  // While making it: the panel and both texts; afterwards the panel is gone.
+  EXPECT_TRUE(d.ui.Showed(
+      {"Creating New Puzzle...", " This may take a bit of time...", "File: " + d.Puzzles(), true}));
+  EXPECT_FALSE(d.s.view.Frame1Visible);
+  EXPECT_EQ(d.s.view.pb, "");
+  EXPECT_GE(d.ui.busyOn, 1);
+  EXPECT_FALSE(d.ui.busy);
+}
+
+TEST(OnePuzzle, CancelStartsThePuzzleOverInsteadOfEndingTheCommand) {
+  Desk d(3);
+  int cancels = 0;
+  d.ui.onYield = [&] {
+    if (cancels++ == 0) cmdcancel(d.s, d.ui);
+  };
+  mnunewrandpuzx(d.s, d.ui);
+  // The panel went to " Canceling..." and then back to the first text for the new start.
+  const auto at = [&](const std::string& text, auto from) {
+    return std::find_if(from, d.ui.seen.end(), [&](const Seen& l) { return l.NewLab == text; });
+  };
+  const auto canceling = at(" Canceling...", d.ui.seen.begin());
+  ASSERT_NE(canceling, d.ui.seen.end());
+  EXPECT_NE(at("Creating New Puzzle...", canceling), d.ui.seen.end());
+  ASSERT_EQ(d.ui.messages.size(), 1u);
+  EXPECT_EQ(d.ui.messages[0].rfind("Done - ", 0), 0u);
+  EXPECT_EQ(Records(d.dir.Read("TemporaryPuzzleFile.vlm")).size(), 1u);  // the finished one only
+  for (int r = 1; r <= 7; ++r)
+    for (int c = 1; c <= 7; ++c) EXPECT_GE(d.s.SolutionGrid[r][c], 1);
+}
+
+TEST(MultiplePuzzles, NumbersOnAfterTheRecordsInTheFileWithAutomaticTitlesForABlankOne) {
+  Desk d;
   const std::string out = d.dir.Write("out.vlm", test::Records(12));
   const Board<int32_t> shown = d.s.Grid;
-  mnumultipuzx(d.s, ui, Batch(out, "3", kLevelEasy, "   "));
-
-  const std::vector<Record> records = Records(d.dir.Read("out.vlm"));
+  mnumultipuzx(d.s, d.ui, Batch(out, "3", kLevelEasy, "   "));
+  const std::vector<Strings> records = Records(d.dir.Read("out.vlm"));
   ASSERT_EQ(records.size(), 15u);
-  EXPECT_EQ(records[11].title, "T12");
   for (int i = 0; i < 3; ++i) {
-    const Record& r = records[static_cast<size_t>(12 + i)];
-    EXPECT_EQ(r.header, "#" + std::to_string(13 + i));
-    EXPECT_TRUE(test::IsAutomaticTitle(r.title, "Easy")) << r.title;
-    EXPECT_EQ(r.size, " 7, 7, 14");
+    const Strings& r = records[static_cast<size_t>(12 + i)];
+    EXPECT_EQ(r[0] + r[2], "#" + std::to_string(13 + i) + " 7, 7, 14");
+    EXPECT_TRUE(test::IsAutomaticTitle(r[1], "Easy")) << r[1];
     const std::string ofN = " " + std::to_string(i + 1) + " of 3";
     EXPECT_TRUE(
-        ui.Showed({"Creating Puzzle" + ofN + "\r\nOutput File: " + out, " New" + ofN, "New" + ofN, true}))
+        d.ui.Showed({"Creating Puzzle" + ofN + "\r\nOutput File: " + out, " New" + ofN, "New" + ofN, true}))
         << "puzzle " << i + 1;
   }
-  EXPECT_EQ(ui.messages, Strings{" 3 new puzzles added to file:\r\n" + out});
+  EXPECT_EQ(d.ui.messages, Strings{" 3 new puzzles added to file:\r\n" + out});
   // The puzzle shown before comes back, in its own file.
   EXPECT_EQ(d.s.CurrentPuzzleFile, d.Puzzles());
   EXPECT_EQ(d.s.CurrentPuzzleNumber, 2);
   EXPECT_EQ(d.s.view.Caption, "File: " + d.Puzzles());
   EXPECT_EQ(d.s.Grid, shown);
   EXPECT_EQ(d.s.view.pb, " Done");
-  EXPECT_FALSE(d.s.view.Frame1Visible);
-  EXPECT_EQ(d.s.CancelRequest, 0);
-  EXPECT_FALSE(ui.busy);
-  EXPECT_FALSE(FileExists(d.Temporary()));
+  EXPECT_FALSE(d.s.view.Frame1Visible || d.ui.busy || FileExists(d.Temporary()));
 }
 
-TEST_F(MultiplePuzzles, NumberIsReadLenientlyAndAnOwnTitleGoesOnEveryPuzzle) {
-  const std::pair<const char*, int> cases[] = {
-      {"abc", 0}, {"", 0}, {"-2", 0}, {"99999999999", 0}, {"2 puzzles", 2}};
-  for (const auto& [text, made] : cases) {
-    SCOPED_TRACE(text);
-    Desk run(5);
-    const std::string out = run.dir.File("new.vlm");  // created by the first append
-    CreateUi runUi(run.s);
-    mnumultipuzx(run.s, runUi, Batch(out, text, kLevelHard, " My set "));
-    EXPECT_EQ(runUi.messages, Strings{Str(made) + " new puzzles added to file:\r\n" + out});
-    EXPECT_EQ(run.s.view.pb, " Done");
-    const std::vector<Record> records = Records(run.dir.Read("new.vlm"));
-    ASSERT_EQ(records.size(), static_cast<size_t>(made));
-    for (int i = 0; i < made; ++i) {
-      EXPECT_EQ(records[static_cast<size_t>(i)].header, "#" + std::to_string(i + 1));
-      EXPECT_EQ(records[static_cast<size_t>(i)].title, " My set ");
-      EXPECT_GE(CountBlanks(test::Loaded(out, i + 1)), 14);
-    }
+TEST(MultiplePuzzles, NumberIsReadLenientlyAndAnOwnTitleGoesOnEveryPuzzle) {
+  for (const auto& [text, made] : {std::pair{"abc", 0}, {"-2", 0}, {"99999999999", 0}, {"2 puzzles", 2}}) {
+    Desk d(5);
+    const std::string out = d.dir.File("new.vlm");  // created by the first append
+    mnumultipuzx(d.s, d.ui, Batch(out, text, kLevelHard, " My set "));
+    EXPECT_EQ(d.ui.messages, Strings{Str(made) + " new puzzles added to file:\r\n" + out});
+    const std::vector<Strings> records = Records(d.dir.Read("new.vlm"));
+    ASSERT_EQ(records.size(), static_cast<size_t>(made)) << text;
+    for (int i = 0; i < made; ++i)
+      EXPECT_EQ(records[static_cast<size_t>(i)][0] + records[static_cast<size_t>(i)][1],
+                "#" + std::to_string(i + 1) + " My set ");
   }
 }
 
-TEST_F(MultiplePuzzles, DisplayOnlyNeverTouchesTheOutputFile) {
+TEST(MultiplePuzzles, DisplayOnlyNeverTouchesTheOutputFile) {
+  Desk d;
   const std::string out = d.dir.Write("out.vlm", test::Records(4));
   d.dir.Write("TemporaryPuzzleFile.vlm", test::Records(1));
   Form3Values form = Batch(out, "5", kLevelEasy, "Ignored title");
   form.Check1 = true;
-  mnumultipuzx(d.s, ui, form);
-
+  mnumultipuzx(d.s, d.ui, form);
   EXPECT_EQ(d.dir.Read("out.vlm"), test::Records(4));
-  const std::vector<Record> records = Records(d.dir.Read("TemporaryPuzzleFile.vlm"));
+  const std::vector<Strings> records = Records(d.dir.Read("TemporaryPuzzleFile.vlm"));
   ASSERT_EQ(records.size(), 2u);
-  EXPECT_EQ(records[1].header, "#2");
-  EXPECT_TRUE(test::IsAutomaticTitle(records[1].title, "Easy")) << records[1].title;
-  EXPECT_EQ(ui.messages, Strings{"Done - Easy"});
-  EXPECT_EQ(d.s.CurrentPuzzleFile, d.Temporary());
-  EXPECT_EQ(d.s.CurrentPuzzleNumber, 2);
-  EXPECT_TRUE(ui.Showed({"Creating Puzzle", "", "File: " + d.Puzzles(), true}));
-  EXPECT_FALSE(d.s.view.Frame1Visible);
+  EXPECT_EQ(records[1][0], "#2");
+  EXPECT_TRUE(test::IsAutomaticTitle(records[1][1], "Easy")) << records[1][1];
+  EXPECT_EQ(d.ui.messages, Strings{"Done - Easy"});
+  EXPECT_EQ(d.s.CurrentPuzzleFile + Str(d.s.CurrentPuzzleNumber), d.Temporary() + " 2");
+  EXPECT_TRUE(d.ui.Showed({"Creating Puzzle", "", "File: " + d.Puzzles(), true}));
 }
 
-TEST_F(MultiplePuzzles, CancelEndsTheBatchAndCountsThePuzzleItCutShort) {
-  d.s.rng = Random::Seeded(9);
+TEST(MultiplePuzzles, CancelEndsTheBatchAndCountsThePuzzleItCutShort) {
+  Desk d(9);
   const std::string out = d.dir.Write("out.vlm", test::Records(2));
   bool pressed = false;
-  ui.onYield = [&] {  // pressed during the making of puzzle 2 of 5: that one is still written
+  d.ui.onYield = [&] {  // pressed during the making of puzzle 2 of 5: that one is still written
     if (pressed || d.s.view.Caption != "New 2 of 5") return;
     pressed = true;
-    cmdcancel(d.s, ui);
+    cmdcancel(d.s, d.ui);
   };
-  mnumultipuzx(d.s, ui, Batch(out, "5", kLevelEasy));
+  mnumultipuzx(d.s, d.ui, Batch(out, "5", kLevelEasy));
   ASSERT_TRUE(pressed);
-  EXPECT_EQ(ui.messages, Strings{" 2 new puzzles added to file:\r\n" + out});
+  EXPECT_EQ(d.ui.messages, Strings{" 2 new puzzles added to file:\r\n" + out});
   EXPECT_EQ(test::Headers(d.dir.Read("out.vlm")), (Strings{"#1", "#2", "#3", "#4"}));
-  for (const Seen& look : ui.seen) EXPECT_NE(look.Caption, "New 3 of 5");
-  EXPECT_EQ(d.s.CancelRequest, 0);
-  EXPECT_EQ(d.s.CurrentPuzzleNumber, 2);
+  EXPECT_EQ(Str(d.s.CancelRequest) + Str(d.s.CurrentPuzzleNumber), " 0 2");
 
   // The next batch's Cancel, pressed before its first puzzle, is not taken
-  // for a second press of the one before.
-  ui.messages.clear();
-  ui.onYield = [&] { cmdcancel(d.s, ui); };
-  mnumultipuzx(d.s, ui, Batch(out, "3", kLevelEasy));
-  EXPECT_EQ(ui.messages, Strings{" 0 new puzzles added to file:\r\n" + out});
-
-  // Cancel before the first puzzle: none is made and no file is created.
-  Desk e;
-  CreateUi early(e.s);
-  early.onYield = [&] { cmdcancel(e.s, early); };
-  mnumultipuzx(e.s, early, Batch(e.dir.File("out.vlm"), "4", kLevelRandom));
-  EXPECT_EQ(early.messages, Strings{" 0 new puzzles added to file:\r\n" + e.dir.File("out.vlm")});
-  EXPECT_FALSE(FileExists(e.dir.File("out.vlm")));
-  EXPECT_EQ(e.s.CancelRequest, 0);
+  // for a second press of the one before; no file is created.
+  d.ui.messages.clear();
+  d.ui.onYield = [&] { cmdcancel(d.s, d.ui); };
+  const std::string other = d.dir.File("other.vlm");
+  mnumultipuzx(d.s, d.ui, Batch(other, "3", kLevelRandom));
+  EXPECT_EQ(d.ui.messages, Strings{" 0 new puzzles added to file:\r\n" + other});
+  EXPECT_FALSE(FileExists(other));
+  EXPECT_EQ(d.s.CancelRequest, 0);
 }
 
-TEST_F(CreateFailures, AFileThatCannotBeWrittenIsReportedAndTheShownPuzzleKept) {
+TEST(CreateFailures, AFileThatCannotBeWrittenIsReportedAndTheShownPuzzleKept) {
+  Desk d;
   const Board<int32_t> shown = d.s.Grid;
   const std::string out = d.dir.File("no-such-folder/out.vlm");
-  mnumultipuzx(d.s, ui, Batch(out, "3", kLevelEasy));
-  EXPECT_EQ(ui.messages,
+  mnumultipuzx(d.s, d.ui, Batch(out, "3", kLevelEasy));
+  EXPECT_EQ(d.ui.messages,
             (Strings{"Error apending puzzle to file: " + out, " 0 new puzzles added to file:\r\n" + out}));
   EXPECT_EQ(d.s.Grid, shown);
-
-  // One Puzzle with a program folder that cannot take the temporary file.
-  ui.messages.clear();
+  d.ui.messages.clear();  // One Puzzle with a program folder that cannot take the temporary file
   d.s.AppFolder = d.dir.File("no-such-folder") + "/";
-  mnunewrandpuzx(d.s, ui);
-  EXPECT_EQ(ui.messages,
+  mnunewrandpuzx(d.s, d.ui);
+  EXPECT_EQ(d.ui.messages,
             Strings{"Error apending puzzle to file: " + d.s.AppFolder + "TemporaryPuzzleFile.vlm"});
-  EXPECT_EQ(d.s.CurrentPuzzleFile, d.Puzzles());
-  EXPECT_EQ(d.s.CurrentPuzzleNumber, 2);
+  EXPECT_EQ(d.s.CurrentPuzzleFile + Str(d.s.CurrentPuzzleNumber), d.Puzzles() + " 2");
   EXPECT_EQ(d.s.Grid, shown);
-  EXPECT_FALSE(d.s.view.Frame1Visible);
-}
-
-TEST_F(MultiplePuzzles, WithNoPuzzleShownTheBoardIsLeftAsItWas) {
-  // As after a first run: no current file, an empty board.
+  // With no puzzle shown, as after a first run, the board is left as it was.
   d.s.CurrentPuzzleFile.clear();
   d.s.CurrentPuzzleNumber = 0;
   for (auto& row : d.s.Grid) row.fill(0);
   const GameState before = d.s;
-  mnumultipuzx(d.s, ui, Batch(d.dir.File("out.vlm"), "1", kLevelEasy));
+  mnumultipuzx(d.s, d.ui, Batch(d.dir.File("out.vlm"), "1", kLevelEasy));
   EXPECT_EQ(CountPuzzles(d.dir.File("out.vlm")), 1);
   EXPECT_EQ(d.s.Grid, before.Grid);
   EXPECT_EQ(d.s.SolutionGrid, before.SolutionGrid);
-  EXPECT_GT(ui.boards, 0);
 }
 
-TEST_F(MakePuzzlesButton, TransformsTheCurrentFileAndShowsTheCurrentPuzzleAgain) {
+TEST(MakePuzzlesButton, TransformsTheCurrentFileAndShowsTheCurrentPuzzleAgain) {
+  Desk d;
   const Board<int32_t> shown = d.s.Grid;
-  cmdmakepuzzles(d.s, ui, kLevelEasy);
-  EXPECT_EQ(ui.messages, Strings{" 3 puzzles made"});
+  cmdmakepuzzles(d.s, d.ui, kLevelEasy);
   EXPECT_EQ(CountPuzzles(d.dir.File("puzzles_new.vlm")), 3);
   EXPECT_EQ(d.s.Grid, shown);
   EXPECT_EQ(d.s.CurrentPuzzleNumber, 2);
-  EXPECT_FALSE(ui.busy);
-  // No current file: the transformation's own "error?", and the board unchanged.
-  d.s.CurrentPuzzleFile.clear();
-  cmdmakepuzzles(d.s, ui, kLevelRandom);
-  EXPECT_EQ(ui.messages.back(), "error?");
+  d.s.CurrentPuzzleFile.clear();  // no current file: the transformation's own "error?"
+  cmdmakepuzzles(d.s, d.ui, kLevelRandom);
+  EXPECT_EQ(d.ui.messages, (Strings{" 3 puzzles made", "error?"}));
   EXPECT_EQ(d.s.Grid, shown);
+  EXPECT_FALSE(d.ui.busy);
 }
 
 }  // namespace

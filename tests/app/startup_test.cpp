@@ -1,4 +1,4 @@
-// Start-up sequence and the Exit/Cancel buttons, over a recording user interface.
+// Start-up's fallbacks and the progress panel's Cancel, over a recording user interface.
 #include "app/startup.h"
 
 #include <gtest/gtest.h>
@@ -6,100 +6,55 @@
 #include <filesystem>
 
 #include "app/app_commands.h"
-#include "appearance/color_scheme.h"
 #include "recording_ui.h"
 #include "test_support.h"
 
 namespace velmora {
 namespace {
 
-// A program folder with the shipped schemes and the sample puzzles, or empty.
-struct Started {
-  explicit Started(bool files = true) {
-    if (!files) return;
-    std::filesystem::copy_file(std::string(VELMORA_DATA_DIR) + "/all.col", dir.File("all.col"));
-    std::filesystem::copy_file(test::SampleFile(), dir.File("puzzles.vlm"));
-  }
-  void Run() {
-    StartUp(s, ui, dir.path(), [this] { ++setCols; });
-  }
-  std::string Puzzles() const { return dir.File("puzzles.vlm"); }
-  test::TempDir dir;
-  GameState s;
-  test::RecordingUi ui;
-  int setCols = 0;
-};
-
-void ExpectEmptyBoard(const GameState& s) {
-  EXPECT_EQ(s.CurrentPuzzleFile, "");
-  EXPECT_EQ(s.CurrentPuzzleNumber, 0);
-  EXPECT_EQ(s.view.PuzNumNow, "");
-  EXPECT_EQ(s.Rows, 7);
-  EXPECT_EQ(s.CellX[7][7], 30 + 6 * 810);
-  for (int r = 1; r <= 7; ++r)
-    for (int c = 1; c <= 7; ++c) EXPECT_EQ(s.Grid[r][c], 0);
-}
-
-TEST(StartUp, FirstRunCreatesTheConfigurationAndShowsAnEmptyBoard) {
-  Started f;
-  f.Run();
-  EXPECT_EQ(f.s.AppFolder, f.dir.path() + "/");
-  ASSERT_EQ(f.ui.messages.size(), 1u);  // the configuration's own message, checked with it
-  EXPECT_EQ(f.setCols, 1);
-  EXPECT_TRUE(FileExists(f.dir.File("velmora.cfg")));
-  ExpectEmptyBoard(f.s);  // number 0 names no record
-  EXPECT_EQ(f.s.PuzzleCount, 3);
-  EXPECT_GE(f.ui.boards, 1);
-  EXPECT_FALSE(f.ui.busy);
-}
-
 TEST(StartUp, FallsBackToTheDefaultFileAndThenToAnEmptyBoard) {
-  {  // a remembered file that is gone: puzzles.vlm of the folder is used
-    Started f;
-    f.dir.Write("velmora.cfg", "t\r\nnone.col\r\n" + f.dir.File("gone.vlm") + "\r\n1\r\n");
-    f.Run();
-    EXPECT_EQ(f.ui.messages, std::vector<std::string>{"Color Scheme: none.col not found"});
-    EXPECT_EQ(f.s.ColorSchemeName, "default.col");
-    EXPECT_EQ(f.s.CurrentPuzzleFile, f.Puzzles());
-    EXPECT_EQ(f.s.view.PuzNumNow, "1");
+  const struct {
+    const char* name;
+    bool files;
+    std::string config;  // "@" stands for the folder
+    size_t messages;
+    std::string file;
+  } cases[] = {
+      {"remembered file gone", true, "t\r\nnone.col\r\n@/gone.vlm\r\n1\r\n", 1, "@/puzzles.vlm"},
+      {"number past the end", true, "t\r\ndefault.col\r\n@/puzzles.vlm\r\n 9 \r\n", 0, ""},
+      {"empty folder", false, "", 2, ""},
+  };
+  for (const auto& c : cases) {
+    test::TempDir dir;
+    const auto here = [&](std::string text) {
+      if (const size_t at = text.find('@'); at != std::string::npos) text.replace(at, 1, dir.path());
+      return text;
+    };
+    if (c.files) {
+      std::filesystem::copy_file(std::string(VELMORA_DATA_DIR) + "/all.col", dir.File("all.col"));
+      std::filesystem::copy_file(test::SampleFile(), dir.File("puzzles.vlm"));
+      dir.Write("velmora.cfg", here(c.config));
+    }
+    GameState s;
+    test::RecordingUi ui;
+    int setCols = 0;
+    StartUp(s, ui, dir.path(), [&] { ++setCols; });
+    EXPECT_EQ(ui.messages.size(), c.messages) << c.name;
+    EXPECT_EQ(setCols, 1);
+    EXPECT_EQ(s.CurrentPuzzleFile, here(c.file)) << c.name;
+    EXPECT_EQ(s.view.PuzNumNow, c.file.empty() ? "" : "1") << c.name;
+    int filled = 0;  // none on the empty 7x7 board
+    for (int r = 1; r <= 7; ++r)
+      for (int col = 1; col <= 7; ++col) filled += s.Grid[r][col] != 0;
+    EXPECT_EQ(filled > 0, !c.file.empty()) << c.name;
+    EXPECT_EQ(s.CellX[7][7], 30 + 6 * 810) << c.name;
+    EXPECT_FALSE(ui.busy);
   }
-  {  // a number past the end of the file: empty board
-    Started f;
-    f.dir.Write("velmora.cfg", "t\r\ndefault.col\r\n" + f.Puzzles() + "\r\n 9 \r\n");
-    f.Run();
-    EXPECT_TRUE(f.ui.messages.empty());
-    ExpectEmptyBoard(f.s);
-  }
-  {  // a folder with nothing in it: two messages, still an empty board
-    Started f(false);
-    f.Run();
-    EXPECT_EQ(f.ui.messages.size(), 2u);
-    EXPECT_EQ(f.s.PuzzleCount, 0);
-    ExpectEmptyBoard(f.s);
-  }
-}
-
-TEST(AppCommands, ExitSavesOnlyOnYesAndEndsEvenWhenTheSaveFails) {
-  Started f;
-  f.s.AppFolder = f.dir.path() + "/";
-  f.s.CurrentPuzzleFile = "/p.vlm";
-  f.s.CurrentPuzzleNumber = 4;
-  f.ui.answer = false;
-  EXPECT_FALSE(cmdexit(f.s, f.ui));
-  EXPECT_EQ(f.ui.questions, std::vector<std::string>{"Exit?"});
-  EXPECT_FALSE(FileExists(f.dir.File("velmora.cfg")));
-  f.ui.answer = true;
-  EXPECT_TRUE(cmdexit(f.s, f.ui));
-  EXPECT_NE(f.dir.Read("velmora.cfg").find("\r\n/p.vlm\r\n 4 \r\n"), std::string::npos);
-  f.s.AppFolder = f.dir.path() + "/missing/";
-  EXPECT_TRUE(cmdexit(f.s, f.ui));
-  EXPECT_EQ(f.ui.messages.size(), 1u);
 }
 
 TEST(AppCommands, CancelSetsTheRequestOnce) {
   GameState s;
   test::RecordingUi ui;
-  s.view.NewLab = "Creating Puzzle";
   cmdcancel(s, ui);
   EXPECT_EQ(s.CancelRequest, 1);
   EXPECT_EQ(s.view.NewLab, " Canceling...");

@@ -3,76 +3,64 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
-
 #include "recording_ui.h"
 #include "test_support.h"
 
 namespace velmora {
 namespace {
 
-using test::TempDir;
-
 // A scheme whose element i is Rgb(base + i, 2 * i, 255 - i).
 std::string SchemeText(const std::string& nameLine, int base) {
   std::string text = nameLine + "\r\n";
-  for (int i = 0; i < 13; ++i) {
+  for (int i = 0; i < 13; ++i)
     text += " " + std::to_string(base + i) + "; " + std::to_string(2 * i) + "; " + std::to_string(255 - i) +
             "\r\n";
-  }
   return text;
 }
 
 struct SchemeRun {
-  TempDir dir;
-  GameState s;
-  test::RecordingUi ui;
-  explicit SchemeRun(const std::string& contents) {
+  explicit SchemeRun(const std::string& contents) : file(dir.Write("all.col", contents)) {
     s.AppFolder = dir.path() + "/";
-    dir.Write("all.col", contents);
     s.Scheme.fill(Rgb(1, 2, 3));
   }
+  bool Read(const std::string& name) { return ReadColorScheme(s, ui, name); }
+  test::TempDir dir;
+  std::string file;
+  GameState s;
+  test::RecordingUi ui;
 };
 
-TEST(ReadColorScheme, LoadsTheNamedSchemeAndCopiesElementThreeToFive) {
-  SchemeRun run(SchemeText("default.col", 0) + SchemeText("sea.col", 100));
-  ASSERT_TRUE(ReadColorScheme(run.s, run.ui, "sea.col"));
-  EXPECT_TRUE(run.ui.messages.empty());
+TEST(ReadColorScheme, LoadsTheNamedSchemeCopyingElementThreeToFiveAndOddValues) {
+  std::string odd = "odd.col\n 10; 20; 30\n300;-5; 7.6\n";  // LF lines; clamped and rounded
+  for (int i = 2; i < 13; ++i) odd += " 1; 1; 1\n";
+  SchemeRun run(SchemeText("default.col", 0) + SchemeText("sea.col", 100) + odd);
+  ASSERT_TRUE(run.Read("sea.col"));
   for (int i = 0; i < 13; ++i) {
-    const int expectedIndex = i == 5 ? 3 : i;
-    EXPECT_EQ(run.s.Scheme[i], Rgb(100 + expectedIndex, 2 * expectedIndex, 255 - expectedIndex)) << i;
+    const int from = i == 5 ? 3 : i;
+    EXPECT_EQ(run.s.Scheme[i], Rgb(100 + from, 2 * from, 255 - from)) << i;
   }
-}
-
-TEST(ReadColorScheme, ReadsBlankPaddedFieldsAndToleratesLfAndOddValues) {
-  std::string text = "odd.col\n 10; 20; 30\n300;-5; 7.6\n";  // clamped and rounded
-  for (int i = 2; i < 13; ++i) text += " 1; 1; 1\n";
-  SchemeRun run(text);
-  ASSERT_TRUE(ReadColorScheme(run.s, run.ui, "odd.col"));
+  ASSERT_TRUE(run.Read("odd.col"));
   EXPECT_EQ(run.s.Scheme[0], Rgb(10, 20, 30));
   EXPECT_EQ(run.s.Scheme[1], Rgb(255, 0, 8));
+  EXPECT_TRUE(run.ui.messages.empty());
 }
 
-TEST(ReadColorScheme, MissingNameFallsBackToDefaultWithTheMessage) {
-  SchemeRun run(SchemeText("default.col", 0));
-  run.s.ColorSchemeName = "gone.col";
-  EXPECT_FALSE(ReadColorScheme(run.s, run.ui, "gone.col"));
-  EXPECT_EQ(run.ui.messages, std::vector<std::string>{"Color Scheme: gone.col not found"});
-  EXPECT_EQ(run.s.ColorSchemeName, "default.col");
-  EXPECT_EQ(run.s.Scheme[2], Rgb(1, 2, 3));                     // nothing was read
-  EXPECT_FALSE(ReadColorScheme(run.s, run.ui, "Default.col"));  // the match is exact
-}
-
-TEST(ReadColorScheme, DamagedOrMissingFilesFailWithoutThrowing) {
+TEST(ReadColorScheme, MissingNameOrDamagedFileFallsBackToDefaultWithTheMessage) {
   std::string cut = "cut.col\r\n";  // only 5 colour lines, the fifth without its blue field
   for (int i = 0; i < 4; ++i) cut += " 9; 9; 9\r\n";
-  SchemeRun run(cut + " 9; 9\r\n");
-  EXPECT_FALSE(ReadColorScheme(run.s, run.ui, "cut.col"));
+  SchemeRun run(SchemeText("default.col", 0) + cut + " 9; 9\r\n");
+  run.s.ColorSchemeName = "Default.col";
+  EXPECT_FALSE(run.Read("Default.col"));  // the match is exact
+  EXPECT_EQ(run.s.ColorSchemeName, "default.col");
+  EXPECT_EQ(run.s.Scheme[2], Rgb(1, 2, 3));  // nothing was read
+  EXPECT_FALSE(run.Read("cut.col"));
   EXPECT_EQ(run.s.Scheme[3], Rgb(9, 9, 9));  // kept what was read
   EXPECT_EQ(run.s.Scheme[4], Rgb(1, 2, 3));
   run.s.AppFolder = run.dir.path() + "/nowhere/";
-  EXPECT_FALSE(ReadColorScheme(run.s, run.ui, "default.col"));
-  EXPECT_EQ(run.ui.messages.size(), 2u);
+  EXPECT_FALSE(run.Read("default.col"));
+  EXPECT_EQ(run.ui.messages, (std::vector<std::string>{"Color Scheme: Default.col not found",
+                                                       "Color Scheme: cut.col not found",
+                                                       "Color Scheme: default.col not found"}));
 }
 
 TEST(EffectiveColors, DefaultSchemeTakesSystemBackgroundAndGreyButtons) {
@@ -85,52 +73,26 @@ TEST(EffectiveColors, DefaultSchemeTakesSystemBackgroundAndGreyButtons) {
   EXPECT_EQ(EffectiveColors(scheme, "sea.col", Rgb(200, 201, 202)), scheme);
 }
 
-TEST(SchemeFile, NamesAreTheTextBeforeTheFirstDotCol) {
-  TempDir dir;
-  const std::string file =
-      dir.Write("all.col", SchemeText("default.col", 0) + "junk\r\n" + SchemeText("a.col.col", 5));
-  EXPECT_EQ(SchemeNames(file), (std::vector<std::string>{"default", "a"}));
-  EXPECT_TRUE(SchemeNames(dir.File("none.col")).empty());
-}
-
-TEST(SchemeFile, AppendWritesLowerCaseNameAndBlankPaddedLinesThatReadBack) {
-  SchemeRun run(SchemeText("default.col", 0));
-  SchemeColors colors;
-  for (int i = 0; i < 13; ++i) colors[i] = Rgb(i, 100 + i, 200 + i);
-  ASSERT_TRUE(AppendScheme(run.dir.File("all.col"), "Blue", colors));
-  const std::string text = run.dir.Read("all.col");
-  EXPECT_NE(text.find("\r\nblue.col\r\n 0; 100; 200\r\n 1; 101; 201\r\n"), std::string::npos);
-  EXPECT_EQ(SchemeNames(run.dir.File("all.col")), (std::vector<std::string>{"default", "blue"}));
-  ASSERT_TRUE(ReadColorScheme(run.s, run.ui, "blue.col"));
-  EXPECT_EQ(run.s.Scheme[12], colors[12]);
-  EXPECT_EQ(run.s.Scheme[5], colors[3]);
-}
-
-TEST(SchemeFile, ReplaceAndDeleteTouchOnlyTheNamedScheme) {
-  SchemeRun run(SchemeText("default.col", 0) + SchemeText("sea.col", 100) + SchemeText("sun.col", 50));
-  const std::string all = run.dir.File("all.col"), work = run.dir.File("newall.cox");
-  SchemeColors grey;
-  grey.fill(Rgb(128, 128, 128));
-  ASSERT_TRUE(ReplaceScheme(all, work, "sea.col", grey));
-  ASSERT_TRUE(ReadColorScheme(run.s, run.ui, "sea.col"));
-  EXPECT_EQ(run.s.Scheme[0], Rgb(128, 128, 128));
-  ASSERT_TRUE(ReadColorScheme(run.s, run.ui, "sun.col"));
-  EXPECT_EQ(run.s.Scheme[12], Rgb(62, 24, 243));
-  EXPECT_EQ(run.dir.Read("newall.cox"), run.dir.Read("all.col"));  // the work file stays behind
-
-  ASSERT_TRUE(DeleteScheme(all, work, "sea.col"));
-  EXPECT_EQ(run.dir.Read("all.col"), SchemeText("default.col", 0) + SchemeText("sun.col", 50));
-  EXPECT_FALSE(ReplaceScheme(run.dir.File("none.col"), work, "sea.col", grey));
-}
-
-TEST(SchemeFile, ShippedFileHasDefaultAndThreeMoreCompleteSchemes) {
-  const auto names = SchemeNames(std::string(VELMORA_DATA_DIR) + "/all.col");
-  ASSERT_GE(names.size(), 4u);
-  EXPECT_EQ(names[0], "default");
+TEST(SchemeFile, ShippedSchemesAllReadAndTheEditingFunctionsTouchOnlyTheNamedOne) {
+  const auto shipped = SchemeNames(std::string(VELMORA_DATA_DIR) + "/all.col");
+  ASSERT_GE(shipped.size(), 4u);
+  EXPECT_EQ(shipped[0], "default");
   GameState s;
   s.AppFolder = std::string(VELMORA_DATA_DIR) + "/";
   test::RecordingUi ui;
-  for (const auto& name : names) EXPECT_TRUE(ReadColorScheme(s, ui, name + ".col")) << name;
+  for (const auto& name : shipped) EXPECT_TRUE(ReadColorScheme(s, ui, name + ".col")) << name;
+
+  SchemeRun run(SchemeText("default.col", 0) + "junk\r\n" + SchemeText("sea.col", 100));
+  SchemeColors grey;
+  grey.fill(Rgb(128, 128, 128));
+  ASSERT_TRUE(AppendScheme(run.file, "Blue", grey));
+  EXPECT_EQ(SchemeNames(run.file), (std::vector<std::string>{"default", "sea", "blue"}));
+  EXPECT_NE(run.dir.Read("all.col").find("\r\nblue.col\r\n 128; 128; 128\r\n"), std::string::npos);
+  ASSERT_TRUE(ReplaceScheme(run.file, run.dir.File("newall.cox"), "default.col", grey));
+  ASSERT_TRUE(DeleteScheme(run.file, run.dir.File("newall.cox"), "blue.col"));
+  std::string greyDefault = "default.col\r\n";
+  for (int i = 0; i < 13; ++i) greyDefault += " 128; 128; 128\r\n";
+  EXPECT_EQ(run.dir.Read("all.col"), greyDefault + "junk\r\n" + SchemeText("sea.col", 100));
   EXPECT_TRUE(ui.messages.empty());
 }
 

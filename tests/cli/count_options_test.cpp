@@ -1,8 +1,10 @@
-// velmora-cli count and options: the byte-for-byte output contract.
+// velmora-cli count and options, and the exit codes every subcommand shares.
 #include <gtest/gtest.h>
 
+#include <map>
+#include <sstream>
+
 #include "cli/cli_support.h"
-#include "model/rules.h"
 #include "test_support.h"
 
 namespace velmora {
@@ -10,50 +12,39 @@ namespace {
 
 using test::RunCli;
 
-TEST(CliCount, PrintsTheCountAloneOnALineAndZeroForWhatIsNoFile) {
+TEST(CliCountOptions, WholeOutput) {
   test::TempDir dir;
-  const auto r = RunCli({"count", test::SampleFile()});
-  EXPECT_EQ(r.exitCode, 0);
-  EXPECT_EQ(r.out, "3\n");
-  EXPECT_EQ(RunCli({"count", dir.File("missing.vlm")}).out, "0\n");
-  EXPECT_EQ(RunCli({"count", dir.path()}).out, "0\n");
-}
-
-TEST(CliOptions, EveryCellOfTheRecordAskedFor) {
-  test::TempDir dir;
+  const auto count = RunCli({"count", test::SampleFile()});
+  EXPECT_EQ(std::to_string(count.exitCode) + ":" + count.out, "0:3\n");
   // Deck: 1S 2S 3S. (1,1) is free of neighbours' suits and bars rank 3 from
   // its row; (1,2) sits beside 3S, which bars spades and ranks 2..4.
-  const auto row = RunCli({"options", dir.Write("row.vlm", "#1\r\nt\r\n 1, 3, 2\r\n@@I|AEI\r\n"), "1"});
-  EXPECT_EQ(row.exitCode, 0);
-  EXPECT_EQ(row.out, "1,1: 1S 2S\n1,2:\n1,3:\n");
-  // Record 3, not the first, is the one printed.
-  const GameState s = test::Loaded(test::SampleFile(), 3);
-  std::string expected;
-  for (int r = 1; r <= 7; ++r)
-    for (int c = 1; c <= 7; ++c)
-      expected += std::to_string(r) + "," + std::to_string(c) + ":" + OptionText(s.CellOptions[r][c]) + "\n";
-  EXPECT_EQ(RunCli({"options", test::SampleFile(), "3"}).out, expected);
+  const auto options = RunCli({"options", dir.Write("row.vlm", "#1\r\nt\r\n 1, 3, 2\r\n@@I|AEI\r\n"), "1"});
+  EXPECT_EQ(std::to_string(options.exitCode) + ":" + options.out, "0:1,1: 1S 2S\n1,2:\n1,3:\n");
 }
 
-TEST(CliOptions, NotFoundAndUsageErrors) {
+TEST(CliErrors, NotFoundIsExitOneAndUsageErrorsExitTwoWithNothingPrinted) {
   test::TempDir dir;
-  for (const char* n : {"0", "-1", "4"}) {
-    const auto r = RunCli({"options", test::SampleFile(), n});
-    EXPECT_EQ(r.exitCode, 1) << n;
-    EXPECT_EQ(r.out, "not found\n");
+  // S the sample file, V the solvable one, U a letter without a card, L a short cell line, N no file.
+  const std::map<std::string, std::string> files = {
+      {"S", test::SampleFile()},
+      {"V", test::SolvableFile()},
+      {"U", dir.Write("u.vlm", "#1\r\nt\r\n 1, 1, 0\r\nu|A\r\n")},
+      {"L", dir.Write("short.vlm", "#1\r\nt\r\n 1, 3, 0\r\nA|A\r\n")},
+      {"N", dir.File("none.vlm")}};
+  // Exit code 1 prints "not found", 2 (a usage error) nothing on standard output.
+  for (const char* c : {"options S 4=1", "options S 0=1", "solve S -2=1", "solve S 99999999999=1",
+                        "check U 1=1", "check L 1=1", "play N 1=1", "options S=2", "options S x=2",
+                        "solve V=2", "check V one=2", "play V=2", "count=2", "frobnicate=2", "=2"}) {
+    const std::string line = c;
+    const size_t eq = line.find('=');
+    std::vector<std::string> args;
+    std::istringstream words(line.substr(0, eq));
+    for (std::string w; words >> w;) args.push_back(files.count(w) ? files.at(w) : w);
+    const auto r = RunCli(args);
+    EXPECT_EQ(std::to_string(r.exitCode) + ":" + r.out,
+              line.substr(eq + 1) + (line.back() == '1' ? ":not found\n" : ":"))
+        << line;
   }
-  EXPECT_EQ(RunCli({"options", dir.Write("bad.vlm", "#1\r\nt\r\n 7, 7, 0\r\n@@u\r\n"), "1"}).out,
-            "not found\n");
-  for (const std::vector<std::string>& args :
-       std::vector<std::vector<std::string>>{{"options", test::SampleFile()},
-                                             {"options", test::SampleFile(), "x"},
-                                             {"count"},
-                                             {"frobnicate"},
-                                             {}})
-    EXPECT_EQ(RunCli(args).exitCode, 2) << (args.empty() ? "" : args[0]);
-  const auto help = RunCli({"--help"});
-  EXPECT_EQ(help.exitCode, 0);
-  EXPECT_NE(help.out.find("options FILE N"), std::string::npos);
 }
 
 }  // namespace

@@ -46,57 +46,48 @@ T* ModalDialog() {
 }
 
 // Notes the texts of modal message boxes and presses the next queued answer
-// (OK when none is queued).
+// (OK when none is queued; an unexpected box must not hang the test).
 class DialogHand {
  public:
-  void Answer(QMessageBox::StandardButton b) { answers_.push_back(b); }
   std::vector<std::string> texts;
+  std::deque<QMessageBox::StandardButton> answers;
 
  private:
-  void Poll() {
+  Poller poller_{[this] {
     QMessageBox* box = ModalDialog<QMessageBox>();
     if (!box) return;
     texts.push_back(box->text().toStdString());
-    const QMessageBox::StandardButton b = answers_.empty() ? QMessageBox::Ok : answers_.front();
-    if (!answers_.empty()) answers_.pop_front();
+    const QMessageBox::StandardButton b = answers.empty() ? QMessageBox::Ok : answers.front();
+    if (!answers.empty()) answers.pop_front();
     QAbstractButton* button = box->button(b);
-    button ? button->click() : box->reject();  // an unexpected box must not hang the test
-  }
-  std::deque<QMessageBox::StandardButton> answers_;
-  Poller poller_{[this] { Poll(); }};
+    button ? button->click() : box->reject();
+  }};
 };
 
-// Notes how each file dialog was set up and answers with the next queued
-// name; "" or an empty queue cancels.
+// Notes how each file dialog was set up ("title|filters|folder|OPEN or SAVE")
+// and answers with the next queued name; none left cancels.
 class FileDialogHand {
  public:
-  void Answer(const std::string& name) { answers_.push_back(name); }
-  struct Seen {
-    QString title;
-    QStringList filters;
-    QString directory;
-    bool save;
-  };
-  std::vector<Seen> seen;
+  std::vector<std::string> seen;
+  std::deque<std::string> answers;
 
  private:
-  void Poll() {
+  Poller poller_{[this] {
     QFileDialog* dialog = ModalDialog<QFileDialog>();
     if (!dialog) return;
-    seen.push_back({dialog->windowTitle(), dialog->nameFilters(), dialog->directory().absolutePath(),
-                    dialog->acceptMode() == QFileDialog::AcceptSave});
-    const std::string name = answers_.empty() ? std::string() : answers_.front();
-    if (!answers_.empty()) answers_.pop_front();
-    if (name.empty()) return dialog->reject();
-    dialog->selectFile(QString::fromStdString(name));
+    seen.push_back((dialog->windowTitle() + "|" + dialog->nameFilters().join(";") + "|" +
+                    dialog->directory().absolutePath())
+                       .toStdString() +
+                   (dialog->acceptMode() == QFileDialog::AcceptSave ? "|SAVE" : "|OPEN"));
+    if (answers.empty()) return dialog->reject();
+    dialog->selectFile(QString::fromStdString(answers.front()));
+    answers.pop_front();
     QMetaObject::invokeMethod(dialog, "accept");
-  }
-  std::deque<std::string> answers_;
-  Poller poller_{[this] { Poll(); }};
+  }};
 };
 
 // The named child; a test that needs a missing one fails.
-template <typename T>
+template <typename T = QWidget>
 T* Child(QObject* parent, const char* name, Qt::FindChildOptions options = Qt::FindChildrenRecursively) {
   T* child = parent->findChild<T*>(QString::fromLatin1(name), options);
   EXPECT_NE(child, nullptr) << name;

@@ -21,17 +21,12 @@ class RecordingUi : public SilentUserInterface {
   std::string AskFileName(const FileDialogRequest& request) override {
     requests.push_back(request);
     if (onDialog) onDialog();
-    if (names.empty()) return {};
-    std::string name = names.front();
-    names.pop_front();
+    const std::string name = names.empty() ? "" : names.front();
+    if (!names.empty()) names.pop_front();
     return name;
   }
-  void SetBusy(bool on) override {
-    busy = on;
-    busyOn += on;
-  }
+  void SetBusy(bool on) override { busyOn += (busy = on); }
   void Yield() override { ++yields; }
-  void ControlsChanged() override { ++controlsChanged; }
   void DrawBoard() override { ++boards; }
   void DrawCell(int rank, const std::string& suit, int row, int col) override {
     cells.push_back(std::to_string(rank) + "," + suit + "," + std::to_string(row) + "," +
@@ -39,13 +34,12 @@ class RecordingUi : public SilentUserInterface {
   }
   void ShowSolutionOverlay() override { ++overlays; }
 
-  bool answer = true;
+  bool answer = true, busy = false;
   std::deque<std::string> names;
   std::function<void()> onDialog;
   std::vector<std::string> messages, questions, cells;
   std::vector<FileDialogRequest> requests;
-  bool busy = false;
-  int busyOn = 0, yields = 0, controlsChanged = 0, boards = 0, overlays = 0;
+  int busyOn = 0, yields = 0, boards = 0, overlays = 0;
 };
 
 }  // namespace velmora::test

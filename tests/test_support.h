@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cctype>
 #include <filesystem>
 #include <fstream>
@@ -77,9 +78,9 @@ inline GameState Loaded(const std::string& file, int n = 1) {
 inline std::string Record(int header, const std::string& title, int k = 0) {
   std::string text = "#" + std::to_string(header) + "\r\n" + title + "\r\n 7, 7, 49\r\n";
   for (int r = 0; r < 7; ++r) {
-    std::string solution;
-    for (int c = 0; c < 7; ++c) solution += static_cast<char>('A' + (k + c) % 52);
-    text += "@@@@@@@|" + solution + "\r\n";
+    text += "@@@@@@@|";
+    for (int c = 0; c < 7; ++c) text += static_cast<char>('A' + (k + c) % 52);
+    text += "\r\n";
   }
   return text;
 }
@@ -94,11 +95,9 @@ inline std::string Records(int count, int first = 1) {
 // The lines of a CR LF text.
 inline std::vector<std::string> Lines(const std::string& text) {
   std::vector<std::string> lines;
-  for (size_t at = 0; at < text.size();) {
-    size_t end = text.find("\r\n", at);
-    if (end == std::string::npos) end = text.size();
+  for (size_t at = 0, end; at < text.size(); at = end + 2) {
+    end = std::min(text.find("\r\n", at), text.size());
     lines.push_back(text.substr(at, end - at));
-    at = end + 2;
   }
   return lines;
 }
@@ -115,8 +114,7 @@ inline std::vector<std::string> Headers(const std::string& text) {
 // Written out rather than with <regex>, which the sanitizer build's compiler
 // warns about inside the standard library.
 inline bool IsAutomaticTitle(const std::string& title, const std::string& level = "") {
-  const size_t blank = title.find(' ');
-  const std::string name = title.substr(0, blank), form = " 00/00/0000 00:00:00";
+  const std::string name = title.substr(0, title.find(' ')), form = " 00/00/0000 00:00:00";
   bool ok = (name == "Easy" || name == "Hard" || name == "VHard") && (level.empty() || name == level) &&
             title.size() == name.size() + form.size();
   for (size_t i = 0; ok && i < form.size(); ++i) {

@@ -30,9 +30,8 @@ inline CliResult RunCli(const std::vector<std::string>& args, const std::string&
   std::ofstream(inPath, std::ios::binary) << input;
   std::string command = Quote(VELMORA_CLI);
   for (const auto& a : args) command += " " + Quote(a);
-  command += " <" + Quote(inPath) + " 2>/dev/null";
   CliResult result;
-  if (std::FILE* p = ::popen(command.c_str(), "r")) {
+  if (std::FILE* p = ::popen((command + " <" + Quote(inPath) + " 2>/dev/null").c_str(), "r")) {
     char buffer[4096];
     for (size_t n; (n = std::fread(buffer, 1, sizeof buffer, p)) > 0;) result.out.append(buffer, n);
     const int status = ::pclose(p);

@@ -22,8 +22,6 @@ using test::Window;
 class Form3Hand {
  public:
   Form3Hand(std::function<void(Form3&)> fill, const char* button) : fill_(std::move(fill)), button_(button) {}
-  int shown = 0;
-  QString fileNowShown;
 
  private:
   std::function<void(Form3&)> fill_;
@@ -31,8 +29,6 @@ class Form3Hand {
   test::Poller poller_{[this] {
     Form3* f = test::ModalDialog<Form3>();
     if (!f) return;
-    ++shown;
-    fileNowShown = Child<FNDialog>(f, "FileNow")->Text();
     if (fill_) fill_(*f);
     if (std::string(button_) == "close") return void(f->close());
     Child<QPushButton>(f, button_, Qt::FindDirectChildrenOnly)->click();  // FileNow has a Command1 too
@@ -61,8 +57,7 @@ struct DuringCommand : test::Poller {
             0) {}
 };
 
-TEST(Form3Dialog, DisplayOnlyFollowsTheNumberCreateSaysYAndBrowseAsksForAnOutputFile) {
-  test::TempDir dir;
+TEST(Form3Dialog, DisplayOnlyFollowsTheNumberAndAsksForOne) {
   Form3 f;
   auto* check1 = Child<QCheckBox>(&f, "Check1");
   auto* text1 = Child<QLineEdit>(&f, "Text1");
@@ -77,36 +72,10 @@ TEST(Form3Dialog, DisplayOnlyFollowsTheNumberCreateSaysYAndBrowseAsksForAnOutput
   EXPECT_EQ(text1->text(), "1");
   check1->click();
   EXPECT_EQ(text1->text() + (check1->isChecked() ? "ticked" : ""), "1");
-
-  Form3Values v;
-  {
-    Form3Hand hand(Batch("/somewhere/else.vlm", "12", "Option3", "Weekend set"), "Command1");
-    v = f.Ask("/somewhere/puzzles.vlm", dir.path() + "/");
-    EXPECT_EQ(hand.fileNowShown, "/somewhere/puzzles.vlm");
-  }
-  EXPECT_EQ(v.result + v.Text1 + v.Text4 + v.FileNow, "Y12Weekend set/somewhere/else.vlm");
-  EXPECT_EQ(v.level * 10 + v.Check1, kLevelVHard * 10);
-  test::FileDialogHand files;
-  files.answers = {dir.File("batch.vlm")};
-  {  // opened again: FileNow shows the current file anew, the rest is as left
-    Form3Hand hand([](Form3& d) { Child<QPushButton>(Child<FNDialog>(&d, "FileNow"), "Command1")->click(); },
-                   "Command2");
-    v = f.Ask("/other/current.vlm", dir.path());
-  }
-  EXPECT_EQ(v.result + v.Text1 + v.Text4 + v.FileNow, "X12Weekend set" + dir.File("batch.vlm"));
-  EXPECT_EQ(files.seen,
-            std::vector<std::string>{"Select an output Puzzle file|velmora Files (*.vlm *.txt *.dat)|" +
-                                     dir.path() + "|SAVE"});
-  {
-    Form3Hand hand([](Form3& d) { Child<QRadioButton>(&d, "Option1")->click(); }, "close");
-    v = f.Ask("/other/current.vlm", dir.path());
-  }
-  EXPECT_EQ(v.result + std::to_string(v.level), "X" + std::to_string(kLevelEasy));
 }
 
 TEST(Form1Create, OnePuzzleShowsTheProgressPanelThenTheNewPuzzle) {
   Window win(1);
-  const QImage before = win.w.Board()->Image().copy();
   auto* frame1 = win.Get("Frame1");
   bool looked = false, panel = true;
   DuringCommand during(win.w, [&] {
@@ -118,17 +87,10 @@ TEST(Form1Create, OnePuzzleShowsTheProgressPanelThenTheNewPuzzle) {
   });
   win.Trigger("mnunewrandpuzx");
   EXPECT_TRUE(looked && panel);
-  // The board holds the record just written and was drawn anew.
-  const std::string temporary = win.dir.File("TemporaryPuzzleFile.vlm");
-  const GameState fromFile = test::Loaded(temporary);
-  const std::string title = fromFile.view.PuzTitle;
+  const std::string title = test::Loaded(win.dir.File("TemporaryPuzzleFile.vlm")).view.PuzTitle;
   EXPECT_EQ(win.hand.texts, std::vector<std::string>{"Done - " + title.substr(0, title.find(' '))});
   EXPECT_EQ(win.Text("PuzTitle").toStdString(), title);
-  EXPECT_EQ(win.w.windowTitle(), QString::fromStdString("File: " + temporary));
-  EXPECT_EQ(win.s().Grid, fromFile.Grid);
-  EXPECT_NE(win.w.Board()->Image(), before);
-  EXPECT_FALSE(frame1->isVisible());
-  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+  EXPECT_FALSE(frame1->isVisible() || QApplication::overrideCursor());
   EXPECT_TRUE(win.Get<QAction>("mnuloadpuz")->isEnabled());
 }
 
@@ -158,14 +120,12 @@ TEST(Form1Create, CancelStopsABatchWhileEveryOtherCommandIsDisabledAndRefused) {
       s.view.PuzNumNow = typed;
       refused = s.CurrentPuzzleNumber == 1;
     }
-    for (int r = 1; r <= 7 && refused; ++r) {
-      for (int c = 1; c <= 7 && refused; ++c) {
-        if (s.Grid[r][c] == 0) continue;
-        const size_t undo = s.UndoList.size();
-        win.w.Board()->onMouseUp(kRightButton, static_cast<float>(s.CellX[r][c] + 400),
-                                 static_cast<float>(s.CellY[r][c] + 400));
-        refused = s.Grid[r][c] != 0 && s.UndoList.size() == undo;
-      }
+    for (int k = 0; k < 49 && refused; ++k) {
+      const int r = k / 7 + 1, c = k % 7 + 1;
+      if (s.Grid[r][c] == 0) continue;
+      win.w.Board()->onMouseUp(kRightButton, static_cast<float>(s.CellX[r][c] + 400),
+                               static_cast<float>(s.CellY[r][c] + 400));
+      refused = s.Grid[r][c] != 0 && s.UndoList.empty();
     }
     if (s.view.Caption == "New 2 of 5") {
       pressed = true;
@@ -206,31 +166,6 @@ TEST(Form1Create, TheCloseBoxDuringABatchCancelsItAndEndsWithoutAWord) {
   EXPECT_TRUE(win.hand.texts.empty());  // no count message after the close box
   EXPECT_EQ(CountPuzzles(out), 3);      // the puzzle in the making is written, as with Cancel
   EXPECT_EQ(win.Config(), config);      // ended without saving the configuration
-}
-
-TEST(Form1Create, RefusedBeforeTheDialogWhileAutoSolveRunsAndTheHiddenTransformButtonTakesItsLevel) {
-  Window win(2);
-  const Board<int32_t> shown = win.s().Grid;
-  Form3Hand form(
-      [](Form3& f) {
-        Child<QRadioButton>(&f, f.Values().level == kLevelEasy ? "Option3" : "Option1")->click();
-      },
-      "Command2");
-  win.s().Solving = 1;
-  win.Trigger("mnumultipuzx");
-  EXPECT_EQ(win.hand.texts, std::vector<std::string>{"Cancel AutoSolve first"});
-  EXPECT_EQ(form.shown, 0);
-  win.s().Solving = 0;
-  // The sample records are in card letters, so the numeric reading finds no
-  // given: "Easy" has nothing to remove and writes them, any harder level
-  // finds no cell to start from and stops with "error?".
-  for (const char* said : {" 3 puzzles made", "error?"}) {
-    win.Trigger("mnumultipuzx");  // Easy, then Very Hard
-    win.Get<QPushButton>("cmdmakepuzzles")->click();
-    EXPECT_EQ(win.hand.texts.back(), said);
-  }
-  EXPECT_EQ(win.s().Grid, shown);  // the shown puzzle is read back afterwards
-  EXPECT_EQ(win.Text("PuzNumNow"), "2");
 }
 
 }  // namespace

@@ -9,7 +9,6 @@
 #include <QTextBrowser>
 
 #include "app/ui/help_window.h"
-#include "appearance/color_scheme.h"
 #include "ui_support.h"
 
 namespace velmora {
@@ -34,7 +33,7 @@ TEST(Form1StartUp, FirstRunSaysSoOnceAndShowsFortyNineEmptyOutlinedCells) {
   EXPECT_EQ(empty, 49);
 }
 
-TEST(Form1StartUp, RemembersFileNumberAndSchemeAndTheHiddenButtonReappliesColours) {
+TEST(Form1StartUp, RemembersFileNumberAndScheme) {
   Window win(2, "sand.col");
   EXPECT_TRUE(win.hand.texts.empty());
   EXPECT_EQ(win.Text("PuzNumNow") + win.Text("MaxPuzCount") + " " + win.Text("PuzTitle"), "2 of 3 Sample 2");
@@ -48,21 +47,14 @@ TEST(Form1StartUp, RemembersFileNumberAndSchemeAndTheHiddenButtonReappliesColour
   }
   EXPECT_EQ(cards, CountBlanks(win.s()));
   EXPECT_EQ(win.Pixel(10, 10), QColor(243, 234, 214));
-  EXPECT_EQ(win.Get<QLineEdit>("PuzTitle")->palette().color(QPalette::Base), QColor(255, 251, 240));
-  win.s().Scheme[kSchemeBackground] = 0x00204060;
-  win.Get<QPushButton>("kickinSetCol")->click();
-  EXPECT_EQ(win.Pixel(10, 10), QColor(0x60, 0x40, 0x20));
 }
 
 TEST(Form1Files, ArrowsByButtonTheTypedNumberOnEnterAndLoadThroughTheDialog) {
   Window win(1);
   // Each press lands on a different record if the arrows or buttons were swapped.
   QStringList shown;
-  for (const auto& [arrow, button] : {std::pair{"arrows1", Qt::LeftButton},
-                                      {"arrows0", Qt::RightButton},
-                                      {"arrows1", Qt::RightButton},
-                                      {"arrows0", Qt::LeftButton}}) {
-    test::Click(win.Get(arrow), button);
+  for (const std::string press : {"arrows1L", "arrows0R", "arrows1R", "arrows0L"}) {
+    test::Click(win.Get(press.substr(0, 7).c_str()), press[7] == 'L' ? Qt::LeftButton : Qt::RightButton);
     shown << win.Text("PuzNumNow");
   }
   EXPECT_EQ(shown, (QStringList{"2", "1", "3", "2"}));
@@ -107,7 +99,7 @@ TEST(Form1Exit, NoKeepsRunningYesSavesCloseBoxDoesNot) {
   EXPECT_NE(win.Config().find("\r\ndefault.col\r\n" + win.Puzzles() + "\r\n 3 \r\n"), std::string::npos);
 }
 
-TEST(Form1Help, ThePageExplainsEveryMenuCommandOrSaysItIsMissing) {
+TEST(Form1Help, ThePageExplainsEveryMenuCommand) {
   Window win(1);
   win.Trigger("mnuhelp");
   const QString page = win.Get<Form4>("Form4")->Browser()->toPlainText();
@@ -117,11 +109,6 @@ TEST(Form1Help, ThePageExplainsEveryMenuCommandOrSaysItIsMissing) {
       EXPECT_TRUE(a->isSeparator() || page.contains(text)) << text.toStdString();
     }
   }
-  std::filesystem::remove(win.dir.File("velmora.htm"));
-  Form1 w;
-  w.StartUp(win.dir.path());
-  test::Child<QAction>(&w, "mnuhelp")->trigger();
-  EXPECT_TRUE(test::Child<Form4>(&w, "Form4")->Browser()->toPlainText().contains("could not be found"));
 }
 
 }  // namespace

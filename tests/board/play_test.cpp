@@ -44,7 +44,7 @@ class Play : public ::testing::Test {
   test::RecordingUi ui;
 };
 
-TEST_F(Play, StatusForAGivenAnEmptyCellACardAndASuitMark) {
+TEST_F(Play, StatusForAGivenAnEmptyCellACardAndASuitMarkAndNothingWhileSolving) {
   EXPECT_EQ(StatusAt(1, 1), " Cell 1, Fixed=3C");
   s.CellOptions[1][2] = 0;  // the options shown are the saved ones
   EXPECT_EQ(StatusAt(1, 2), " Cell 2, Options= 5D 6D 9D");
@@ -54,8 +54,18 @@ TEST_F(Play, StatusForAGivenAnEmptyCellACardAndASuitMark) {
   EXPECT_EQ(StatusAt(2, 3), " Cell 10, Card= H");
   EXPECT_EQ(StatusAt(1, 9), "");  // off the board
   s.view.pb = "kept";
-  s.Solving = 1;
+  s.Solving = 1;  // while solving the status stays and a click only asks to cancel
   EXPECT_EQ(StatusAt(1, 1), "kept");
+  s.SelectedCard = "5D";
+  ui.answer = false;
+  Click(kLeftButton, 1, 2);
+  EXPECT_EQ(s.CancelRequest, 0);
+  ui.answer = true;
+  Click(kRightButton, 1, 1);
+  EXPECT_EQ(s.CancelRequest, 1);
+  EXPECT_EQ(ui.questions, (Strings{"Cancel Solution?", "Cancel Solution?"}));
+  EXPECT_EQ(s.Grid[1][2] * 100 + s.Grid[1][1], 12);
+  EXPECT_EQ(s.view.Label3, "");
 }
 
 TEST_F(Play, LabelsShowTheCellABorderBelongsToTheSmallerRowAndRefusalsAreSilent) {
@@ -75,6 +85,9 @@ TEST_F(Play, LabelsShowTheCellABorderBelongsToTheSmallerRowAndRefusalsAreSilent)
   s.SelectedCard = "ZZ";     // no such card
   Click(kLeftButton, 1, 2);
   Click(kRightButton, 1, 2);  // already empty
+  for (const auto& [list, item] : {std::pair{2, -1}, {2, 99}, {7, 0}})
+    RemainClick(s, ui, list, item);  // no item
+  EXPECT_EQ(s.SelectedCard, "ZZ");
   EXPECT_EQ(s.Grid, before.Grid);
   EXPECT_TRUE(s.UndoList.empty() && ui.messages.empty() && ui.cells.empty());
 }
@@ -117,28 +130,6 @@ TEST_F(Play, RightClickEmptiesEvenAGivenAGivenMarkTakesAnyCardAndTheLastCardIsDo
   Choose("9D");
   Click(kLeftButton, 1, 2);
   EXPECT_EQ(ui.messages, Strings{"Done"});
-}
-
-TEST_F(Play, WhileSolvingAClickOnlyAsksToCancel) {
-  s.Solving = 1;
-  s.SelectedCard = "5D";
-  ui.answer = false;
-  Click(kLeftButton, 1, 2);
-  EXPECT_EQ(s.CancelRequest, 0);
-  ui.answer = true;
-  Click(kRightButton, 1, 1);
-  EXPECT_EQ(s.CancelRequest, 1);
-  EXPECT_EQ(ui.questions, (Strings{"Cancel Solution?", "Cancel Solution?"}));
-  EXPECT_EQ(s.Grid[1][2], 0);
-  EXPECT_EQ(s.Grid[1][1], 12);
-  EXPECT_EQ(s.view.Label3, "");
-}
-
-TEST_F(Play, RemainClickChoosesOneItemAndIgnoresNoCurrentItem) {
-  RemainClick(s, ui, 1, 0);
-  EXPECT_EQ(s.SelectedCard, s.Remain[1][0]);
-  for (const auto& [list, item] : {std::pair{2, -1}, {2, 99}, {7, 0}}) RemainClick(s, ui, list, item);
-  EXPECT_EQ(s.SelectedCard, s.Remain[1][0]);
 }
 
 }  // namespace

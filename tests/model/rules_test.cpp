@@ -55,18 +55,6 @@ TEST(UpdateOptions, EmptyBoardOffersTheDeckButNoAbsentCardAndFullBoardEmptiesThe
   for (const auto& list : s.Remain) EXPECT_TRUE(list.empty());
 }
 
-TEST(UpdateOptions, ValuesWithoutACodeAreRunTimeErrorsWhenRead) {
-  for (int bad : {53, -5}) {  // -5 is read by the empty cells of its row
-    GameState s = EmptyBoard();
-    s.Grid[2][2] = bad;
-    EXPECT_FALSE(UpdateOptions(s, 0)) << bad;
-  }
-  GameState lone;
-  lone.Rows = lone.Cols = 1;
-  lone.Grid[1][1] = -20;  // nothing else reads it
-  EXPECT_TRUE(UpdateOptions(lone, 0));
-}
-
 // The option texts must equal the literal rule: A and B as texts, substring
 // tests. Suit marks among the values get options as empty cells do.
 TEST(UpdateOptions, BitSetsAgreeWithTheTextRuleOnRandomBoards) {

@@ -69,11 +69,10 @@ TEST(Form1Files, ArrowsByButtonTheTypedNumberOnEnterAndLoadThroughTheDialog) {
 
   const std::string other =
       win.dir.Write("other.vlm", "#1\r\nOther one\r\n" + win.dir.Read("puzzles.vlm").substr(14));
-  test::FileDialogHand files;
-  files.answers = {other};
+  win.hand.names = {other};
   win.Trigger("mnuloadpuz");
-  EXPECT_EQ(files.seen, std::vector<std::string>{"velmora|velmora Files (*.vlm *.txt *.dat)|" +
-                                                 win.dir.path() + "|OPEN"});
+  EXPECT_EQ(win.hand.fileDialogs, std::vector<std::string>{"velmora|velmora Files (*.vlm *.txt *.dat)|" +
+                                                           win.dir.path() + "|OPEN"});
   EXPECT_EQ(win.Text("PuzTitle"), "Other one");
   EXPECT_EQ(win.w.windowTitle(), QString::fromStdString("File: " + other));
   EXPECT_TRUE(win.hand.texts.empty());

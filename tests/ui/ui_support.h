@@ -26,16 +26,11 @@
 namespace velmora::test {
 
 // Runs `poll` every few milliseconds while modal dialogs wait for an answer.
-class Poller {
- public:
-  explicit Poller(std::function<void()> poll, int interval = 5) : poll_(std::move(poll)) {
-    QObject::connect(&timer_, &QTimer::timeout, [this] { poll_(); });
-    timer_.start(interval);
+struct Poller : QTimer {
+  explicit Poller(std::function<void()> poll, int interval = 5) {
+    connect(this, &QTimer::timeout, std::move(poll));
+    start(interval);
   }
-
- private:
-  std::function<void()> poll_;
-  QTimer timer_;
 };
 
 // The modal dialog of type T that is up, if any.
@@ -46,43 +41,32 @@ T* ModalDialog() {
 }
 
 // Notes the texts of modal message boxes and presses the next queued answer
-// (OK when none is queued; an unexpected box must not hang the test).
+// (OK when none is queued; an unexpected box must not hang the test). Notes
+// how each file dialog was set up ("title|filters|folder|OPEN or SAVE") and
+// answers it with the next queued name; none left cancels.
 class DialogHand {
  public:
-  std::vector<std::string> texts;
+  std::vector<std::string> texts, fileDialogs;
   std::deque<QMessageBox::StandardButton> answers;
+  std::deque<std::string> names;
 
  private:
   Poller poller_{[this] {
-    QMessageBox* box = ModalDialog<QMessageBox>();
-    if (!box) return;
-    texts.push_back(box->text().toStdString());
-    const QMessageBox::StandardButton b = answers.empty() ? QMessageBox::Ok : answers.front();
-    if (!answers.empty()) answers.pop_front();
-    QAbstractButton* button = box->button(b);
-    button ? button->click() : box->reject();
-  }};
-};
-
-// Notes how each file dialog was set up ("title|filters|folder|OPEN or SAVE")
-// and answers with the next queued name; none left cancels.
-class FileDialogHand {
- public:
-  std::vector<std::string> seen;
-  std::deque<std::string> answers;
-
- private:
-  Poller poller_{[this] {
-    QFileDialog* dialog = ModalDialog<QFileDialog>();
-    if (!dialog) return;
-    seen.push_back((dialog->windowTitle() + "|" + dialog->nameFilters().join(";") + "|" +
-                    dialog->directory().absolutePath())
-                       .toStdString() +
-                   (dialog->acceptMode() == QFileDialog::AcceptSave ? "|SAVE" : "|OPEN"));
-    if (answers.empty()) return dialog->reject();
-    dialog->selectFile(QString::fromStdString(answers.front()));
-    answers.pop_front();
-    QMetaObject::invokeMethod(dialog, "accept");
+    if (QMessageBox* box = ModalDialog<QMessageBox>()) {
+      texts.push_back(box->text().toStdString());
+      QAbstractButton* button = box->button(answers.empty() ? QMessageBox::Ok : answers.front());
+      if (!answers.empty()) answers.pop_front();
+      button ? button->click() : box->reject();
+    } else if (QFileDialog* dialog = ModalDialog<QFileDialog>()) {
+      fileDialogs.push_back((dialog->windowTitle() + "|" + dialog->nameFilters().join(";") + "|" +
+                             dialog->directory().absolutePath())
+                                .toStdString() +
+                            (dialog->acceptMode() == QFileDialog::AcceptSave ? "|SAVE" : "|OPEN"));
+      if (names.empty()) return dialog->reject();
+      dialog->selectFile(QString::fromStdString(names.front()));
+      names.pop_front();
+      QMetaObject::invokeMethod(dialog, "accept");
+    }
   }};
 };
 

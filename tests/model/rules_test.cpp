@@ -50,14 +50,6 @@ TEST(CardCodes, StartUpTableThenThreeAbsentCardsPerLoadWithoutStaleMarks) {
   EXPECT_FALSE(RebuildCardCodes(s));
 }
 
-TEST(TextForms, LeadingBlankAndLenientValues) {
-  EXPECT_EQ(Str(7) + Str(-3) + NumText(12), " 7-312");
-  const std::pair<const char*, double> values[] = {{" 7, 7", 7}, {"12abc", 12}, {"abc", 0}, {"-4", -4}};
-  for (const auto& [text, value] : values) EXPECT_EQ(Val(text), value) << text;
-  EXPECT_EQ(*ValInt("7.5") + *ValInt("6.5"), 14);  // half to even: 8 + 6
-  EXPECT_FALSE(ValInt("99999999999").has_value());
-}
-
 TEST(RuleTexts, NeighbourRanksWrapAndSameLineRanksAndNeighbourSuits) {
   GameState s = EmptyBoard();
   s.Grid[4][3] = Card(13, 1);  // king left of (4,4): the neighbour's entries, then its rank as a row card

@@ -17,34 +17,21 @@ namespace {
 using test::Child;
 using test::Window;
 
-// Acts on the create dialog when it comes up: `fill` sets the controls, then
-// Form3's own button `button` is pressed ("close" for the close box).
-class Form3Hand {
- public:
-  Form3Hand(std::function<void(Form3&)> fill, const char* button) : fill_(std::move(fill)), button_(button) {}
-
- private:
-  std::function<void(Form3&)> fill_;
-  const char* button_;
-  test::Poller poller_{[this] {
-    Form3* f = test::ModalDialog<Form3>();
-    if (!f) return;
-    if (fill_) fill_(*f);
-    if (std::string(button_) == "close") return void(f->close());
-    Child<QPushButton>(f, button_, Qt::FindDirectChildrenOnly)->click();  // FileNow has a Command1 too
-  }};
+// Fills in the create dialog when it comes up (output file, number, level
+// option, title) and presses Create.
+struct BatchHand : test::Poller {
+  BatchHand(const std::string& out, const char* count, const char* option, const char* title = "")
+      : Poller([=] {
+          Form3* f = test::ModalDialog<Form3>();
+          if (!f) return;
+          Child<FNDialog>(f, "FileNow")->SetText(QString::fromStdString(out));
+          Child<QLineEdit>(f, "Text1")->setText(count);
+          Child<QLineEdit>(f, "Text4")->setText(title);
+          Child<QRadioButton>(f, option)->click();
+          Child<QPushButton>(f, "Command1", Qt::FindDirectChildrenOnly)
+              ->click();  // FileNow has a Command1 too
+        }) {}
 };
-
-// The dialog filled in for a batch: output file, number, level option, title.
-std::function<void(Form3&)> Batch(const std::string& out, const char* count, const char* option,
-                                  const char* title = "") {
-  return [=](Form3& f) {
-    Child<FNDialog>(&f, "FileNow")->SetText(QString::fromStdString(out));
-    Child<QLineEdit>(&f, "Text1")->setText(count);
-    Child<QLineEdit>(&f, "Text4")->setText(title);
-    Child<QRadioButton>(&f, option)->click();
-  };
-}
 
 // Runs `look` at every pass of the event loop while a creation command runs
 // (it yields often), but not while a message box is up.
@@ -97,7 +84,7 @@ TEST(Form1Create, OnePuzzleShowsTheProgressPanelThenTheNewPuzzle) {
 TEST(Form1Create, CancelStopsABatchWhileEveryOtherCommandIsDisabledAndRefused) {
   Window win(1);
   const std::string out = win.dir.File("cancelled.vlm");
-  Form3Hand form(Batch(out, "5", "Option1", "Batch title"), "Command1");
+  BatchHand form(out, "5", "Option1", "Batch title");
   bool pressed = false, refused = true, disabled = true;
   DuringCommand during(win.w, [&] {
     if (pressed) return;
@@ -151,7 +138,7 @@ TEST(Form1Create, TheCloseBoxDuringABatchCancelsItAndEndsWithoutAWord) {
   Window win(1);
   const std::string config = win.Config();
   const std::string out = win.dir.File("closed.vlm");
-  Form3Hand form(Batch(out, "50", "Option3"), "Command1");
+  BatchHand form(out, "50", "Option3");
   bool closed = false, stillOpen = false;
   DuringCommand during(win.w, [&] {
     if (closed || win.s().view.Caption != "New 3 of 50") return;

@@ -33,7 +33,7 @@ TEST(Form1StartUp, FirstRunSaysSoOnceAndShowsFortyNineEmptyOutlinedCells) {
   EXPECT_EQ(empty, 49);
 }
 
-TEST(Form1StartUp, RemembersFileNumberAndScheme) {
+TEST(Form1, RemembersFileNumberAndSchemeThenArrowsTypedNumberLoadAndHelp) {
   Window win(2, "sand.col");
   EXPECT_TRUE(win.hand.texts.empty());
   EXPECT_EQ(win.Text("PuzNumNow") + win.Text("MaxPuzCount") + " " + win.Text("PuzTitle"), "2 of 3 Sample 2");
@@ -47,11 +47,9 @@ TEST(Form1StartUp, RemembersFileNumberAndScheme) {
   }
   EXPECT_EQ(cards, CountBlanks(win.s()));
   EXPECT_EQ(win.Pixel(10, 10), QColor(243, 234, 214));
-}
 
-TEST(Form1Files, ArrowsByButtonTheTypedNumberOnEnterAndLoadThroughTheDialog) {
-  Window win(1);
-  // Each press lands on a different record if the arrows or buttons were swapped.
+  // From the first record each press lands on a different one if the arrows or buttons were swapped.
+  test::Click(win.Get("arrows0"), Qt::RightButton);
   QStringList shown;
   for (const std::string press : {"arrows1L", "arrows0R", "arrows1R", "arrows0L"}) {
     test::Click(win.Get(press.substr(0, 7).c_str()), press[7] == 'L' ? Qt::LeftButton : Qt::RightButton);
@@ -76,6 +74,14 @@ TEST(Form1Files, ArrowsByButtonTheTypedNumberOnEnterAndLoadThroughTheDialog) {
   EXPECT_EQ(win.Text("PuzTitle"), "Other one");
   EXPECT_EQ(win.w.windowTitle(), QString::fromStdString("File: " + other));
   EXPECT_TRUE(win.hand.texts.empty());
+  win.Trigger("mnuhelp");  // the help page explains every menu command
+  const QString page = win.Get<Form4>("Form4")->Browser()->toPlainText();
+  for (QAction* top : win.w.menuBar()->actions()) {
+    for (QAction* a : top->menu()->actions()) {
+      const QString text = a->text().remove('&');
+      EXPECT_TRUE(a->isSeparator() || page.contains(text)) << text.toStdString();
+    }
+  }
 }
 
 TEST(Form1Exit, NoKeepsRunningYesSavesCloseBoxDoesNot) {
@@ -96,18 +102,6 @@ TEST(Form1Exit, NoKeepsRunningYesSavesCloseBoxDoesNot) {
   EXPECT_EQ(win.hand.texts.size(), 2u);
   EXPECT_FALSE(win.w.isVisible());
   EXPECT_NE(win.Config().find("\r\ndefault.col\r\n" + win.Puzzles() + "\r\n 3 \r\n"), std::string::npos);
-}
-
-TEST(Form1Help, ThePageExplainsEveryMenuCommand) {
-  Window win(1);
-  win.Trigger("mnuhelp");
-  const QString page = win.Get<Form4>("Form4")->Browser()->toPlainText();
-  for (QAction* top : win.w.menuBar()->actions()) {
-    for (QAction* a : top->menu()->actions()) {
-      const QString text = a->text().remove('&');
-      EXPECT_TRUE(a->isSeparator() || page.contains(text)) << text.toStdString();
-    }
-  }
 }
 
 }  // namespace

@@ -82,15 +82,13 @@ TEST(SavecfgFile, WritesFourLinesThatReadBackOrReportsTheFolder) {
 
 TEST(StartUp, FallsBackToTheDefaultFileAndThenToAnEmptyBoard) {
   const struct {
-    const char* name;
-    bool files;
-    std::string config;  // "@" stands for the folder
+    std::string config;  // "@" stands for the folder; none: an empty folder
     size_t messages;
     std::string file;
   } cases[] = {
-      {"remembered file gone", true, "t\r\nnone.col\r\n@/gone.vlm\r\n1\r\n", 1, "@/puzzles.vlm"},
-      {"number past the end", true, "t\r\ndefault.col\r\n@/puzzles.vlm\r\n 9 \r\n", 0, ""},
-      {"empty folder", false, "", 2, ""},
+      {"t\r\nnone.col\r\n@/gone.vlm\r\n1\r\n", 1, "@/puzzles.vlm"},  // the remembered file is gone
+      {"t\r\ndefault.col\r\n@/puzzles.vlm\r\n 9 \r\n", 0, ""},       // a number past the end
+      {"", 2, ""},
   };
   for (const auto& c : cases) {
     test::TempDir dir;
@@ -98,7 +96,7 @@ TEST(StartUp, FallsBackToTheDefaultFileAndThenToAnEmptyBoard) {
       if (const size_t at = text.find('@'); at != std::string::npos) text.replace(at, 1, dir.path());
       return text;
     };
-    if (c.files) {
+    if (!c.config.empty()) {
       std::filesystem::copy_file(std::string(VELMORA_DATA_DIR) + "/all.col", dir.File("all.col"));
       std::filesystem::copy_file(test::SampleFile(), dir.File("puzzles.vlm"));
       dir.Write("velmora.cfg", here(c.config));
@@ -107,12 +105,11 @@ TEST(StartUp, FallsBackToTheDefaultFileAndThenToAnEmptyBoard) {
     test::RecordingUi ui;
     int setCols = 0;
     StartUp(s, ui, dir.path(), [&] { ++setCols; });
-    EXPECT_EQ(ui.messages.size(), c.messages) << c.name;
+    EXPECT_EQ(ui.messages.size(), c.messages) << c.config;
     EXPECT_EQ(setCols, 1);
-    EXPECT_EQ(s.CurrentPuzzleFile, here(c.file)) << c.name;
-    EXPECT_EQ(s.view.PuzNumNow, c.file.empty() ? "" : "1") << c.name;
-    EXPECT_EQ(CountBlanks(s) == 49 && s.CellX[7][7] == 30 + 6 * 810, c.file.empty())
-        << c.name;  // an empty 7x7
+    EXPECT_EQ(s.CurrentPuzzleFile, here(c.file)) << c.config;
+    EXPECT_EQ(s.view.PuzNumNow, c.file.empty() ? "" : "1") << c.config;
+    EXPECT_EQ(CountBlanks(s) == 49 && s.CellX[7][7] == 30 + 6 * 810, c.file.empty());  // an empty 7x7
     EXPECT_FALSE(ui.busy);
   }
 }

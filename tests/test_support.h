@@ -110,9 +110,8 @@ inline std::vector<std::string> Headers(const std::string& text) {
   return headers;
 }
 
-// "Hard 15/11/2026 10:03:33" and the like, of `level` when one is named.
-// Written out rather than with <regex>, which the sanitizer build's compiler
-// warns about inside the standard library.
+// "Hard 15/11/2026 10:03:33" and the like, of `level` when one is named. Not with
+// <regex>, which the sanitizer build's compiler warns about inside the standard library.
 inline bool IsAutomaticTitle(const std::string& title, const std::string& level = "") {
   const std::string name = title.substr(0, title.find(' ')), form = " 00/00/0000 00:00:00";
   bool ok = (name == "Easy" || name == "Hard" || name == "VHard") && (level.empty() || name == level) &&

@@ -1,7 +1,6 @@
 // velmora-cli count and options, and the exit codes every subcommand shares.
 #include <gtest/gtest.h>
 
-#include <map>
 #include <sstream>
 
 #include "cli/cli_support.h"
@@ -25,12 +24,10 @@ TEST(CliCountOptions, WholeOutput) {
 TEST(CliErrors, NotFoundIsExitOneAndUsageErrorsExitTwoWithNothingPrinted) {
   test::TempDir dir;
   // S the sample file, V the solvable one, U a letter without a card, L a short cell line, N no file.
-  const std::map<std::string, std::string> files = {
-      {"S", test::SampleFile()},
-      {"V", test::SolvableFile()},
-      {"U", dir.Write("u.vlm", "#1\r\nt\r\n 1, 1, 0\r\nu|A\r\n")},
-      {"L", dir.Write("short.vlm", "#1\r\nt\r\n 1, 3, 0\r\nA|A\r\n")},
-      {"N", dir.File("none.vlm")}};
+  const std::string u = dir.Write("u.vlm", "#1\r\nt\r\n 1, 1, 0\r\nu|A\r\n");
+  const std::string l = dir.Write("short.vlm", "#1\r\nt\r\n 1, 3, 0\r\nA|A\r\n");
+  const std::string keys = "SVULN",
+                    paths[] = {test::SampleFile(), test::SolvableFile(), u, l, dir.File("none.vlm")};
   // Exit code 1 prints "not found", 2 (a usage error) nothing on standard output.
   for (const char* c : {"options S 4=1", "options S 0=1", "solve S -2=1", "solve S 99999999999=1",
                         "check U 1=1", "check L 1=1", "play N 1=1", "options S=2", "options S x=2",
@@ -39,7 +36,8 @@ TEST(CliErrors, NotFoundIsExitOneAndUsageErrorsExitTwoWithNothingPrinted) {
     const size_t eq = line.find('=');
     std::vector<std::string> args;
     std::istringstream words(line.substr(0, eq));
-    for (std::string w; words >> w;) args.push_back(files.count(w) ? files.at(w) : w);
+    for (std::string w; words >> w;)
+      args.push_back(keys.find(w) != std::string::npos ? paths[keys.find(w)] : w);
     const auto r = RunCli(args);
     EXPECT_EQ(std::to_string(r.exitCode) + ":" + r.out,
               line.substr(eq + 1) + (line.back() == '1' ? ":not found\n" : ":"))

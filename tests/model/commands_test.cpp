@@ -22,17 +22,13 @@ class Commands : public ::testing::Test {
   GameState stuck = test::Loaded(test::SampleFile());  // deduction alone cannot finish it
   test::RecordingUi ui;
 };
-using Check = Commands;
-using Undo = Commands;
-using AutoSolve = Commands;
-using HiddenButtons = Commands;
 
 std::string Verdict(const GameState& s) {
   const CheckResult r = CheckBoard(s);
   return std::to_string(r.status) + ":" + r.message;
 }
 
-TEST_F(Check, FirstImpossibleCellThenCardsOrMarksOutsideTheSavedOptionsThenDone) {
+TEST_F(Commands, CheckFirstImpossibleCellThenCardsOrMarksOutsideTheSavedOptionsThenDone) {
   EXPECT_EQ(Verdict(s), "0:");
   GameState dead = s;
   ASSERT_NE(dead.Grid[3][4], 0);  // a given; make it an impossible blank
@@ -58,7 +54,7 @@ TEST_F(Check, FirstImpossibleCellThenCardsOrMarksOutsideTheSavedOptionsThenDone)
   EXPECT_EQ(Verdict(s), "0:");
 }
 
-TEST_F(Undo, EntriesNewestFirstTakingBackRestoresTheCellItsOptionsAndListsAndTheSnapshot) {
+TEST_F(Commands, UndoEntriesNewestFirstTakingBackRestoresTheCellItsOptionsAndListsAndTheSnapshot) {
   UndoLast(s, ui);  // an empty list: nothing shown, nothing painted
   EXPECT_TRUE(ui.messages.empty() && ui.cells.empty());
   s.Grid[3][5] = 0;
@@ -95,7 +91,7 @@ TEST_F(Undo, EntriesNewestFirstTakingBackRestoresTheCellItsOptionsAndListsAndThe
   EXPECT_EQ(s.Grid, saved);
 }
 
-TEST_F(AutoSolve, RefusesAFullBoardAndAnImpossibleCellSolvesOrKeepsItsDeductions) {
+TEST_F(Commands, AutoSolveRefusesAFullBoardAndAnImpossibleCellSolvesOrKeepsItsDeductions) {
   GameState full = s;
   full.Grid = full.SolutionGrid;
   GameState dead = s;
@@ -114,7 +110,7 @@ TEST_F(AutoSolve, RefusesAFullBoardAndAnImpossibleCellSolvesOrKeepsItsDeductions
                                    "No unique solution - please check the puzzle"}));
 }
 
-TEST_F(AutoSolve, RestoreOnceAfterAutoSolveNeverAfterStartUpAndNotWhileSolving) {
+TEST_F(Commands, AutoSolveRestoreOnceAfterAutoSolveNeverAfterStartUpAndNotWhileSolving) {
   mnurestore(s, ui);  // after start-up: no snapshot
   const auto before = stuck.Grid;
   const auto remain = stuck.Remain;
@@ -137,7 +133,7 @@ TEST_F(AutoSolve, RestoreOnceAfterAutoSolveNeverAfterStartUpAndNotWhileSolving) 
   EXPECT_EQ(s.Grid, test::Loaded(test::SolvableFile()).Grid);  // the overlay is only painted
 }
 
-TEST_F(HiddenButtons, SolveWithoutCheckOrSnapshotCheckVerdictsAndShowSolution) {
+TEST_F(Commands, HiddenButtonsSolveWithoutCheckOrSnapshotCheckVerdictsAndShowSolution) {
   Autosolvex(stuck, ui);
   EXPECT_EQ(stuck.GridBackups[0], "");
   GameState dead = s;

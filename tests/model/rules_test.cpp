@@ -11,8 +11,6 @@
 namespace velmora {
 namespace {
 
-int Card(int rank, int suit) { return (rank - 1) * 4 + suit; }
-
 GameState EmptyBoard() {
   GameState s;
   s.Rows = s.Cols = 7;
@@ -52,15 +50,15 @@ TEST(CardCodes, StartUpTableThenThreeAbsentCardsPerLoadWithoutStaleMarks) {
 
 TEST(RuleTexts, NeighbourRanksWrapAndSameLineRanksAndNeighbourSuits) {
   GameState s = EmptyBoard();
-  s.Grid[4][3] = Card(13, 1);  // king left of (4,4): the neighbour's entries, then its rank as a row card
+  s.Grid[4][3] = 49;  // KS left of (4,4): the neighbour's entries, then its rank as a row card
   EXPECT_EQ(ExcludedRanks(s, 4, 4), " 13, 1, 12, 13,");
-  s.Grid[2][7] = Card(10, 3);  // ten far along row 2
-  s.Grid[6][1] = Card(10, 1);  // and down column 1: row, then column order, repeats kept
+  s.Grid[2][7] = 39;  // TD far along row 2
+  s.Grid[6][1] = 37;  // TS down column 1: row, then column order, repeats kept
   EXPECT_EQ(ExcludedRanks(s, 2, 1), " 10, 10,");
   ASSERT_TRUE(UpdateOptions(s, 0));
   EXPECT_NE(Options(s, 2, 1).find(" 1S"), std::string::npos);  // " 1," is not inside " 10,"
-  s.Grid[3][2] = Card(5, 2);
-  s.Grid[4][3] = -4;  // a clubs mark below (3,3)
+  s.Grid[3][2] = 18;                                           // 5H
+  s.Grid[4][3] = -4;                                           // a clubs mark below (3,3)
   EXPECT_EQ(NeighbourSuits(s, 3, 3), "HXXC");
   EXPECT_EQ(NeighbourSuits(s, 1, 1), "XX");  // off-board neighbours add nothing
 }

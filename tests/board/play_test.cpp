@@ -36,9 +36,8 @@ class Play : public ::testing::Test {
     ASSERT_EQ(s.SelectedCard, card);
   }
   bool Listed(const std::string& card) {
-    for (const auto& list : s.Remain)
-      if (std::find(list.begin(), list.end(), card) != list.end()) return true;
-    return false;
+    const auto& list = s.Remain[SuitListIndex(card.substr(1))];
+    return std::find(list.begin(), list.end(), card) != list.end();
   }
   GameState s = test::Loaded(test::SolvableFile());
   test::RecordingUi ui;

@@ -85,8 +85,7 @@ TEST(CreateGuard, RefusedWhileAutoSolveRunsAndMultipleOnlyOnCreate) {
   mnumultipuzx(d.s, d.ui, Batch(out, "2", kLevelEasy));
   cmdmakepuzzles(d.s, d.ui, kLevelEasy);
   EXPECT_EQ(d.ui.messages, Strings(3, "Cancel AutoSolve first"));
-  EXPECT_EQ(d.ui.busyOn, 0);
-  EXPECT_TRUE(d.ui.seen.empty());
+  EXPECT_TRUE(d.ui.busyOn == 0 && d.ui.seen.empty());
   for (const std::string& file : {out, d.Temporary(), d.dir.File("puzzles_new.vlm")})
     EXPECT_FALSE(FileExists(file));
 }

@@ -106,28 +106,32 @@ bool SolvesAlone(const GameState& s) {
   return SolveGrid(copy, ui) == 0;
 }
 
-TEST(Generator, EasyIsTheBasePatternAndHardAddsAtMostFour) {
+TEST(Generator, EasyIsTheBasePatternHardAddsAtMostFourRandomDrawsEachLevel) {
+  const char* pattern[7] = {"X.XXX.X", "XX.X.XX", "X.XXX.X", "XX.X.XX", "X.XXX.X", "XX.X.XX", "X.XXX.X"};
+  std::map<int, int> drawn;
   for (uint64_t seed = 100; seed < 160; ++seed) {
-    const GameState easy = Made(kLevelEasy, seed);
-    const char* pattern[7] = {"X.XXX.X", "XX.X.XX", "X.XXX.X", "XX.X.XX", "X.XXX.X", "XX.X.XX", "X.XXX.X"};
+    int made = -1;
+    const GameState random = Made(kLevelRandom, seed, &made);
+    ASSERT_TRUE(made >= kLevelEasy && made <= kLevelVHard);
+    ++drawn[made];
+    const GameState easy = Made(kLevelEasy, seed), hard = Made(kLevelHard, seed);
     for (int r = 1; r <= 7; ++r)
       for (int c = 1; c <= 7; ++c)
         EXPECT_EQ(easy.Grid[r][c] == 0, pattern[r - 1][c - 1] == '.') << r << "," << c;
-    const GameState hard = Made(kLevelHard, seed);
-    EXPECT_GE(Blanks(hard), 14);
-    EXPECT_LE(Blanks(hard), 18);
-    for (const GameState* s : {&easy, &hard}) {
+    EXPECT_TRUE(Blanks(hard) >= 14 && Blanks(hard) <= 18) << Blanks(hard);
+    EXPECT_TRUE(made == kLevelEasy ? Blanks(random) == 14 : made == kLevelHard ? Blanks(random) <= 18 : true);
+    for (const GameState* s : {&easy, &hard, &random}) {
       EXPECT_TRUE(SolvesAlone(*s));
       ExpectValidSolution(*s);
       ExpectAbsentCardsMarked(*s);
       for (int r = 1; r <= 7; ++r)  // givens are the solution's cards
         for (int c = 1; c <= 7; ++c)
-          if (s->Grid[r][c] != 0) {
-            EXPECT_EQ(s->Grid[r][c], s->SolutionGrid[r][c]);
-          }
+          EXPECT_TRUE(s->Grid[r][c] == 0 || s->Grid[r][c] == s->SolutionGrid[r][c]);
     }
     if (HasFailure()) return;
   }
+  EXPECT_EQ(drawn.size(), 3u);
+  for (const auto& [level, count] : drawn) EXPECT_GE(count, 8) << kDifficultyNames[level];
 }
 
 TEST(Generator, VeryHardKeepsOnlyGivensItNeedsSaveARareFew) {
@@ -158,25 +162,6 @@ TEST(Generator, VeryHardKeepsOnlyGivensItNeedsSaveARareFew) {
               withRemovableGiven, puzzles);
   EXPECT_LE(withRemovableGiven, puzzles * 5 / 100);
   EXPECT_GE(withRemovableGiven, puzzles * 3 / 1000) << "the solver no longer behaves as the program's own";
-}
-
-TEST(Generator, RandomLevelDrawsEachOfTheThree) {
-  std::map<int, int> levels;
-  for (uint64_t seed = 1; seed <= 60; ++seed) {
-    int made = -1;
-    const GameState s = Made(kLevelRandom, seed, &made);
-    ASSERT_GE(made, 0);
-    ASSERT_LE(made, 2);
-    ++levels[made];
-    if (made == kLevelEasy) {
-      EXPECT_EQ(Blanks(s), 14);
-    }
-    if (made == kLevelHard) {
-      EXPECT_LE(Blanks(s), 18);
-    }
-  }
-  EXPECT_EQ(levels.size(), 3u);
-  for (const auto& [level, count] : levels) EXPECT_GE(count, 8) << kDifficultyNames[level];
 }
 
 // A window event that presses Cancel: set during the yield of a column attempt.

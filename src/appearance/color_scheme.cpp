@@ -37,13 +37,14 @@ bool ReadLines(const std::string& path, std::vector<std::string>& lines) {
   if (!reader.IsOpen()) return false;
   std::string line;
   while (reader.ReadLine(line)) lines.push_back(line);
-  return true;
+  return reader.error() == 0;
 }
 
-// The new contents go to the work file first, then replace the scheme file.
-bool Rewrite(const std::string& schemeFile, const std::string& workFile, const std::vector<std::string>& lines) {
+// The new contents go to the work file first, then replace the scheme file,
+// whose lock the caller holds since it read the file.
+bool Rewrite(LockedFile& schemeFile, const std::string& workFile, const std::vector<std::string>& lines) {
   const std::string text = JoinLines(lines);
-  return WriteFileAtomically(workFile, text) && WriteFileAtomically(schemeFile, text);
+  return WriteFileAtomically(workFile, text) && schemeFile.Replace(text);
 }
 
 }  // namespace
@@ -108,8 +109,9 @@ bool AppendScheme(const std::string& schemeFile, const std::string& name, const 
 
 bool ReplaceScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine,
                    const SchemeColors& colors) {
+  LockedFile locked(schemeFile, false);
   std::vector<std::string> old;
-  if (!ReadLines(schemeFile, old)) return false;
+  if (!locked.ok() || !ReadLines(locked.path(), old)) return false;
   std::vector<std::string> out;
   for (size_t i = 0; i < old.size(); ++i) {
     out.push_back(old[i]);
@@ -117,12 +119,13 @@ bool ReplaceScheme(const std::string& schemeFile, const std::string& workFile, c
     for (const uint32_t c : colors) out.push_back(ColorLine(c));
     i += std::min<size_t>(kSchemeLines, old.size() - 1 - i);
   }
-  return Rewrite(schemeFile, workFile, out);
+  return Rewrite(locked, workFile, out);
 }
 
 bool DeleteScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine) {
+  LockedFile locked(schemeFile, false);
   std::vector<std::string> old;
-  if (!ReadLines(schemeFile, old)) return false;
+  if (!locked.ok() || !ReadLines(locked.path(), old)) return false;
   std::vector<std::string> out;
   for (size_t i = 0; i < old.size(); ++i) {
     if (old[i] == nameLine) {
@@ -131,7 +134,7 @@ bool DeleteScheme(const std::string& schemeFile, const std::string& workFile, co
       out.push_back(old[i]);
     }
   }
-  return Rewrite(schemeFile, workFile, out);
+  return Rewrite(locked, workFile, out);
 }
 
 }  // namespace velmora

@@ -70,12 +70,12 @@ void ShowNewPuzzle(GameState& s, UserInterface& ui, int level, const ShownPuzzle
   const std::string title = AutomaticTitle(level, LocalTimeNow());
   const std::string previousFile = s.CurrentPuzzleFile;
   const std::string file = s.AppFolder + kTemporaryPuzzleFile;
-  const int n = CountPuzzles(file);
-  const bool written = WritePuzzleRecord(s, file, n + 1, title);
+  const int n = AppendPuzzleRecord(s, file, title);
+  const bool written = n > 0;
   if (written) {
     s.CurrentPuzzleFile = file;
     std::string loadedTitle;
-    LoadPuzzle(s, ui, file, n + 1, loadedTitle, 1);
+    LoadPuzzle(s, ui, file, n, loadedTitle, 1);
   } else {
     ShowAgain(s, ui, previousFile, s.CurrentPuzzleNumber, before);
   }
@@ -127,6 +127,10 @@ void mnunewrandpuzx(GameState& s, UserInterface& ui) {
 void mnumultipuzx(GameState& s, UserInterface& ui, const Form3Values& form) {
   if (CreateRefusedWhileSolving(s, ui)) return;
   if (form.result != "Y") return;
+  if (!form.Check1 && !IsTitleLine(form.Text4)) {
+    ui.ShowMessage(kTitleRefusedText);
+    return;
+  }
   const ShownPuzzle before(s);
   ui.SetBusy(true);
   s.view.Frame1Visible = true;

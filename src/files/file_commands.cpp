@@ -37,6 +37,14 @@ void ShowRecord(GameState& s, UserInterface& ui, int n, int previous) {
 
 bool IsHeader(const std::string& line) { return !line.empty() && line[0] == '#'; }
 
+// A title that would not stay one title line is written rewritten; the title
+// box shows it the way it is written.
+void ShowWrittenTitle(GameState& s, UserInterface& ui) {
+  if (IsTitleLine(s.view.PuzTitle)) return;
+  s.view.PuzTitle = TitleLine(s.view.PuzTitle);
+  ui.ControlsChanged();
+}
+
 }  // namespace
 
 int ConfirmOverwrite(UserInterface& ui, const std::string& name) {
@@ -98,8 +106,9 @@ void mnupuzreset(GameState& s, UserInterface& ui) {
 void mnusaveassli(GameState& s, UserInterface& ui) {
   const std::string name = AskPuzzleFileName(s, ui, "SAVE");
   if (name.empty()) return;
-  const int n = CountPuzzles(name) + 1;
-  if (!WritePuzzleRecord(s, name, n, s.view.PuzTitle)) {
+  ShowWrittenTitle(s, ui);
+  const int n = AppendPuzzleRecord(s, name, s.view.PuzTitle);
+  if (n == 0) {
     ui.ShowMessage(std::string("Error saving to file:") + kNewLine + name);
     return;
   }
@@ -110,8 +119,9 @@ void mnuappend(GameState& s, UserInterface& ui) {
   if (RefusedWhileSolving(s, ui)) return;
   const std::string file = s.CurrentPuzzleFile;
   if (!ui.AskYesNo(std::string("Append current puzzle to file:") + kNewLine + file)) return;
-  const int n = CountPuzzles(file) + 1;
-  if (!WritePuzzleRecord(s, file, n, s.view.PuzTitle)) {
+  ShowWrittenTitle(s, ui);
+  const int n = AppendPuzzleRecord(s, file, s.view.PuzTitle);
+  if (n == 0) {
     ui.ShowMessage("Error apending puzzle to file: " + file);
     return;
   }
@@ -144,7 +154,7 @@ bool FileWithoutRecord(const std::string& file, int n, std::string& contents) {
     }
     write(line);
   }
-  return true;
+  return reader.error() == 0;  // a damaged file is left as it is
 }
 
 void mnudelete(GameState& s, UserInterface& ui) {
@@ -157,15 +167,17 @@ void mnudelete(GameState& s, UserInterface& ui) {
   if (!ui.AskYesNo(std::string("Delete current puzzle from file:") + kNewLine + file)) return;
   const auto typed = ValInt(s.view.PuzNumNow);
   const int n = typed ? *typed : 0;
-  if (CountPuzzles(file) == 1) {
+  // Locked from the count to the rename, so no other writer's records get lost.
+  LockedFile locked(file, false);
+  if (locked.ok() && CountPuzzles(locked.path()) == 1) {
     ui.ShowMessage(kOnlyOnePuzzle);
     return;
   }
   // The new contents are complete before anything is replaced, and the file
   // itself is swapped in one rename: a crash leaves the old or the new file.
   std::string contents;
-  if (!FileWithoutRecord(file, n, contents) || !WriteFileAtomically(kDeleteWorkFile, contents) ||
-      !WriteFileAtomically(file, contents)) {
+  if (!locked.ok() || !FileWithoutRecord(locked.path(), n, contents) ||
+      !WriteFileAtomically(kDeleteWorkFile, contents) || !locked.Replace(contents)) {
     ui.ShowMessage(std::string("Error saving to file:") + kNewLine + file);
     return;
   }

@@ -42,6 +42,10 @@ int32_t SizeField(const std::string& field) {
 
 int CountPuzzles(const std::string& file) {
   LineReader reader(file);
+  return CountPuzzles(reader);
+}
+
+int CountPuzzles(LineReader& reader) {
   int count = 0;
   std::string line;
   while (reader.ReadLine(line)) {
@@ -140,7 +144,7 @@ std::string PuzzleRecordText(const GameState& s, int number, const std::string& 
   std::string header = "#";
   header += NumText(number == 0 ? 1 : number);
   lines.push_back(std::move(header));
-  lines.push_back(title);
+  lines.push_back(TitleLine(title));
   lines.push_back(Str(s.Rows) + "," + Str(s.Cols) + "," + Str(CountBlanks(s)));
   if (s.Rows > kMaxIndex || s.Cols > kMaxIndex) return {};  // no such grid cells
   auto letter = [](int v, std::string& out) {
@@ -168,6 +172,25 @@ bool WritePuzzleRecord(const GameState& s, const std::string& file, int number, 
   if (text.empty()) return false;
   return number != 0 ? AppendToFile(file, text) : WriteFileAtomically(file, text);
 }
+
+int AppendPuzzleRecord(const GameState& s, const std::string& file, const std::string& title) {
+  LockedFile locked(file, true);
+  const int n = locked.ok() ? CountPuzzles(locked.path()) + 1 : 0;
+  const std::string text = n > 0 ? PuzzleRecordText(s, n, title) : std::string();
+  if (!text.empty() && locked.Append(text)) return n;
+  locked.RemoveIfCreated();
+  return 0;
+}
+
+std::string TitleLine(const std::string& title) {
+  std::string line = title;
+  for (char& c : line) {
+    if (c == '\r' || c == '\n') c = ' ';
+  }
+  return line.empty() || line[0] != '#' ? line : " " + line;
+}
+
+bool IsTitleLine(const std::string& title) { return TitleLine(title) == title; }
 
 int CountBlanks(const GameState& s) {
   int blanks = 0;

@@ -11,6 +11,8 @@ namespace velmora {
 
 // Lines beginning with "#"; 0 for a missing or unreadable file.
 int CountPuzzles(const std::string& file);
+// The same from the reader's position on; reader.error() tells a damaged file.
+int CountPuzzles(LineReader& reader);
 
 // Reads on from the reader's position to the n-th header line (the first
 // when n = 0). Returns status 0 with number = the header's numeric value, or
@@ -23,12 +25,23 @@ int FindPuzzleHeader(LineReader& reader, int n, int& number);
 int LoadPuzzle(GameState& s, UserInterface& ui, const std::string& file, int n, std::string& title,
                int drawFlag);
 
-// The record text WritePuzzleRecord writes; empty when a value has no letter.
+// A title as the program writes it: one line that is not a header. Line
+// breaks become blanks and a leading "#" gets a blank before it.
+std::string TitleLine(const std::string& title);
+bool IsTitleLine(const std::string& title);
+// Where the user gives a title that is not a title line, it is refused with this.
+inline constexpr const char* kTitleRefusedText = "A title cannot begin with \"#\" or hold a line break";
+
+// The record text WritePuzzleRecord writes (its title through TitleLine); empty when a value has no letter.
 std::string PuzzleRecordText(const GameState& s, int number, const std::string& title);
 
 // number != 0 appends a record headed "#number"; 0 replaces the whole file
 // with one record headed "#1". False on a file error.
 bool WritePuzzleRecord(const GameState& s, const std::string& file, int number, const std::string& title);
+
+// Appends the current puzzle numbered one past the file's count, counted
+// under the file's lock. Returns that number, or 0 on a file error.
+int AppendPuzzleRecord(const GameState& s, const std::string& file, const std::string& title);
 
 // Cells of the board whose Grid value is 0.
 int CountBlanks(const GameState& s);

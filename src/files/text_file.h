@@ -1,31 +1,91 @@
-// Line-by-line text files: CR LF or LF read, CR LF written, safe replacement.
+// Line-by-line text files: CR LF or LF read, CR LF written; locked, whole-or-
+// nothing appends and replacement by rename.
 #pragma once
 
-#include <fstream>
+#include <cstddef>
 #include <string>
 #include <vector>
 
 namespace velmora {
 
+// Reasons a file operation fails besides the system's error numbers.
+inline constexpr int kFileInUse = -1;       // another program holds the file's lock
+inline constexpr int kNotRegularFile = -2;  // a device, a pipe or a folder
+inline constexpr int kLineTooLong = -3;     // a line longer than kMaxLineLength
+// No line the program writes comes near this; a longer one is damage (or a
+// file that never ends) and stops the reading.
+inline constexpr size_t kMaxLineLength = size_t{1} << 20;
+
+// "No such file or directory", "the file is in use by another program", ...
+std::string FileErrorText(int error);
+
+// Reads regular files only; a device, a pipe or a folder does not open.
 class LineReader {
  public:
   explicit LineReader(const std::string& path);
-  bool IsOpen() const { return open_; }
-  // Next line without its line end; false at end of file.
+  ~LineReader();
+  LineReader(const LineReader&) = delete;
+  LineReader& operator=(const LineReader&) = delete;
+
+  bool IsOpen() const { return fd_ >= 0; }
+  // Next line without its line end; false at end of file, on a read error and
+  // at a line longer than kMaxLineLength (then error() is kLineTooLong).
   bool ReadLine(std::string& line);
   bool AtEnd();
+  // Why the file did not open or the reading stopped early; 0 when it did not.
+  int error() const { return error_; }
 
  private:
-  std::ifstream in_;
-  bool open_ = false;
+  bool Fill();
+
+  int fd_ = -1;
+  int error_ = 0;
+  std::string buffer_;
+  size_t pos_ = 0;
+  bool ended_ = false;
 };
 
-// Replaces a file's contents: writes a temporary file beside it, then renames
-// it over the target, so a crash leaves either the old or the new contents.
-bool WriteFileAtomically(const std::string& path, const std::string& contents);
-// Appends in one write so a record is never left half-written by this process.
-bool AppendToFile(const std::string& path, const std::string& contents);
-bool ReadWholeFile(const std::string& path, std::string& contents);
+// An advisory lock (flock) on the real file behind a path, for a whole
+// read-modify-write. The system drops it when the process ends, however it
+// ends, so it is never left stuck. A second writer waits a short time, then
+// gets kFileInUse.
+class LockedFile {
+ public:
+  // With `create`, a missing file is made (empty) so that it can be locked.
+  LockedFile(const std::string& path, bool create);
+  ~LockedFile();
+  LockedFile(const LockedFile&) = delete;
+  LockedFile& operator=(const LockedFile&) = delete;
+
+  bool ok() const { return fd_ >= 0; }
+  int error() const { return error_; }
+  // The real file: symbolic links followed.
+  const std::string& path() const { return real_; }
+  // Replaces the contents through a nameless temporary file beside the real
+  // file that is renamed over it at the end; keeps the file's permissions.
+  bool Replace(const std::string& contents);
+  // Appends whole or not at all: on any error the file is cut back to its
+  // length before. A last line without its line end gets one first.
+  bool Append(const std::string& contents);
+  // The file was made by this lock and nothing was written yet: remove it.
+  void RemoveIfCreated();
+
+ private:
+  bool Fail(int error);
+
+  std::string real_;
+  int fd_ = -1;
+  int error_ = 0;
+  bool created_ = false;
+};
+
+// Replaces a file's contents under its lock (see LockedFile::Replace); a
+// crash leaves either the old or the new contents, never a temporary file.
+bool WriteFileAtomically(const std::string& path, const std::string& contents, int* error = nullptr);
+// Appends under the file's lock, whole or not at all (see LockedFile::Append).
+bool AppendToFile(const std::string& path, const std::string& contents, int* error = nullptr);
+// Regular files only.
+bool ReadWholeFile(const std::string& path, std::string& contents, int* error = nullptr);
 bool FileExists(const std::string& path);
 // Size in bytes, or -1 when the file cannot be measured.
 long long FileLength(const std::string& path);

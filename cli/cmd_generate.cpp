@@ -1,6 +1,5 @@
 // velmora-cli generate and transform: new puzzles appended to a file, made on
 // every core and written in order; and the batch transformation of a file.
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -86,6 +85,7 @@ int ParseGenerate(const Subcommand& command, const std::vector<std::string>& arg
       if (!ParseInt(v, n) || n < 0) return UsageError(command, "--count must be a whole number from 0");
       o.count = n;
     } else if (allowAll && a == "--title") {
+      if (!IsTitleLine(v)) return UsageError(command, "--title cannot begin with \"#\" or hold a line break");
       o.title = v;
     } else if (allowAll && a == "--jobs") {
       if (!ParseInt(v, n) || n < 1 || n > 1024)
@@ -103,8 +103,8 @@ int ParseGenerate(const Subcommand& command, const std::vector<std::string>& arg
 // written to the file strictly in that order by the calling thread.
 class GenerateRun : public PuzzleJobs {
  public:
-  GenerateRun(const GenerateOptions& o, int fd, int base)
-      : o_(o), fd_(fd), base_(base), stamp_(LocalTimeNow()) {
+  GenerateRun(const GenerateOptions& o, LockedFile& file, int base)
+      : o_(o), file_(file), base_(base), stamp_(LocalTimeNow()) {
     if (!o.seeded) clockSeed_ = std::random_device{}() * 0x100000001ULL ^ std::random_device{}();
   }
 
@@ -175,20 +175,12 @@ class GenerateRun : public PuzzleJobs {
   uint64_t Total() const { return static_cast<uint64_t>(o_.count); }
   bool Over() const { return finished_ || gStop.load() || failed_ || handedOut_ >= Total(); }
 
-  // One write of whole records: an interrupted run never leaves half a record.
+  // Whole records or none: an interrupted run or a full disk never leaves half
+  // a record, and the records of the chunks before stay.
   void Flush(std::string& chunk, uint64_t& inChunk) {
-    size_t done = 0;
-    while (done < chunk.size()) {
-      const ssize_t n = ::write(fd_, chunk.data() + done, chunk.size() - done);
-      if (n < 0) {
-        if (errno == EINTR) continue;
-        std::lock_guard lock(mutex_);
-        failed_ = true;
-        break;
-      }
-      done += static_cast<size_t>(n);
-    }
+    const bool appended = chunk.empty() || file_.Append(chunk);
     std::lock_guard lock(mutex_);
+    if (!appended) failed_ = true;
     if (!failed_) written_ += inChunk;
     chunk.clear();
     inChunk = 0;
@@ -205,7 +197,7 @@ class GenerateRun : public PuzzleJobs {
   }
 
   const GenerateOptions& o_;
-  const int fd_;
+  LockedFile& file_;
   const int base_;
   const std::tm stamp_;  // one date and time for the automatic titles of the run
   uint64_t clockSeed_ = 0;
@@ -218,28 +210,31 @@ class GenerateRun : public PuzzleJobs {
 int RunGenerate(const std::vector<std::string>& args) {
   GenerateOptions o;
   if (const int bad = ParseGenerate(kGenerate, args, o, true); bad != 0) return bad;
-  const int base = CountPuzzles(o.file);
-  if (o.count > 2147483647LL - base)
-    return UsageError(kGenerate, "--count is too large for the record numbers");
-  const int fd = ::open(o.file.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0666);
-  if (fd < 0) {
-    std::fprintf(stderr, "velmora-cli generate: cannot write to %s\n", o.file.c_str());
+  // Locked for the whole run: the records are numbered from the count taken here.
+  LockedFile file(o.file, true);
+  LineReader existing(file.path());
+  const int base = CountPuzzles(existing);
+  if (!file.ok() || existing.error() != 0) {
+    std::fprintf(stderr, "velmora-cli generate: cannot write to %s: %s\n", o.file.c_str(),
+                 FileErrorText(file.ok() ? existing.error() : file.error()).c_str());
     return 1;
   }
+  if (o.count > 2147483647LL - base)
+    return UsageError(kGenerate, "--count is too large for the record numbers");
   const int jobs = o.jobs > 0 ? o.jobs : static_cast<int>(std::max(1u, std::thread::hardware_concurrency()));
   std::signal(SIGINT, OnInterrupt);
-  GenerateRun run(o, fd, base);
+  GenerateRun run(o, file, base);
   run.ShowProgressBar(::isatty(STDERR_FILENO) == 1);
   std::vector<std::thread> workers;
   for (int k = 0; k < jobs; ++k) workers.emplace_back([&run] { CreatePuzzles(run); });
   const uint64_t written = run.WriteAll();
   for (auto& w : workers) w.join();
-  ::close(fd);
   std::signal(SIGINT, SIG_DFL);
   std::printf("%s new puzzles added to file:\n%s\n", Str(static_cast<long long>(written)).c_str(),
               o.file.c_str());
   if (run.failed()) {
-    std::fprintf(stderr, "velmora-cli generate: writing to %s failed\n", o.file.c_str());
+    std::fprintf(stderr, "velmora-cli generate: writing to %s failed: %s\n", o.file.c_str(),
+                 FileErrorText(file.error()).c_str());
     return 1;
   }
   return gStop.load() ? 130 : 0;

@@ -118,8 +118,7 @@ int RunPlay(const std::vector<std::string>& allArgs) {
   // The loaded file is the current puzzle file, as after start-up.
   state.CurrentPuzzleFile = args[0];
   PlaySession session{state, ui, stdout, args[0]};
-  RunPlayScript(session, stdin);
-  return 0;
+  return RunPlayScript(session, stdin) ? 0 : 1;
 }
 
 }  // namespace

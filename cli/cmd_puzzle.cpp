@@ -6,6 +6,7 @@
 #include "files/puzzle_file.h"
 #include "model/game_state.h"
 #include "model/user_interface.h"
+#include "record.h"
 #include "subcommand.h"
 
 namespace velmora::cli {
@@ -22,7 +23,14 @@ const Registration kOptionsReg(kOptions);
 
 int RunCount(const std::vector<std::string>& args) {
   if (args.size() != 1) return UsageError(kCount, "expected one FILE argument");
-  std::printf("%d\n", CountPuzzles(args[0]));
+  LineReader reader(args[0]);
+  const int count = CountPuzzles(reader);
+  if (!reader.IsOpen() || reader.error() != 0) {
+    std::fprintf(stderr, "velmora-cli count: cannot read %s: %s\n", args[0].c_str(),
+                 FileErrorText(reader.error()).c_str());
+    return 1;
+  }
+  std::printf("%d\n", count);
   return 0;
 }
 
@@ -30,6 +38,7 @@ int RunOptions(const std::vector<std::string>& args) {
   if (args.size() != 2) return UsageError(kOptions, "expected FILE and N");
   long long n = 0;
   if (!ParseInt(args[1], n)) return UsageError(kOptions, "N must be a whole number");
+  if (!Readable(kOptions, args[0])) return 1;
   GameState state;
   SilentUserInterface ui;
   std::string title;

@@ -1,6 +1,9 @@
 // velmora-cli: headless batch work on the program's own core.
 #include <algorithm>
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -18,6 +21,16 @@ void PrintHelp(std::FILE* out) {
   std::fprintf(out, "Usage: velmora-cli COMMAND [ARGS]\n\nCommands:\n");
   for (const auto& c : Subcommands()) std::fprintf(out, "  %s\n      %s\n", c.usage, c.summary);
   std::fprintf(out, "\nvelmora-cli --help shows this text.\n");
+}
+
+// Output that did not reach its file is a failure, whatever the command did.
+int Finish(int code) {
+  const bool flushed = std::fflush(stdout) == 0;
+  const int error = errno;
+  if (flushed && !std::ferror(stdout)) return code;
+  std::fprintf(stderr, "velmora-cli: cannot write standard output%s%s\n", flushed ? "" : ": ",
+               flushed ? "" : std::strerror(error));
+  return code == 0 ? 1 : code;
 }
 
 }  // namespace
@@ -51,22 +64,25 @@ bool ParseInt(const std::string& text, long long& value) {
 int main(int argc, char** argv) {
   using namespace velmora::cli;
   std::vector<std::string> args(argv + 1, argv + argc);
+  // Past a file size limit a write fails (and the file is cut back to whole
+  // records) instead of the process being killed in the middle of one.
+  std::signal(SIGXFSZ, SIG_IGN);
   if (args.empty()) {
     PrintHelp(stderr);
     return kUsageError;
   }
   if (args[0] == "--help" || args[0] == "-h" || args[0] == "help") {
     PrintHelp(stdout);
-    return 0;
+    return Finish(0);
   }
   for (const auto& c : Subcommands()) {
     if (args[0] != c.name) continue;
     std::vector<std::string> rest(args.begin() + 1, args.end());
     if (!rest.empty() && (rest[0] == "--help" || rest[0] == "-h")) {
       std::printf("usage: velmora-cli %s\n%s\n", c.usage, c.summary);
-      return 0;
+      return Finish(0);
     }
-    return c.run(rest);
+    return Finish(c.run(rest));
   }
   std::fprintf(stderr, "velmora-cli: unknown command '%s' (see velmora-cli --help)\n", args[0].c_str());
   return kUsageError;

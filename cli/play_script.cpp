@@ -1,6 +1,7 @@
 // The command table of `velmora-cli play` and its line reader.
 #include "play_script.h"
 
+#include "files/text_file.h"
 #include "subcommand.h"
 
 namespace velmora::cli {
@@ -11,10 +12,15 @@ std::vector<PlayCommand>& Table() {
   return commands;
 }
 
+// False at end of input and at a line longer than any command (endless
+// input such as /dev/zero must not fill the memory).
 bool ReadLine(std::FILE* in, std::string& line) {
   line.clear();
   int ch;
-  while ((ch = std::fgetc(in)) != EOF && ch != '\n') line += static_cast<char>(ch);
+  while ((ch = std::fgetc(in)) != EOF && ch != '\n') {
+    if (line.size() >= kMaxLineLength) return false;
+    line += static_cast<char>(ch);
+  }
   if (ch == EOF && line.empty()) return false;
   if (!line.empty() && line.back() == '\r') line.pop_back();
   return true;
@@ -70,12 +76,15 @@ PlayCommandRegistration::PlayCommandRegistration(std::initializer_list<PlayComma
 
 const std::vector<PlayCommand>& PlayCommands() { return Table(); }
 
-void RunPlayScript(PlaySession& session, std::FILE* in) {
+bool RunPlayScript(PlaySession& session, std::FILE* in) {
   std::string line;
   while (ReadLine(in, line)) {
     RunLine(session, line);
     std::fflush(session.out);
   }
+  if (line.size() < kMaxLineLength) return true;
+  PrintError(session, FileErrorText(kLineTooLong));
+  return false;
 }
 
 bool ParseArg(const std::string& text, int& value) {

@@ -42,8 +42,9 @@ struct PlayCommandRegistration {
 const std::vector<PlayCommand>& PlayCommands();
 
 // Runs every line of `in`. Blank lines are skipped; an unknown command or
-// bad arguments print one "error: " line and the script goes on.
-void RunPlayScript(PlaySession& session, std::FILE* in);
+// bad arguments print one "error: " line and the script goes on. A line
+// longer than any command ends the script with an error: false.
+bool RunPlayScript(PlaySession& session, std::FILE* in);
 
 // A whole decimal number that fits an int.
 bool ParseArg(const std::string& text, int& value);

@@ -7,12 +7,21 @@
 
 namespace velmora::cli {
 
+bool Readable(const Subcommand& command, const std::string& file) {
+  const LineReader reader(file);
+  if (reader.IsOpen()) return true;
+  std::fprintf(stderr, "velmora-cli %s: cannot read %s: %s\n", command.name, file.c_str(),
+               FileErrorText(reader.error()).c_str());
+  return false;
+}
+
 int LoadRecordArgs(const Subcommand& command, const std::vector<std::string>& args, GameState& s,
                    UserInterface& ui) {
   if (args.size() != 2) return UsageError(command, "expected FILE and N");
   long long n = 0;
   if (!ParseInt(args[1], n)) return UsageError(command, "N must be a whole number");
   const int wanted = n > 2147483647LL ? 2147483647 : (n < -2147483647LL ? -2147483647 : static_cast<int>(n));
+  if (!Readable(command, args[0])) return 1;
   std::string title;
   if (LoadPuzzle(s, ui, args[0], wanted, title, 1) != 0) {
     std::printf("not found\n");

@@ -10,8 +10,13 @@
 
 namespace velmora::cli {
 
+// False, after "velmora-cli NAME: cannot read FILE: REASON" on standard
+// error, when FILE cannot be read.
+bool Readable(const Subcommand& command, const std::string& file);
+
 // Loads record N of FILE from args {FILE, N}. Returns 0 when loaded;
-// otherwise the exit code, after printing "not found" or the usage error.
+// otherwise the exit code, after printing "not found", why FILE cannot be
+// read, or the usage error.
 int LoadRecordArgs(const Subcommand& command, const std::vector<std::string>& args, GameState& s,
                    UserInterface& ui);
 

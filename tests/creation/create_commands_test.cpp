@@ -80,11 +80,14 @@ TEST(CreateGuard, RefusedWhileAutoSolveRunsAndMultipleOnlyOnCreate) {
     form.result = result;
     mnumultipuzx(d.s, d.ui, form);
   }
+  // A title that would read as a header, or as more than one line.
+  for (const char* title : {"#Book 3", "evil\r\n#99\r\nx"}) mnumultipuzx(d.s, d.ui, Batch(out, "2", kLevelEasy, title));
   d.s.Solving = 1;
   mnunewrandpuzx(d.s, d.ui);
   mnumultipuzx(d.s, d.ui, Batch(out, "2", kLevelEasy));
   cmdmakepuzzles(d.s, d.ui, kLevelEasy);
-  EXPECT_EQ(d.ui.messages, Strings(3, "Cancel AutoSolve first"));
+  EXPECT_EQ(d.ui.messages, (Strings{kTitleRefusedText, kTitleRefusedText, "Cancel AutoSolve first",
+                                    "Cancel AutoSolve first", "Cancel AutoSolve first"}));
   EXPECT_TRUE(d.ui.busyOn == 0 && d.ui.seen.empty());
   for (const std::string& file : {out, d.Temporary(), d.dir.File("puzzles_new.vlm")})
     EXPECT_FALSE(FileExists(file));

@@ -120,7 +120,9 @@ int OpenForLock(const std::string& path, bool create, bool& created) {
   return fd;
 }
 
-bool SameFile(const struct stat& a, const struct stat& b) { return a.st_dev == b.st_dev && a.st_ino == b.st_ino; }
+bool SameFile(const struct stat& a, const struct stat& b) {
+  return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
 
 }  // namespace
 
@@ -205,7 +207,7 @@ LockedFile::LockedFile(const std::string& path, bool create) : real_(RealPath(pa
       return;
     }
     while (::flock(fd_, LOCK_EX | LOCK_NB) != 0 && error_ == 0) {
-      if (errno != EWOULDBLOCK && errno != EINTR) error_ = errno;
+      if (errno != EWOULDBLOCK && errno != EINTR) break;  // a file system without locks: write unlocked
       if (std::chrono::steady_clock::now() >= deadline) error_ = kFileInUse;
       std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }

@@ -43,8 +43,8 @@ Run Cli(const test::TempDir& dir, std::vector<std::string> args, const std::stri
   }
   int status = 0;
   ::waitpid(child, &status, 0);
-  Run run{WIFEXITED(status) ? WEXITSTATUS(status) : -1, captured ? dir.Read("out.txt") : "", dir.Read("err.txt")};
-  return run;
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, captured ? dir.Read("out.txt") : "",
+          dir.Read("err.txt")};
 }
 
 TEST(CliSafety, GenerateOnAFullDiskKeepsWholeRecordsAndSaysHowMany) {
@@ -52,8 +52,9 @@ TEST(CliSafety, GenerateOnAFullDiskKeepsWholeRecordsAndSaysHowMany) {
   std::string text = test::Records(3);
   text.resize(text.size() - 2);  // no line end after the last line
   const std::string file = dir.Write("f.vlm", text);
-  const auto full = Cli(dir, {"generate", file, "--count", "3000", "--level", "easy", "--seed", "7", "--jobs", "1"},
-                        "/dev/null", "", text.size() + 100000);
+  const auto full =
+      Cli(dir, {"generate", file, "--count", "3000", "--level", "easy", "--seed", "7", "--jobs", "1"},
+          "/dev/null", "", text.size() + 100000);
   EXPECT_EQ(full.exitCode, 1);
   EXPECT_EQ(full.err, "velmora-cli generate: writing to " + file + " failed: File too large\n");
   const int added = CountPuzzles(file) - 3;

@@ -81,7 +81,8 @@ TEST(CreateGuard, RefusedWhileAutoSolveRunsAndMultipleOnlyOnCreate) {
     mnumultipuzx(d.s, d.ui, form);
   }
   // A title that would read as a header, or as more than one line.
-  for (const char* title : {"#Book 3", "evil\r\n#99\r\nx"}) mnumultipuzx(d.s, d.ui, Batch(out, "2", kLevelEasy, title));
+  for (const char* title : {"#Book 3", "evil\r\n#99\r\nx"})
+    mnumultipuzx(d.s, d.ui, Batch(out, "2", kLevelEasy, title));
   d.s.Solving = 1;
   mnunewrandpuzx(d.s, d.ui);
   mnumultipuzx(d.s, d.ui, Batch(out, "2", kLevelEasy));

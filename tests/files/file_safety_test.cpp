@@ -113,7 +113,8 @@ TEST(FileSafety, ReplacingFollowsLinksKeepsPermissionsAndRefusesWhatIsNotAFile) 
   EXPECT_EQ(Last(ui), "Done");
   EXPECT_TRUE(fs::is_symlink(link));
   EXPECT_EQ(CountPuzzles(real), 2);
-  EXPECT_EQ(fs::status(real).permissions(), fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+  EXPECT_EQ(fs::status(real).permissions(),
+            fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
   const std::string pipe = dir.File("pipe.vlm");
   ASSERT_EQ(::mkfifo(pipe.c_str(), 0644), 0);
   for (const std::string& target : {pipe, dir.path()}) {

@@ -91,6 +91,21 @@ int OpenTemporary(const std::string& file, std::string& name) {
   return ::mkostemp(name.data(), O_CLOEXEC);
 }
 
+// Temporary files of this file that a crashed writer left: only the holder of
+// the file's lock makes them, so while it is held none is in use.
+void RemoveLeftovers(const std::string& file) {
+  namespace fs = std::filesystem;
+  const fs::path path(file);
+  const std::string prefix = path.filename().string() + ".velmora-";
+  std::error_code ec;
+  fs::directory_iterator it(path.has_parent_path() ? path.parent_path() : fs::path("."), ec);
+  for (; !ec && it != fs::directory_iterator(); it.increment(ec)) {
+    const std::string name = it->path().filename().string();
+    std::error_code ignored;
+    if (name.rfind(prefix, 0) == 0 && it->is_regular_file(ignored)) fs::remove(it->path(), ignored);
+  }
+}
+
 // Gives the nameless file a name beside the target, just before the rename.
 bool LinkTemporary(int fd, const std::string& file, std::string& name) {
   const std::string proc = "/proc/self/fd/" + std::to_string(fd);
@@ -236,6 +251,7 @@ bool LockedFile::Replace(const std::string& contents) {
   struct stat st {};
   if (!ok()) return false;
   if (::fstat(fd_, &st) != 0) return Fail(errno);
+  RemoveLeftovers(real_);
   std::string name;
   const int tmp = OpenTemporary(real_, name);
   if (tmp < 0) return Fail(errno);

@@ -151,6 +151,8 @@ TEST(FileSafety, ACrashWhileReplacingLeavesTheOldFileAndNoTemporaryOne) {
   const std::string file = dir.Write("p.vlm", Records(3));
   EXPECT_FALSE(Limited(100000, true, [&] { return WriteFileAtomically(file, std::string(400000, 'x')); }));
   EXPECT_EQ(dir.Read("p.vlm"), Records(3));
+  dir.Write("p.vlm.velmora-Ab12Cd", "left by a writer that crashed where no nameless file could be made");
+  EXPECT_TRUE(WriteFileAtomically(file, Records(2)));
   for (const auto& entry : fs::directory_iterator(dir.path())) EXPECT_EQ(entry.path().filename(), "p.vlm");
 }
 

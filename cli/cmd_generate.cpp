@@ -219,8 +219,10 @@ int RunGenerate(const std::vector<std::string>& args) {
                  FileErrorText(file.ok() ? existing.error() : file.error()).c_str());
     return 1;
   }
-  if (o.count > 2147483647LL - base)
+  if (o.count > 2147483647LL - base) {
+    file.RemoveIfCreated();
     return UsageError(kGenerate, "--count is too large for the record numbers");
+  }
   const int jobs = o.jobs > 0 ? o.jobs : static_cast<int>(std::max(1u, std::thread::hardware_concurrency()));
   std::signal(SIGINT, OnInterrupt);
   GenerateRun run(o, file, base);

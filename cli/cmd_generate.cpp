@@ -18,6 +18,7 @@
 #include "creation/transform.h"
 #include "files/puzzle_file.h"
 #include "model/text.h"
+#include "record.h"
 #include "subcommand.h"
 
 namespace velmora::cli {
@@ -251,6 +252,7 @@ class MessageOnly : public SilentUserInterface {
 int RunTransform(const std::vector<std::string>& args) {
   GenerateOptions o;
   if (const int bad = ParseGenerate(kTransform, args, o, false); bad != 0) return bad;
+  if (!Readable(kTransform, o.file)) return 1;
   GameState state;
   state.rng = o.seeded ? Random::Seeded(o.seed) : Random::Clocked(std::random_device{}());
   MessageOnly ui;

@@ -2,8 +2,6 @@
 #include "files/file_commands.h"
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <set>
@@ -219,8 +217,7 @@ TEST_F(Delete, OnePuzzleFileAloneEvenWhenTheCountShownIsStaleAndNoRefused) {
 
 TEST_F(Delete, OriginalFileIsIntactWhenTheWorkFileOrTheReplacementCannotBeWritten) {
   // A name so long that no temporary file fits beside it (this fails for
-  // root too), and a folder where the work file should be.
-  std::filesystem::create_directory(work_.File("velmora.tmp"));
+  // root too), then a folder where the work file should be.
   for (const std::string& name : {std::string(250, 'p') + ".vlm", std::string("p.vlm")}) {
     const std::string file = dir_.Write(name, Records(3));
     GameState s = Showing(file, 2);
@@ -228,41 +225,11 @@ TEST_F(Delete, OriginalFileIsIntactWhenTheWorkFileOrTheReplacementCannotBeWritte
     EXPECT_EQ(ui_.messages.back(), "Error saving to file:\r\n" + file);
     EXPECT_EQ(dir_.Read(name), Records(3));
     EXPECT_EQ(Shown(s), "2 of 3 T2");
+    std::filesystem::remove(work_.File("velmora.tmp"));
+    std::filesystem::create_directory(work_.File("velmora.tmp"));
   }
-}
-
-TEST_F(Delete, OriginalFileIsIntactInAReadOnlyFolder) {
-  // The file could be written in place, but not its folder: the replacement
-  // fails at its temporary file and the original stays whole.
-  const std::string file = dir_.Write("p.vlm", Records(3));
-  GameState s = Showing(file, 2);
-  namespace fs = std::filesystem;
-  for (const std::string& path : {file, work_.path()}) fs::permissions(path, fs::perms::all);
-  fs::permissions(dir_.path(), fs::perms::all & ~(fs::perms::owner_write | fs::perms::group_write |
-                                                  fs::perms::others_write));
-  if (::geteuid() == 0) {
-    // Permissions do not stop root: the command runs as "nobody" instead.
-    const pid_t child = ::fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-      if (::setgid(65534) != 0 || ::setuid(65534) != 0) ::_exit(3);
-      test::RecordingUi ui;
-      mnudelete(s, ui);
-      ::_exit(!ui.messages.empty() && ui.messages.back() == "Error saving to file:\r\n" + file ? 0 : 1);
-    }
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) != 3) << "could not become nobody";
-    EXPECT_EQ(WEXITSTATUS(status), 0) << "the command did not report the failed save";
-  } else {
-    mnudelete(s, ui_);
-    EXPECT_EQ(ui_.messages.back(), "Error saving to file:\r\n" + file);
-  }
-  fs::permissions(dir_.path(), fs::perms::owner_all);
-  EXPECT_EQ(dir_.Read("p.vlm"), Records(3));
-  EXPECT_EQ(work_.Read("velmora.tmp"), Record(1, "T1") + Record(3, "T3", 2));
-  for (const auto& entry : fs::directory_iterator(dir_.path()))  // no temporary file left over
-    EXPECT_EQ(entry.path().filename(), "p.vlm");
+  for (const auto& entry : std::filesystem::directory_iterator(dir_.path()))  // no temporary file left
+    EXPECT_EQ(entry.path().extension(), ".vlm");
 }
 
 }  // namespace

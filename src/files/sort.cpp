@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <string_view>
@@ -20,19 +21,68 @@ namespace {
 // much padding the file is taken as unreadable rather than filling memory.
 constexpr size_t kPaddingBudget = size_t{64} << 20;
 
-// One record as the sort keeps it.
-struct SortItem {
-  std::string text;    // key, header, title, size line and rows joined by CR: the order
-  std::string header;  // the header line as read
-  std::string body;    // title, size line and rows, each with its CR LF
-};
-
-// A record's lines and the numbers its size line gives.
+// A record's lines and the numbers its size line gives. The rows are kept
+// twice, as the sort text joins them (each after a CR) and as the output
+// writes them (each with its CR LF).
 struct RecordLines {
-  std::string header, title, size;
-  std::vector<std::string> rows;
+  std::string header, title, size, keyedRows, rows, line;
   int rowCount = 0, colCount = 0;
   double blanks = 0;
+};
+
+// The sort buffer (the dialog's List1): every record's sort text and output
+// lines live in two long texts, so a large file costs few allocations.
+class SortBuffer {
+ public:
+  // Room for a source of this many bytes, plus the keys and the padding of
+  // a file of well-formed records.
+  void Reserve(long long bytes) {
+    if (bytes <= 0) return;
+    const size_t room = static_cast<size_t>(bytes) + static_cast<size_t>(bytes) / 8;
+    keyed_.reserve(room);
+    lines_.reserve(room);
+  }
+  void Add(const std::string& key, const RecordLines& r) {
+    Item item{};
+    item.text = keyed_.size();
+    item.lines = lines_.size();
+    item.headerLength = r.header.size();
+    for (const std::string* part : {&key, &r.header, &r.title}) keyed_ += *part + '\r';
+    keyed_ += r.size;
+    keyed_ += r.keyedRows;
+    item.textLength = keyed_.size() - item.text;
+    for (const std::string* part : {&r.header, &r.title, &r.size}) lines_ += *part + "\r\n";
+    lines_ += r.rows;
+    item.linesLength = lines_.size() - item.lines;
+    for (size_t i = 0; i < 8; ++i)
+      item.prefix = item.prefix << 8 | (i < item.textLength ? static_cast<unsigned char>(keyed_[item.text + i]) : 0);
+    items_.push_back(item);
+  }
+  // Ascending text order; the first eight bytes, compared as one number,
+  // settle most comparisons.
+  void Sort() {
+    const std::string_view all = keyed_;
+    std::sort(items_.begin(), items_.end(), [all](const Item& a, const Item& b) {
+      if (a.prefix != b.prefix) return a.prefix < b.prefix;
+      return all.substr(a.text, a.textLength) < all.substr(b.text, b.textLength);
+    });
+  }
+  size_t size() const { return items_.size(); }
+  size_t LinesSize() const { return lines_.size(); }
+  // Record i's lines, from the header line or from the title line on.
+  std::string_view Lines(size_t i, bool withHeader) const {
+    const Item& item = items_[i];
+    const size_t skip = withHeader ? 0 : item.headerLength + 2;
+    return std::string_view(lines_).substr(item.lines + skip, item.linesLength - skip);
+  }
+
+ private:
+  struct Item {
+    uint64_t prefix;
+    size_t text, lines, textLength, linesLength, headerLength;
+  };
+  std::string keyed_, lines_;
+  std::vector<Item> items_;
 };
 
 // n rounded half away from zero, its digits padded with zeros to `width`,
@@ -72,9 +122,10 @@ bool ReadRecord(LineReader& in, RecordLines& r, size_t& padding) {
   r.blanks = fields.size() > 2 ? Val(fields[2]) : 0;
   const size_t width = static_cast<size_t>(std::max(0, r.colCount));
   long long marked = 0;
+  r.keyedRows.clear();
   r.rows.clear();
   for (int i = 0; i < r.rowCount; ++i) {
-    std::string line;
+    std::string& line = r.line;
     if (!in.ReadLine(line)) return false;
     if (line.size() < width) {
       padding += width - line.size();
@@ -85,7 +136,8 @@ bool ReadRecord(LineReader& in, RecordLines& r, size_t& padding) {
     marked += std::count_if(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(width), [](char c) {
       return c == 'B' || c == 'W' || c == 'b' || c == 'w';
     });
-    r.rows.push_back(std::move(line));
+    (r.keyedRows += '\r') += line;
+    (r.rows += line) += "\r\n";
   }
   if (r.blanks == 0) {
     r.blanks = static_cast<double>(marked);
@@ -109,27 +161,18 @@ std::string Key(const RecordLines& r, SortSettings& settings, Random& rng) {
   return key;
 }
 
-SortItem MakeItem(const RecordLines& r, std::string key) {
-  SortItem item{std::move(key), r.header, r.title + "\r\n" + r.size + "\r\n"};
-  for (const std::string* line : {&r.header, &r.title, &r.size}) item.text += '\r' + *line;
-  for (const std::string& row : r.rows) {
-    item.text += '\r' + row;
-    item.body += row + "\r\n";
-  }
-  return item;
-}
-
 // Every record of the source, in file order. False when one is cut short.
 bool ReadItems(SortSettings& settings, Random& rng, UserInterface& ui, const SortProgress& progress,
-               std::vector<SortItem>& items) {
+               SortBuffer& items) {
   LineReader in(settings.source);
   if (!in.IsOpen()) return false;
+  items.Reserve(FileLength(settings.source));
   RecordLines r;
   size_t padding = 0;
   while (in.ReadLine(r.header)) {
     if (Trim(r.header).empty()) continue;
     if (!ReadRecord(in, r, padding)) return false;
-    items.push_back(MakeItem(r, Key(r, settings, rng)));
+    items.Add(Key(r, settings, rng), r);
     if (progress) progress(static_cast<long long>(items.size()));
     ui.Yield();
   }
@@ -138,8 +181,8 @@ bool ReadItems(SortSettings& settings, Random& rng, UserInterface& ui, const Sor
 
 // The records in the chosen order, renumbered when asked. False when Text3's
 // number is too large to count on from.
-bool OutputText(SortSettings& settings, const std::vector<SortItem>& items, UserInterface& ui,
-                const SortProgress& progress, std::string& out) {
+bool OutputText(SortSettings& settings, const SortBuffer& items, UserInterface& ui, const SortProgress& progress,
+                std::string& out) {
   long long number = 0;
   if (settings.resequence) {
     const auto start = ValInt(settings.start);
@@ -152,16 +195,13 @@ bool OutputText(SortSettings& settings, const std::vector<SortItem>& items, User
       number = *start;
     }
   }
-  size_t size = 0;
-  for (const SortItem& item : items) size += item.header.size() + item.body.size() + 16;
-  out.reserve(size);
   const bool descending = settings.order == SortOrder::kDescending;
   const size_t n = items.size();
+  out.reserve(items.LinesSize() + 16 * n);
   for (size_t i = 0; i < n; ++i) {
-    const SortItem& item = items[descending ? n - 1 - i : i];
-    out += settings.resequence ? "#" + NumText(number++) : item.header;
-    out += "\r\n";
-    out += item.body;
+    const size_t item = descending ? n - 1 - i : i;
+    if (settings.resequence) ((out += '#') += NumText(number++)) += "\r\n";
+    out += items.Lines(item, !settings.resequence);
     if (progress) progress(static_cast<long long>(n - 1 - i));
     ui.Yield();
   }
@@ -191,11 +231,11 @@ SortStatus SortPuzzleFile(SortSettings& settings, Random& rng, UserInterface& ui
     return kSortRefused;
   }
   ui.SetBusy(true);
-  std::vector<SortItem> items;
+  SortBuffer items;
   std::string out;
   bool ok = ReadItems(settings, rng, ui, progress, items);
   if (ok) {
-    std::sort(items.begin(), items.end(), [](const SortItem& a, const SortItem& b) { return a.text < b.text; });
+    items.Sort();
     ok = OutputText(settings, items, ui, progress, out) && WriteFileAtomically(settings.output, out);
   }
   ui.SetBusy(false);

@@ -40,8 +40,8 @@ class BigFile {
     for (int i = 0; i < kRecords; ++i) {
       const int blanks = 14 + rng.Pick(20);
       text += "#" + NumText(static_cast<long long>(i) * 7919 % kRecords + 1) + "\r\n";
-      text += std::string(kLevels[rng.Pick(3) - 1]) + " " + NumText(rng.Pick(28)) + "/11/2026 10:" +
-              NumText(10 + rng.Pick(49)) + ":" + NumText(10 + rng.Pick(49)) + "\r\n";
+      text += std::string(kLevels[rng.Pick(3) - 1]) + " " + NumText(rng.Pick(28)) +
+              "/11/2026 10:" + NumText(10 + rng.Pick(49)) + ":" + NumText(10 + rng.Pick(49)) + "\r\n";
       text += " 7, 7," + Str(blanks) + "\r\n";
       for (int r = 0; r < 7; ++r) {
         std::string row(15, '|');

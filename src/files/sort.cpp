@@ -55,7 +55,8 @@ class SortBuffer {
     lines_ += r.rows;
     item.linesLength = lines_.size() - item.lines;
     for (size_t i = 0; i < 8; ++i)
-      item.prefix = item.prefix << 8 | (i < item.textLength ? static_cast<unsigned char>(keyed_[item.text + i]) : 0);
+      item.prefix =
+          item.prefix << 8 | (i < item.textLength ? static_cast<unsigned char>(keyed_[item.text + i]) : 0);
     items_.push_back(item);
   }
   // Ascending text order; the first eight bytes, compared as one number,
@@ -133,9 +134,8 @@ bool ReadRecord(LineReader& in, RecordLines& r, size_t& padding) {
       line.resize(width, ' ');
     }
     std::replace(line.begin(), line.end(), ' ', '.');
-    marked += std::count_if(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(width), [](char c) {
-      return c == 'B' || c == 'W' || c == 'b' || c == 'w';
-    });
+    marked += std::count_if(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(width),
+                            [](char c) { return c == 'B' || c == 'W' || c == 'b' || c == 'w'; });
     (r.keyedRows += '\r') += line;
     (r.rows += line) += "\r\n";
   }
@@ -154,7 +154,7 @@ std::string Key(const RecordLines& r, SortSettings& settings, Random& rng) {
   if (settings.key == SortKey::kSize) key = ZeroPadded(static_cast<double>(r.rowCount) * r.colCount, 3);
   if (settings.key == SortKey::kNumber) key = ZeroPadded(Val(std::string_view(r.header).substr(1)), 5);
   if (settings.order == SortOrder::kRandom) {
-    settings.resequence = true;  // random order always renumbers
+    settings.resequence = true;                // random order always renumbers
     key = ZeroPadded(rng.Pick(99999) - 2, 5);  // floor(u * 99999) - 1
   }
   if (settings.key == SortKey::kBlanks) key = ZeroPadded(r.blanks, 5);
@@ -181,8 +181,8 @@ bool ReadItems(SortSettings& settings, Random& rng, UserInterface& ui, const Sor
 
 // The records in the chosen order, renumbered when asked. False when Text3's
 // number is too large to count on from.
-bool OutputText(SortSettings& settings, const SortBuffer& items, UserInterface& ui, const SortProgress& progress,
-                std::string& out) {
+bool OutputText(SortSettings& settings, const SortBuffer& items, UserInterface& ui,
+                const SortProgress& progress, std::string& out) {
   long long number = 0;
   if (settings.resequence) {
     const auto start = ValInt(settings.start);
@@ -225,7 +225,8 @@ const char* Refusal(const SortSettings& settings) {
 
 }  // namespace
 
-SortStatus SortPuzzleFile(SortSettings& settings, Random& rng, UserInterface& ui, const SortProgress& progress) {
+SortStatus SortPuzzleFile(SortSettings& settings, Random& rng, UserInterface& ui,
+                          const SortProgress& progress) {
   if (const char* refusal = Refusal(settings)) {
     ui.ShowMessage(refusal);
     return kSortRefused;

@@ -1,9 +1,10 @@
 // velmora-cli sort: the output file byte for byte, a seeded random order that
 // repeats, and the exit codes.
+#include "files/sort.h"
+
 #include <gtest/gtest.h>
 
 #include "cli/cli_support.h"
-#include "files/sort.h"
 #include "test_support.h"
 
 namespace velmora {
@@ -41,8 +42,10 @@ TEST(SortCli, RefusalsExitOneAndUsageErrorsTwo) {
   const auto refused = RunCli({"sort", in, dir.File("IN.vlm")});
   EXPECT_EQ(refused.exitCode, 1);
   EXPECT_EQ(refused.out, "Input and output files cannot be same\n");
-  for (const auto& args : {std::vector<std::string>{"sort", in}, {"sort", in, "o", "--by", "colour"},
-                           {"sort", in, "o", "--order"}, {"sort", in, "o", "--seed", "-1"}})
+  for (const auto& args : {std::vector<std::string>{"sort", in},
+                           {"sort", in, "o", "--by", "colour"},
+                           {"sort", in, "o", "--order"},
+                           {"sort", in, "o", "--seed", "-1"}})
     EXPECT_EQ(RunCli(args).exitCode, 2) << args.back();
 }
 

@@ -77,12 +77,14 @@ TEST(Sort, EachKeyAndOrderAndTheSourceStaysAsItWas) {
 
 TEST(Sort, RandomOrderRenumbersFromStartByTheDrawnKeysUnlessBlanksDecide) {
   std::string source;
-  for (int i = 1; i <= 6; ++i) source += Rec("#" + std::to_string(9 - i), "T" + std::to_string(i), " 1, 1, 1");
+  for (int i = 1; i <= 6; ++i)
+    source += Rec("#" + std::to_string(9 - i), "T" + std::to_string(i), " 1, 1, 1");
   Sorting s(source);
   Random draws = Random::Seeded(7);
   std::vector<long long> keys;
   for (int i = 0; i < 6; ++i)
-    keys.push_back(static_cast<long long>(std::floor(static_cast<double>(draws.Bits53()) * 0x1.0p-53 * 99999)) - 1);
+    keys.push_back(
+        static_cast<long long>(std::floor(static_cast<double>(draws.Bits53()) * 0x1.0p-53 * 99999)) - 1);
   std::vector<int> order(6);
   std::iota(order.begin(), order.end(), 0);
   std::stable_sort(order.begin(), order.end(), [&](int a, int b) { return keys[a] < keys[b]; });

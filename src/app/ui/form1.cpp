@@ -268,7 +268,7 @@ void Form1::BuildMenus() {
   QMenu* file = Menu(QStringLiteral("mnufile"), tr("&File"));
   AddCommand(file, QStringLiteral("mnuloadpuz"), tr("&Load"), mnuloadpuz);
   AddCommand(file, QStringLiteral("mnusaveas"), tr("&Copy"), mnusaveas);
-  AddCommand(file, QStringLiteral("mnusortpuz"), tr("&Sort..."), mnusortpuz);
+  AddCommand(file, QStringLiteral("mnusortpuz"), tr("&Sort"), mnusortpuz);
   file->addSeparator();
   AddCommand(file, QStringLiteral("mnuexit"), tr("E&xit"), [this](GameState&, UserInterface&) { Exit(); });
 

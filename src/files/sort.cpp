@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <exception>
 #include <filesystem>
 #include <string_view>
 #include <vector>
@@ -233,11 +234,16 @@ SortStatus SortPuzzleFile(SortSettings& settings, Random& rng, UserInterface& ui
   }
   ui.SetBusy(true);
   SortBuffer items;
-  std::string out;
-  bool ok = ReadItems(settings, rng, ui, progress, items);
-  if (ok) {
-    items.Sort();
-    ok = OutputText(settings, items, ui, progress, out) && WriteFileAtomically(settings.output, out);
+  bool ok = false;
+  try {
+    std::string out;
+    ok = ReadItems(settings, rng, ui, progress, items);
+    if (ok) {
+      items.Sort();
+      ok = OutputText(settings, items, ui, progress, out) && WriteFileAtomically(settings.output, out);
+    }
+  } catch (const std::exception&) {  // no memory for a source far beyond any puzzle book
+    ok = false;
   }
   ui.SetBusy(false);
   if (!ok) {

@@ -28,6 +28,7 @@
 #include "creation/create_commands.h"
 #include "creation/ui/form3.h"
 #include "files/file_commands.h"
+#include "files/ui/sort_form.h"
 #include "model/commands.h"
 
 namespace velmora {
@@ -267,6 +268,7 @@ void Form1::BuildMenus() {
   QMenu* file = Menu(QStringLiteral("mnufile"), tr("&File"));
   AddCommand(file, QStringLiteral("mnuloadpuz"), tr("&Load"), mnuloadpuz);
   AddCommand(file, QStringLiteral("mnusaveas"), tr("&Copy"), mnusaveas);
+  AddCommand(file, QStringLiteral("mnusortpuz"), tr("&Sort"), mnusortpuz);
   file->addSeparator();
   AddCommand(file, QStringLiteral("mnuexit"), tr("E&xit"), [this](GameState&, UserInterface&) { Exit(); });
 

@@ -1,0 +1,53 @@
+// velmora-cli sort: the output file byte for byte, a seeded random order that
+// repeats, and the exit codes.
+#include "files/sort.h"
+
+#include <gtest/gtest.h>
+
+#include "cli/cli_support.h"
+#include "test_support.h"
+
+namespace velmora {
+namespace {
+
+using test::RunCli;
+
+TEST(SortCli, WritesTheSortedFileAndRepeatsASeededRandomOrder) {
+  test::TempDir dir;
+  const std::string in = dir.Write("in.vlm", test::Record(10, "b", 3) + test::Record(2, "c", 1) +
+                                                 test::Record(7, "a", 2) + test::Records(20, 30));
+  const std::string out = dir.File("out.vlm");
+  const auto run = RunCli({"sort", in, out, "--by", "number", "--order", "desc", "--renumber", "5"});
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_EQ(run.out, "23 puzzles sorted to file:\n" + out + "\n");
+  std::string expected;
+  for (int i = 20; i >= 1; --i) expected += test::Record(25 - i, "T" + std::to_string(i), i - 1);
+  EXPECT_EQ(dir.Read("out.vlm"),
+            expected + test::Record(25, "b", 3) + test::Record(26, "a", 2) + test::Record(27, "c", 1));
+
+  // The same run in this process, drawing from the seed as the option says.
+  SortSettings settings{in, dir.File("core.vlm"), SortKey::kHeader, SortOrder::kRandom, false, "1"};
+  Random rng = Random::Seeded(9);
+  SilentUserInterface ui;
+  ASSERT_EQ(SortPuzzleFile(settings, rng, ui), kSorted);
+  for (const char* name : {"r1.vlm", "r2.vlm"}) {
+    EXPECT_EQ(RunCli({"sort", in, dir.File(name), "--order", "random", "--seed", "9"}).exitCode, 0);
+    EXPECT_EQ(dir.Read(name), dir.Read("core.vlm")) << name;
+  }
+}
+
+TEST(SortCli, RefusalsExitOneAndUsageErrorsTwo) {
+  test::TempDir dir;
+  const std::string in = dir.Write("in.vlm", test::Records(2));
+  const auto refused = RunCli({"sort", in, dir.File("IN.vlm")});
+  EXPECT_EQ(refused.exitCode, 1);
+  EXPECT_EQ(refused.out, "Input and output files cannot be same\n");
+  for (const auto& args : {std::vector<std::string>{"sort", in},
+                           {"sort", in, "o", "--by", "colour"},
+                           {"sort", in, "o", "--order"},
+                           {"sort", in, "o", "--seed", "-1"}})
+    EXPECT_EQ(RunCli(args).exitCode, 2) << args.back();
+}
+
+}  // namespace
+}  // namespace velmora

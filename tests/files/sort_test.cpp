@@ -1,0 +1,154 @@
+// The sort tool on real files: keys, orders, renumbering, records read as
+// text, the refusals and a failed run.
+#include "files/sort.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+#include "recording_ui.h"
+#include "test_support.h"
+
+namespace velmora {
+namespace {
+
+using test::Headers;
+using test::TempDir;
+using Strings = std::vector<std::string>;
+
+std::string Rec(const std::string& header, const std::string& title, const std::string& size, int rows = 1,
+                const std::string& row = "@@@@@@@@@|A") {
+  std::string text = header + "\r\n" + title + "\r\n" + size + "\r\n";
+  for (int r = 0; r < rows; ++r) text += row + "\r\n";
+  return text;
+}
+
+struct Sorting {
+  explicit Sorting(const std::string& source) {
+    settings.source = dir.Write("in.vlm", source);
+    settings.output = dir.File("out.vlm");
+  }
+  SortStatus Run(SortKey key, SortOrder order = SortOrder::kAscending) {
+    settings.key = key;
+    settings.order = order;
+    ui.messages.clear();
+    return SortPuzzleFile(settings, rng, ui, [this](long long n) { counts += " " + std::to_string(n); });
+  }
+  std::string Output() const { return dir.Read("out.vlm"); }
+  TempDir dir;
+  SortSettings settings;
+  Random rng = Random::Seeded(7);
+  test::RecordingUi ui;
+  std::string counts;
+};
+
+// Blanks 4, 30, 9, 12; sizes 6, 9, 1, 3; "#x" has no number.
+const std::string kA = Rec("#10", "beta", " 2, 3, 4", 2), kB = Rec("#2", "Zeta", " 1, 9, 30"),
+                  kC = Rec("#x", "alpha", " 1, 1, 9"), kD = Rec("#1", "beta", " 3, 1, 12", 3);
+
+TEST(Sort, EachKeyAndOrderAndTheSourceStaysAsItWas) {
+  const std::string source = kA + "\r\n   \r\n" + kB + kC + kD;
+  Sorting s(source);
+  ASSERT_EQ(s.Run(SortKey::kNumber), kSorted);  // 2 before 10
+  EXPECT_EQ(s.Output(), kC + kD + kB + kA);
+  EXPECT_EQ(s.ui.messages, Strings{"4 puzzles sorted to file:\r\n" + s.settings.output});
+  EXPECT_EQ(s.counts, " 1 2 3 4 3 2 1 0");
+  EXPECT_EQ(s.ui.yields, 8);
+  EXPECT_FALSE(s.ui.busy);
+  struct Case {
+    SortKey key;
+    SortOrder order;
+    Strings headers;
+  };
+  const Case cases[] = {
+      {SortKey::kHeader, SortOrder::kAscending, {"#2", "#x", "#1", "#10"}},  // the header breaks the tie
+      {SortKey::kHeader, SortOrder::kDescending, {"#10", "#1", "#x", "#2"}},
+      {SortKey::kSize, SortOrder::kAscending, {"#x", "#1", "#10", "#2"}},
+      {SortKey::kBlanks, SortOrder::kDescending, {"#2", "#1", "#x", "#10"}},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(s.Run(c.key, c.order), kSorted);
+    EXPECT_EQ(Headers(s.Output()), c.headers);
+  }
+  EXPECT_EQ(s.dir.Read("in.vlm"), source);
+}
+
+TEST(Sort, RandomOrderRenumbersFromStartByTheDrawnKeysUnlessBlanksDecide) {
+  std::string source;
+  for (int i = 1; i <= 6; ++i)
+    source += Rec("#" + std::to_string(9 - i), "T" + std::to_string(i), " 1, 1, 1");
+  Sorting s(source);
+  Random draws = Random::Seeded(7);
+  std::vector<long long> keys;
+  for (int i = 0; i < 6; ++i)
+    keys.push_back(
+        static_cast<long long>(std::floor(static_cast<double>(draws.Bits53()) * 0x1.0p-53 * 99999)) - 1);
+  std::vector<int> order(6);
+  std::iota(order.begin(), order.end(), 0);
+  std::stable_sort(order.begin(), order.end(), [&](int a, int b) { return keys[a] < keys[b]; });
+  std::string titles;
+  for (int i : order) titles += "T" + std::to_string(i + 1);
+
+  s.settings.start = "0.5";
+  ASSERT_EQ(s.Run(SortKey::kNumber, SortOrder::kRandom), kSorted);
+  EXPECT_EQ(s.settings.start + (s.settings.resequence ? " ticked" : ""), "1 ticked");
+  std::string shown;
+  const Strings lines = test::Lines(s.Output());
+  for (size_t i = 0; i + 1 < lines.size(); i += 4) shown += lines[i + 1];
+  EXPECT_EQ(shown, titles);
+  EXPECT_EQ(Headers(s.Output()), (Strings{"#1", "#2", "#3", "#4", "#5", "#6"}));
+
+  s.settings.start = "41";
+  s.settings.resequence = false;
+  ASSERT_EQ(s.Run(SortKey::kBlanks, SortOrder::kRandom), kSorted);  // equal blanks: the header decides
+  EXPECT_EQ(Headers(s.Output()), (Strings{"#41", "#42", "#43", "#44", "#45", "#46"}));
+  EXPECT_EQ(test::Lines(s.Output())[1], "T6");
+}
+
+TEST(Sort, RowsArePaddedWithDotsAndAMissingBlanksCountIsTheNumberOfBAndW) {
+  Sorting s(Rec("#1", "t", " 1, 7", 1, "B w") + Rec("#2", "u", " 2, 3, 0", 2, "WWb b") +
+            Rec("#3", "v", " 1, 2, 5", 1, " "));
+  ASSERT_EQ(s.Run(SortKey::kHeader), kSorted);
+  EXPECT_EQ(s.Output(), Rec("#1", "t", " 1, 7, 2", 1, "B.w....") + Rec("#2", "u", " 2, 3, 0, 6", 2, "WWb.b") +
+                            Rec("#3", "v", " 1, 2, 5", 1, ".."));
+}
+
+TEST(Sort, RefusalsAndAFailedRunLeaveTheOldOutputAlone) {
+  struct Case {
+    std::string source, output, message;
+  };
+  const std::string cut = Rec("#1", "t", " 1, 1, 1") + Rec("#2", "u", " 3, 7, 5", 2);
+  const Case cases[] = {
+      {kA, "  ", "Specify output file name"},
+      {"", "out.vlm", "Input file does not exist"},
+      {kA, "IN.VLM", "Input and output files cannot be same"},
+      {"text only\r\n", "out.vlm", "There are no puzzles in this file"},
+      {cut, "out.vlm", "Unable to sort file:"},
+      {Rec("#1", "t", " 7"), "out.vlm", "Unable to sort file:"},  // no row width
+  };
+  for (const Case& c : cases) {
+    TempDir dir;
+    SortSettings settings;
+    settings.source = c.source.empty() ? dir.File("missing.vlm") : dir.Write("in.vlm", c.source);
+    settings.output = c.output == "  " ? c.output : dir.File(c.output);
+    dir.Write("out.vlm", "old");
+    test::RecordingUi ui;
+    Random rng;
+    EXPECT_NE(SortPuzzleFile(settings, rng, ui), kSorted);
+    const std::string named = c.message == "Unable to sort file:" ? c.message + settings.output : c.message;
+    EXPECT_EQ(ui.messages, Strings{named});
+    EXPECT_EQ(dir.Read("out.vlm"), "old");
+    EXPECT_FALSE(ui.busy);
+  }
+}
+
+TEST(Sort, ProposedOutputName) {
+  EXPECT_EQ(SortedOutputName("/d/puzzles.vlm"), "/d/puzzles_sorted.vlm");
+  EXPECT_EQ(SortedOutputName("a.b.txt"), "a.b_sorted.txt");
+  EXPECT_EQ(SortedOutputName("/d/puzzles"), "");
+}
+
+}  // namespace
+}  // namespace velmora

@@ -84,6 +84,7 @@ std::string Parse(const std::vector<std::string>& args, SchemeArgs& out) {
     return "unknown command " + out.action;
   if (words.size() != (list ? 1u : 2u)) return list ? "list takes no name" : out.action + " takes one NAME";
   if (!list) out.name = words[1];
+  if (out.name.find_first_of("\r\n") != std::string::npos) return "NAME must be one line";
   return {};
 }
 

@@ -147,7 +147,8 @@ void Form2::BuildSchemeFrame(QGroupBox* frame) {
 
   list1_ = new QListWidget(frame);
   list1_->setObjectName(QStringLiteral("List1"));
-  QFont fixed(QStringLiteral("Courier New"));
+  QFont fixed = font();  // the chosen text size, in a fixed-pitch face
+  fixed.setFamilies({QStringLiteral("Courier New")});
   fixed.setStyleHint(QFont::TypeWriter);
   fixed.setFixedPitch(true);
   list1_->setFont(fixed);

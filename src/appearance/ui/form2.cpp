@@ -159,6 +159,23 @@ void Form2::BuildSchemeFrame(QGroupBox* frame) {
   });
   connect(list1_, &QListWidget::itemActivated, this, &Form2::Choose);
 
+  QBoxLayout* buttons = BuildSchemeButtons(frame);
+
+  preview_ = new SchemePreview(frame);
+  preview_->setObjectName(QStringLiteral("Preview"));
+
+  auto* grid = new QGridLayout(frame);
+  grid->addWidget(colPik1_, 0, 0, 1, 2);
+  grid->addWidget(preview_, 0, 2);
+  auto* contrast = new QHBoxLayout;
+  contrast->addWidget(contrastCaption);
+  contrast->addWidget(contrastV_, 1);
+  grid->addLayout(contrast, 1, 0, 1, 3);
+  grid->addWidget(list1_, 2, 0, 1, 2);
+  grid->addLayout(buttons, 2, 2);
+}
+
+QBoxLayout* Form2::BuildSchemeButtons(QWidget* frame) {
   struct Command {
     const char* name;
     const char* text;
@@ -177,30 +194,20 @@ void Form2::BuildSchemeFrame(QGroupBox* frame) {
   buttons->addStretch(1);
   connect(schemeButtons_[0], &QPushButton::clicked, this, &Form2::ShowColors);
   connect(schemeButtons_[1], &QPushButton::clicked, this, [this] {
-    list_.listIndex = list1_->selectedItems().isEmpty() ? -1 : list1_->currentRow();
+    list_.listIndex = SelectedRow();
     RepSch(s_, ui_, list_);
   });
   connect(schemeButtons_[2], &QPushButton::clicked, this, [this] {
-    list_.listIndex = list1_->selectedItems().isEmpty() ? -1 : list1_->currentRow();
+    list_.listIndex = SelectedRow();
     if (DelSch(s_, ui_, list_)) FillList();
   });
   connect(schemeButtons_[3], &QPushButton::clicked, this, [this] {
     if (AddSch(s_, ui_, list_)) FillList();
   });
-
-  preview_ = new SchemePreview(frame);
-  preview_->setObjectName(QStringLiteral("Preview"));
-
-  auto* grid = new QGridLayout(frame);
-  grid->addWidget(colPik1_, 0, 0, 1, 2);
-  grid->addWidget(preview_, 0, 2);
-  auto* contrast = new QHBoxLayout;
-  contrast->addWidget(contrastCaption);
-  contrast->addWidget(contrastV_, 1);
-  grid->addLayout(contrast, 1, 0, 1, 3);
-  grid->addWidget(list1_, 2, 0, 1, 2);
-  grid->addLayout(buttons, 2, 2);
+  return buttons;
 }
+
+int Form2::SelectedRow() const { return list1_->selectedItems().isEmpty() ? -1 : list1_->currentRow(); }
 
 void Form2::FillList() {
   const QSignalBlocker quiet(list1_);
@@ -236,7 +243,7 @@ void Form2::ShowColors() {
 }
 
 void Form2::Apply() {
-  list_.listIndex = list1_->selectedItems().isEmpty() ? -1 : list1_->currentRow();
+  list_.listIndex = SelectedRow();
   ApplyChosenScheme(s_, list_);
   for (int i = 0; i < 4; ++i) {
     if (!sizes_[static_cast<size_t>(i)]->isChecked()) continue;

@@ -10,6 +10,7 @@
 #include "model/game_state.h"
 #include "model/user_interface.h"
 
+class QBoxLayout;
 class QGroupBox;
 class QListWidget;
 class QPushButton;
@@ -42,6 +43,9 @@ class Form2 : public QDialog {
 
  private:
   void BuildSchemeFrame(QGroupBox* frame);
+  // View, Replace, Delete and Add, one above the other.
+  QBoxLayout* BuildSchemeButtons(QWidget* frame);
+  int SelectedRow() const;  // -1 when no item is chosen
   void FillList();
   void Choose();
   void Apply();

@@ -25,6 +25,13 @@ class RecordingUi : public SilentUserInterface {
     if (!names.empty()) names.pop_front();
     return name;
   }
+  // Answers typed-text prompts from `texts`, then cancels.
+  std::string AskText(const std::string& prompt) override {
+    prompts.push_back(prompt);
+    const std::string text = texts.empty() ? "" : texts.front();
+    if (!texts.empty()) texts.pop_front();
+    return text;
+  }
   void SetBusy(bool on) override { busyOn += (busy = on); }
   void Yield() override { ++yields; }
   void DrawBoard() override { ++boards; }
@@ -35,9 +42,9 @@ class RecordingUi : public SilentUserInterface {
   void ShowSolutionOverlay() override { ++overlays; }
 
   bool answer = true, busy = false;
-  std::deque<std::string> names;
+  std::deque<std::string> names, texts;
   std::function<void()> onDialog;
-  std::vector<std::string> messages, questions, cells;
+  std::vector<std::string> messages, questions, cells, prompts;
   std::vector<FileDialogRequest> requests;
   int busyOn = 0, yields = 0, boards = 0, overlays = 0;
 };

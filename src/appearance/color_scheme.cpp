@@ -2,6 +2,8 @@
 #include "appearance/color_scheme.h"
 
 #include <algorithm>
+#include <cmath>
+#include <filesystem>
 
 #include "files/text_file.h"
 #include "model/text.h"
@@ -11,9 +13,10 @@ namespace {
 
 constexpr int kSchemeLines = 13;
 
+// A field's numeric value (text that is no number counts 0), kept to 0..255.
 int Channel(std::string_view field) {
   const double v = Val(field);
-  return v < 0 ? 0 : (v > 255 ? 255 : static_cast<int>(v + 0.5));
+  return v < 0 ? 0 : (v > 255 ? 255 : static_cast<int>(std::nearbyint(v)));
 }
 
 // " 10; 20; 30" -> Rgb(10, 20, 30); false when a field is missing.
@@ -38,6 +41,14 @@ bool ReadLines(const std::string& path, std::vector<std::string>& lines) {
   std::string line;
   while (reader.ReadLine(line)) lines.push_back(line);
   return reader.error() == 0;
+}
+
+// The old colour lines after a name line at `i`: up to 13, but a short
+// scheme never swallows the name line of the next one.
+size_t OldColorLines(const std::vector<std::string>& lines, size_t i) {
+  size_t n = 0;
+  while (n < kSchemeLines && i + 1 + n < lines.size() && lines[i + 1 + n].find(".col") == std::string::npos) ++n;
+  return n;
 }
 
 // The new contents go to the work file first, then replace the scheme file,
@@ -104,6 +115,7 @@ std::vector<std::string> SchemeLines(const std::string& name, const SchemeColors
 }
 
 bool AppendScheme(const std::string& schemeFile, const std::string& name, const SchemeColors& colors) {
+  // Locked, whole or nothing, and a last line without its line end gets one first.
   return AppendToFile(schemeFile, JoinLines(SchemeLines(name, colors)));
 }
 
@@ -117,7 +129,7 @@ bool ReplaceScheme(const std::string& schemeFile, const std::string& workFile, c
     out.push_back(old[i]);
     if (old[i] != nameLine) continue;
     for (const uint32_t c : colors) out.push_back(ColorLine(c));
-    i += std::min<size_t>(kSchemeLines, old.size() - 1 - i);
+    i += OldColorLines(old, i);
   }
   return Rewrite(locked, workFile, out);
 }
@@ -129,7 +141,7 @@ bool DeleteScheme(const std::string& schemeFile, const std::string& workFile, co
   std::vector<std::string> out;
   for (size_t i = 0; i < old.size(); ++i) {
     if (old[i] == nameLine) {
-      i += std::min<size_t>(kSchemeLines, old.size() - 1 - i);
+      i += OldColorLines(old, i);
     } else {
       out.push_back(old[i]);
     }

@@ -49,11 +49,13 @@ std::vector<std::string> SchemeNames(const std::string& schemeFile);
 // and 13 lines " r; g; b".
 std::vector<std::string> SchemeLines(const std::string& name, const SchemeColors& colors);
 
-// Appends scheme `name`; false on a file error.
+// Appends scheme `name` (a last line without its line end gets one first)
+// by writing the whole file anew; false on a file error.
 bool AppendScheme(const std::string& schemeFile, const std::string& name, const SchemeColors& colors);
 
 // Rewrites the file through the work file with the 13 colour lines after
 // `nameLine` replaced (ReplaceScheme) or the scheme left out (DeleteScheme).
+// A short scheme loses only its own lines, never the next scheme's name.
 bool ReplaceScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine,
                    const SchemeColors& colors);
 bool DeleteScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine);

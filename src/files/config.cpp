@@ -80,24 +80,37 @@ std::string ConfigText(const GameState& s) {
   return JoinLines({TimeStamp(), s.ColorSchemeName, s.CurrentPuzzleFile, PrintNumber(s.CurrentPuzzleNumber)});
 }
 
+namespace {
+
+// Fills the remembered values in file order; false when the file falls short
+// (the values read before that stay filled in).
+bool ParseConfig(std::string contents, GameState& s) {
+  FieldReader in(std::move(contents));
+  if (!in.Line()) return false;
+  const auto scheme = in.Field();
+  if (scheme) s.ColorSchemeName = Trim(*scheme).empty() ? "default.col" : *scheme;
+  const auto file = scheme ? in.Line() : std::nullopt;
+  if (file) s.CurrentPuzzleFile = *file;
+  const auto number = file ? in.Field() : std::nullopt;
+  const auto value = number ? ValInt(*number) : std::nullopt;
+  if (value) s.CurrentPuzzleNumber = *value;
+  return value.has_value();
+}
+
+}  // namespace
+
+std::string ConfiguredSchemeName(const std::string& appFolder) {
+  GameState s;
+  s.AppFolder = appFolder;
+  std::string contents;
+  if (ReadWholeFile(ConfigPath(s), contents) && ParseConfig(std::move(contents), s)) return s.ColorSchemeName;
+  return "default.col";
+}
+
 void ReadcfgFile(GameState& s, UserInterface& ui) {
   const std::string path = ConfigPath(s);
   std::string contents;
-  if (ReadWholeFile(path, contents)) {
-    FieldReader in(std::move(contents));
-    if (in.Line()) {
-      const auto scheme = in.Field();
-      if (scheme) s.ColorSchemeName = Trim(*scheme).empty() ? "default.col" : *scheme;
-      const auto file = scheme ? in.Line() : std::nullopt;
-      if (file) s.CurrentPuzzleFile = *file;
-      const auto number = file ? in.Field() : std::nullopt;
-      const auto value = number ? ValInt(*number) : std::nullopt;
-      if (value) {
-        s.CurrentPuzzleNumber = *value;
-        return;
-      }
-    }
-  }
+  if (ReadWholeFile(path, contents) && ParseConfig(std::move(contents), s)) return;
   ui.ShowMessage(AccessMessage(path, "could not be accessed, new file will be created"));
   s.ColorSchemeName = "default.col";
   // A file that cannot be created is noticed again at the next save.

@@ -20,6 +20,10 @@ std::string ConfigText(const GameState& s);
 // read failure it says so once and writes a fresh file; never fails itself.
 void ReadcfgFile(GameState& s, UserInterface& ui);
 
+// The colour scheme ReadcfgFile would take from AppFolder's file, read
+// without writing anything: "default.col" when the file is missing or short.
+std::string ConfiguredSchemeName(const std::string& appFolder);
+
 // Writes the configuration; false (after the program's message) on failure.
 bool SavecfgFile(const GameState& s, UserInterface& ui);
 

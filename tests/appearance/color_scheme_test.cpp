@@ -1,15 +1,19 @@
-// Colour schemes: reading by name, the fallbacks, the list, and rewriting all.col.
+// Colour schemes: reading by name, damaged files, and the dialog's list,
+// add, replace and delete commands on all.col.
 #include "appearance/color_scheme.h"
 
 #include <gtest/gtest.h>
 
+#include "appearance/scheme_options.h"
 #include "recording_ui.h"
 #include "test_support.h"
 
 namespace velmora {
 namespace {
 
-// A scheme whose element i is Rgb(base + i, 2 * i, 255 - i).
+using Strings = std::vector<std::string>;
+
+// A scheme whose element i is Rgb(base + i, 2 * i, 255 - i), as the program writes it.
 std::string SchemeText(const std::string& nameLine, int base) {
   std::string text = nameLine + "\r\n";
   for (int i = 0; i < 13; ++i)
@@ -19,43 +23,60 @@ std::string SchemeText(const std::string& nameLine, int base) {
 }
 
 struct SchemeRun {
-  explicit SchemeRun(const std::string& contents) : file(dir.Write("all.col", contents)) {
+  explicit SchemeRun(const std::string& contents) {
+    dir.Write("all.col", contents);
     s.AppFolder = dir.path() + "/";
     s.Scheme.fill(Rgb(1, 2, 3));
+    FillSchemeList(s, list);
   }
   bool Read(const std::string& name) { return ReadColorScheme(s, ui, name); }
+  std::string File() const { return dir.Read("all.col"); }
   test::TempDir dir;
-  std::string file;
   GameState s;
   test::RecordingUi ui;
+  SchemeListBox list;
 };
 
-TEST(ReadColorScheme, LoadsTheNamedSchemeCopyingElementThreeToFive) {
-  SchemeRun run(SchemeText("default.col", 0) + SchemeText("sea.col", 100));
+TEST(ReadColorScheme, LoadsTheNamedSchemeWithElementFiveFromThree) {
+  SchemeRun run(SchemeText("default.col", 0) + "sea.col\r\n 10; 20; 30\r\n" + SchemeText("x", 100).substr(3));
   ASSERT_TRUE(run.Read("sea.col"));
-  for (int i = 0; i < 13; ++i) {
-    const int from = i == 5 ? 3 : i;
+  EXPECT_EQ(run.s.Scheme[0], Rgb(10, 20, 30));
+  for (int i = 1; i < 13; ++i) {
+    const int from = (i == 5 ? 3 : i) - 1;  // the lines of "x" are shifted by one
     EXPECT_EQ(run.s.Scheme[i], Rgb(100 + from, 2 * from, 255 - from)) << i;
   }
+  EXPECT_EQ(SchemeLines("Sea", run.s.Scheme)[1], " 10; 20; 30");
   EXPECT_TRUE(run.ui.messages.empty());
 }
 
-TEST(ReadColorScheme, MissingNameOrDamagedFileFallsBackToDefaultWithTheMessage) {
-  std::string cut = "cut.col\r\n";  // only 5 colour lines, the fifth without its blue field
-  for (int i = 0; i < 4; ++i) cut += " 9; 9; 9\r\n";
-  SchemeRun run(SchemeText("default.col", 0) + cut + " 9; 9\r\n");
-  run.s.ColorSchemeName = "Default.col";
-  EXPECT_FALSE(run.Read("Default.col"));  // the match is exact
-  EXPECT_EQ(run.s.ColorSchemeName, "default.col");
-  EXPECT_EQ(run.s.Scheme[2], Rgb(1, 2, 3));  // nothing was read
-  EXPECT_FALSE(run.Read("cut.col"));
-  EXPECT_EQ(std::vector({run.s.Scheme[3], run.s.Scheme[4]}),
-            std::vector({Rgb(9, 9, 9), Rgb(1, 2, 3)}));  // kept
-  run.s.AppFolder = run.dir.path() + "/nowhere/";
-  EXPECT_FALSE(run.Read("default.col"));
-  EXPECT_EQ(run.ui.messages, (std::vector<std::string>{"Color Scheme: Default.col not found",
-                                                       "Color Scheme: cut.col not found",
-                                                       "Color Scheme: default.col not found"}));
+// What each kind of damage gives: found or not (then the message and the
+// fallback to "default.col"), and elements 0 and 1 afterwards.
+TEST(ReadColorScheme, DamagedFilesNeverStopTheProgram) {
+  const std::string twelve = SchemeText("cut.col", 0).substr(0, SchemeText("cut.col", 0).rfind(" 12;"));
+  std::string eleven;
+  for (int i = 0; i < 11; ++i) eleven += " 1; 1; 1\r\n";
+  struct Case {
+    const char* what;
+    std::string file;
+    bool found;
+    uint32_t first, second;
+  } cases[] = {
+      {"short scheme at the end", twelve, false, Rgb(0, 0, 255), Rgb(1, 2, 254)},
+      {"short scheme before another", twelve + SchemeText("b.col", 0), false, Rgb(0, 0, 255), Rgb(1, 2, 254)},
+      {"two fields", "cut.col\r\n 7; 8; 9\r\n 4; 5\r\n", false, Rgb(7, 8, 9), Rgb(1, 2, 3)},
+      {"not numbers, too big, negative", "cut.col\r\n a; 12x; 300\r\n-5;0.5;1.5;9\r\n" + eleven, true,
+       Rgb(0, 12, 255), Rgb(0, 0, 2)},
+      {"no final line end", twelve + " 1; 1; 1", true, Rgb(0, 0, 255), Rgb(1, 2, 254)},
+      {"0 bytes", "", false, Rgb(1, 2, 3), Rgb(1, 2, 3)},
+  };
+  for (const Case& c : cases) {
+    SchemeRun run(c.file);
+    run.s.ColorSchemeName = "cut.col";
+    EXPECT_EQ(run.Read("cut.col"), c.found) << c.what;
+    EXPECT_EQ(run.ui.messages, c.found ? Strings{} : Strings{"Color Scheme: cut.col not found"}) << c.what;
+    EXPECT_EQ(run.s.ColorSchemeName, c.found ? "cut.col" : "default.col") << c.what;
+    EXPECT_EQ(std::vector({run.s.Scheme[0], run.s.Scheme[1]}), std::vector({c.first, c.second})) << c.what;
+  }
 }
 
 TEST(EffectiveColors, DefaultSchemeTakesSystemBackgroundAndGreyButtons) {
@@ -68,18 +89,78 @@ TEST(EffectiveColors, DefaultSchemeTakesSystemBackgroundAndGreyButtons) {
   EXPECT_EQ(EffectiveColors(scheme, "sea.col", Rgb(200, 201, 202)), scheme);
 }
 
-TEST(SchemeFile, NamesAndTheEditingFunctionsTouchOnlyTheNamedScheme) {
-  SchemeRun run(SchemeText("default.col", 0) + "junk\r\n" + SchemeText("sea.col", 100));
-  SchemeColors grey;
-  grey.fill(Rgb(128, 128, 128));
-  ASSERT_TRUE(AppendScheme(run.file, "Blue", grey));
-  EXPECT_EQ(SchemeNames(run.file), (std::vector<std::string>{"default", "sea", "blue"}));
-  EXPECT_NE(run.dir.Read("all.col").find("\r\nblue.col\r\n 128; 128; 128\r\n"), std::string::npos);
-  ASSERT_TRUE(ReplaceScheme(run.file, run.dir.File("newall.cox"), "default.col", grey));
-  ASSERT_TRUE(DeleteScheme(run.file, run.dir.File("newall.cox"), "blue.col"));
-  std::string greyDefault = "default.col\r\n";
-  for (int i = 0; i < 13; ++i) greyDefault += " 128; 128; 128\r\n";
-  EXPECT_EQ(run.dir.Read("all.col"), greyDefault + "junk\r\n" + SchemeText("sea.col", 100));
+TEST(AddSch, AppendsTheLowerCaseNameOnlyWhenNewAndNamed) {
+  SchemeRun run(SchemeText("default.col", 0) + " 9; 9; 9");  // no final line end
+  run.s.Scheme[4] = Rgb(10, 20, 30);
+  run.ui.texts = {"Blue", "blue", ""};
+  EXPECT_TRUE(AddSch(run.s, run.ui, run.list));
+  EXPECT_EQ(run.list.items, (Strings{"default", "blue"}));
+  EXPECT_FALSE(AddSch(run.s, run.ui, run.list));
+  EXPECT_FALSE(AddSch(run.s, run.ui, run.list));  // an empty answer ends it
+  EXPECT_EQ(run.ui.prompts, Strings(3, "Enter new Color Scheme name"));
+  EXPECT_EQ(run.ui.messages, (Strings{"Color Scheme: Blue added", "Color Scheme: blue already exists"}));
+  std::string blue = "blue.col\r\n";
+  for (int i = 0; i < 13; ++i) blue += i == 4 ? " 10; 20; 30\r\n" : " 1; 2; 3\r\n";
+  EXPECT_EQ(run.File(), SchemeText("default.col", 0) + " 9; 9; 9\r\n" + blue);
+}
+
+TEST(RepSch, ReplacesOnlyTheChosenSchemesColourLinesThroughTheWorkFile) {
+  const std::string a = SchemeText("a.col", 0), c = SchemeText("c.col", 20);
+  SchemeRun run(a + SchemeText("b.col", 10) + c);
+  EXPECT_FALSE(RepSch(run.s, run.ui, run.list));
+  run.list.Select("b");
+  run.ui.answer = false;
+  EXPECT_FALSE(RepSch(run.s, run.ui, run.list));
+  EXPECT_EQ(run.File(), a + SchemeText("b.col", 10) + c);
+  run.ui.answer = true;
+  EXPECT_TRUE(RepSch(run.s, run.ui, run.list));
+  std::string b = "b.col\r\n";
+  for (int i = 0; i < 13; ++i) b += " 1; 2; 3\r\n";
+  EXPECT_EQ(run.File(), a + b + c);
+  EXPECT_EQ(run.dir.Read("newall.cox"), run.File());
+  EXPECT_EQ(run.ui.questions, Strings(2, "Replace color scheme: b"));
+  EXPECT_EQ(run.ui.messages, (Strings{"Select a color scheme to replace", "Color Scheme: b replaced"}));
+}
+
+TEST(DelSch, RefusesTheActiveSchemeAfterTheQuestionAndRemovesOthers) {
+  const std::string a = SchemeText("a.col", 0), c = SchemeText("c.col", 20);
+  SchemeRun run(a + SchemeText("b.col", 10) + c);
+  run.s.ColorSchemeName = "b.col";
+  EXPECT_FALSE(DelSch(run.s, run.ui, run.list));
+  run.list.Select("b");
+  EXPECT_FALSE(DelSch(run.s, run.ui, run.list));
+  run.s.ColorSchemeName = "a.col";
+  EXPECT_TRUE(DelSch(run.s, run.ui, run.list));
+  EXPECT_EQ(run.File(), a + c);
+  EXPECT_EQ(run.list.items, (Strings{"a", "c"}));
+  EXPECT_EQ(run.ui.questions, Strings(2, "Delete color scheme: b"));
+  EXPECT_EQ(run.ui.messages, (Strings{"Select a color scheme to delete", "Cannot delete currently active Color Scheme",
+                                      "Color Scheme: b deleted"}));
+  // A short scheme goes without taking the next one's name line.
+  run.dir.Write("all.col", "s.col\r\n 1; 1; 1\r\n" + c);
+  FillSchemeList(run.s, run.list);
+  run.list.Select("s");
+  EXPECT_TRUE(DelSch(run.s, run.ui, run.list));
+  EXPECT_EQ(run.File(), c);
+  // Without a readable all.col nothing is written.
+  std::filesystem::remove(run.dir.File("all.col"));
+  run.list.Select("c");
+  EXPECT_FALSE(DelSch(run.s, run.ui, run.list));
+  EXPECT_EQ(run.ui.messages.back(), "Error in updating Color Scheme:\r\n" + run.dir.File("all.col"));
+  EXPECT_FALSE(std::filesystem::exists(run.dir.File("all.col")));
+}
+
+TEST(ButtonContrast, MovesTheButtonFaceTowardsWhiteOrBlackAndReadsBack) {
+  SchemeColors colors{};
+  colors[kSchemeBackground] = Rgb(100, 150, 200);
+  for (const int contrast : {-100, -40, 0, 30, 100}) {
+    SetButtonContrast(colors, contrast);
+    EXPECT_NEAR(ButtonContrast(colors), contrast, 1) << contrast;
+  }
+  SetButtonContrast(colors, 50);
+  EXPECT_EQ(colors[kSchemeButtonFace], Rgb(178, 203, 228));
+  SetButtonContrast(colors, -100);
+  EXPECT_EQ(colors[kSchemeButtonFace], Rgb(0, 0, 0));
 }
 
 }  // namespace

@@ -20,6 +20,7 @@
 #include "app/startup.h"
 #include "app/ui/help_window.h"
 #include "appearance/color_scheme.h"
+#include "appearance/ui/form2.h"
 #include "board/geometry.h"
 #include "board/play.h"
 #include "board/ui/board_view.h"
@@ -288,6 +289,9 @@ void Form1::BuildMenus() {
   QMenu* solve = Menu(QStringLiteral("mnusolve"), tr("&Solve"));
   AddCommand(solve, QStringLiteral("mnusolveall"), tr("&AutoSolve"), mnusolveall);
   AddCommand(solve, QStringLiteral("mnurestore"), tr("&Restore"), mnurestore);
+
+  AddCommand(Menu(QStringLiteral("mnuoptionsmenu"), tr("&Options")), QStringLiteral("mnuoptions"),
+             tr("&Colors and Size..."), [this](GameState& s, UserInterface& ui) { ShowOptions(s, ui, this); });
 
   QMenu* help = Menu(QStringLiteral("mnuhelpmenu"), tr("&Help"));
   AddCommand(help, QStringLiteral("mnuhelp"), tr("&Help"), [this](GameState&, UserInterface&) { ShowHelp(); });

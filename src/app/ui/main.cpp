@@ -4,7 +4,9 @@
 #include <QStringList>
 #include <cstdlib>
 
+#include "app/startup.h"
 #include "app/ui/form1.h"
+#include "appearance/ui/form2.h"
 
 int main(int argc, char** argv) {
   QElapsedTimer sinceStart;
@@ -20,6 +22,7 @@ int main(int argc, char** argv) {
     if (args[i] == QLatin1String("--folder")) folder = args[i + 1];
   }
 
+  velmora::ApplyTextSize(velmora::SavedTextSize(velmora::FolderWithSlash(folder.toLocal8Bit().toStdString())));
   velmora::Form1 window;
   if (std::getenv("VELMORA_TIMING")) window.EnableTimingLog(sinceStart);
   window.StartUp(folder.toLocal8Bit().toStdString());

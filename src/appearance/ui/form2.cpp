@@ -1,0 +1,267 @@
+// Form2, "Velmora Options": colour schemes (preview, add, replace, delete,
+// apply) and the size of the program's text.
+#include "appearance/ui/form2.h"
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSettings>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include "appearance/color_scheme.h"
+#include "appearance/ui/scheme_preview.h"
+#include "controls/ui/color_picker.h"
+
+namespace velmora {
+namespace {
+
+QString Q(const std::string& text) {
+  return QString::fromLocal8Bit(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QColor ToColor(uint32_t c) { return QColor(RedOf(c), GreenOf(c), BlueOf(c)); }
+uint32_t FromColor(const QColor& c) { return Rgb(c.red(), c.green(), c.blue()); }
+
+const char* const kSizeNames[4] = {"Small", "Medium", "Large", "Huge"};
+constexpr double kSizeScales[4] = {0.85, 1.0, 1.2, 1.45};
+const QString kSizeKey = QStringLiteral("Options/Size");
+
+// velmora.cfg keeps its four lines; the text size lives in a file of its own.
+QString SettingsFile(const std::string& appFolder) { return Q(appFolder + "velmora.ini"); }
+
+QPushButton* MakeButton(const QString& name, const QString& text, const QString& tip, QWidget* parent) {
+  auto* b = new QPushButton(text, parent);
+  b->setObjectName(name);
+  b->setToolTip(tip);
+  b->setAutoDefault(false);  // Enter belongs to the list
+  return b;
+}
+
+void SetRole(QWidget* w, QPalette::ColorRole role, const QColor& colour) {
+  QPalette pal = w->palette();
+  pal.setColor(role, colour);
+  w->setPalette(pal);
+}
+
+}  // namespace
+
+TextSize SavedTextSize(const std::string& appFolder) {
+  const QString name = QSettings(SettingsFile(appFolder), QSettings::IniFormat).value(kSizeKey).toString();
+  for (int i = 0; i < 4; ++i) {
+    if (name == QLatin1String(kSizeNames[i])) return static_cast<TextSize>(i);
+  }
+  return kMedium;
+}
+
+void SaveTextSize(const std::string& appFolder, TextSize size) {
+  QSettings ini(SettingsFile(appFolder), QSettings::IniFormat);
+  ini.setValue(kSizeKey, QLatin1String(kSizeNames[size]));
+}
+
+void ApplyTextSize(TextSize size) {
+  static const QFont platform = QApplication::font();
+  QFont font = platform;
+  if (platform.pointSizeF() > 0) {
+    font.setPointSizeF(platform.pointSizeF() * kSizeScales[size]);
+  } else {
+    font.setPixelSize(static_cast<int>(platform.pixelSize() * kSizeScales[size] + 0.5));
+  }
+  QApplication::setFont(font);
+}
+
+Form2::Form2(GameState& s, UserInterface& ui, QWidget* mainWindow)
+    : QDialog(mainWindow), s_(s), ui_(ui), mainWindow_(mainWindow) {
+  setObjectName(QStringLiteral("Form2"));
+  setWindowTitle(QStringLiteral("Velmora Options"));
+  // Controls are made in their tab order.
+  command1_ = MakeButton(QStringLiteral("Command1"), QStringLiteral("Apply"), QStringLiteral("Apply changes"), this);
+  command2_ = MakeButton(QStringLiteral("Command2"), QStringLiteral("Exit"),
+                         QStringLiteral("Exit without applying changes"), this);
+  connect(command1_, &QPushButton::clicked, this, &Form2::Apply);
+  connect(command2_, &QPushButton::clicked, this, &Form2::reject);
+  auto* commands = new QHBoxLayout;
+  commands->addWidget(command1_);
+  commands->addWidget(command2_);
+  commands->addStretch(1);
+
+  frame_ = new QGroupBox(this);
+  frame_->setObjectName(QStringLiteral("Frame1"));
+  BuildSchemeFrame(frame_);
+
+  auto* sizeFrame = new QGroupBox(QStringLiteral("Size"), this);
+  sizeFrame->setObjectName(QStringLiteral("Frame2"));
+  auto* sizeLayout = new QHBoxLayout(sizeFrame);
+  const TextSize saved = SavedTextSize(s_.AppFolder);
+  for (int i = 0; i < 4; ++i) {
+    QRadioButton* option = sizes_[static_cast<size_t>(i)] = new QRadioButton(QLatin1String(kSizeNames[i]), sizeFrame);
+    option->setObjectName(QStringLiteral("Size%1").arg(i));
+    option->setChecked(i == saved);
+    sizeLayout->addWidget(option);
+  }
+  sizeLayout->addStretch(1);
+
+  auto* outer = new QVBoxLayout(this);
+  outer->addLayout(commands);
+  outer->addWidget(frame_);
+  outer->addWidget(sizeFrame);
+  outer->setSizeConstraint(QLayout::SetFixedSize);
+
+  FillList();
+  shownName_ = s_.ColorSchemeName;
+  frame_->setTitle(Q("Color Scheme: " + shownName_));
+  colPik1_->SetColor(ToColor(s_.Scheme[kSchemeBackground]));
+  contrastV_->setValue(ButtonContrast(s_.Scheme));
+  ShowColors();
+  list1_->setFocus();
+}
+
+void Form2::BuildSchemeFrame(QGroupBox* frame) {
+  colPik1_ = new ColorPicker(frame);
+  colPik1_->setObjectName(QStringLiteral("ColPik1"));
+  connect(colPik1_, &ColorPicker::ColorPicked, this, [this](const QColor& c) {
+    s_.Scheme[kSchemeBackground] = FromColor(c);
+    const QSignalBlocker quiet(contrastV_);
+    contrastV_->setValue(ButtonContrast(s_.Scheme));
+    ShowColors();
+  });
+
+  auto* contrastCaption = new QLabel(tr("Button contrast"), frame);
+  contrastV_ = new QScrollBar(Qt::Horizontal, frame);
+  contrastV_->setObjectName(QStringLiteral("ContrastV"));
+  contrastV_->setRange(-kMaxContrast, kMaxContrast);
+  contrastV_->setPageStep(10);
+  contrastV_->setFocusPolicy(Qt::StrongFocus);
+  contrastV_->setToolTip(tr("Buttons darker (left) or lighter (right) than the background"));
+  contrastCaption->setBuddy(contrastV_);
+  connect(contrastV_, &QScrollBar::valueChanged, this, [this](int value) {
+    SetButtonContrast(s_.Scheme, value);
+    ShowColors();
+  });
+
+  list1_ = new QListWidget(frame);
+  list1_->setObjectName(QStringLiteral("List1"));
+  QFont fixed = font();  // the chosen text size, in a fixed-pitch face
+  fixed.setFamilies({QStringLiteral("Courier New")});
+  fixed.setStyleHint(QFont::TypeWriter);
+  fixed.setFixedPitch(true);
+  list1_->setFont(fixed);
+  list1_->setMinimumHeight(list1_->fontMetrics().height() * 7);
+  // Choosing an item previews it; Enter (or a double click) reads it again.
+  connect(list1_, &QListWidget::itemSelectionChanged, this, [this] {
+    if (!list1_->selectedItems().isEmpty()) Choose();
+  });
+  connect(list1_, &QListWidget::itemActivated, this, &Form2::Choose);
+
+  QBoxLayout* buttons = BuildSchemeButtons(frame);
+
+  preview_ = new SchemePreview(frame);
+  preview_->setObjectName(QStringLiteral("Preview"));
+
+  auto* grid = new QGridLayout(frame);
+  grid->addWidget(colPik1_, 0, 0, 1, 2);
+  grid->addWidget(preview_, 0, 2);
+  auto* contrast = new QHBoxLayout;
+  contrast->addWidget(contrastCaption);
+  contrast->addWidget(contrastV_, 1);
+  grid->addLayout(contrast, 1, 0, 1, 3);
+  grid->addWidget(list1_, 2, 0, 1, 2);
+  grid->addLayout(buttons, 2, 2);
+}
+
+QBoxLayout* Form2::BuildSchemeButtons(QWidget* frame) {
+  struct Command {
+    const char* name;
+    const char* text;
+    const char* tip;
+  };
+  static constexpr Command kCommands[4] = {{"ShowSch", "View", "View current color setting"},
+                                           {"RepSch", "Replace", "Replace the current color scheme"},
+                                           {"DelSch", "Delete", "Delete the color scheme"},
+                                           {"AddSch", "Add", "Add this color scheme"}};
+  auto* buttons = new QVBoxLayout;
+  for (size_t i = 0; i < 4; ++i) {
+    schemeButtons_[i] = MakeButton(QLatin1String(kCommands[i].name), QLatin1String(kCommands[i].text),
+                                   QLatin1String(kCommands[i].tip), frame);
+    buttons->addWidget(schemeButtons_[i]);
+  }
+  buttons->addStretch(1);
+  connect(schemeButtons_[0], &QPushButton::clicked, this, &Form2::ShowColors);
+  connect(schemeButtons_[1], &QPushButton::clicked, this, [this] {
+    list_.listIndex = SelectedRow();
+    RepSch(s_, ui_, list_);
+  });
+  connect(schemeButtons_[2], &QPushButton::clicked, this, [this] {
+    list_.listIndex = SelectedRow();
+    if (DelSch(s_, ui_, list_)) FillList();
+  });
+  connect(schemeButtons_[3], &QPushButton::clicked, this, [this] {
+    if (AddSch(s_, ui_, list_)) FillList();
+  });
+  return buttons;
+}
+
+int Form2::SelectedRow() const { return list1_->selectedItems().isEmpty() ? -1 : list1_->currentRow(); }
+
+void Form2::FillList() {
+  const QSignalBlocker quiet(list1_);
+  FillSchemeList(s_, list_);
+  list1_->clear();
+  for (const std::string& item : list_.items) list1_->addItem(Q(item));
+}
+
+void Form2::Choose() {
+  list_.listIndex = list1_->currentRow();
+  if (!list_.HasSelection()) return;
+  const std::string name = list_.Selected();
+  ChooseScheme(s_, ui_, list_);
+  shownName_ = name + ".col";
+  frame_->setTitle(Q("Color Scheme: " + name));
+  colPik1_->SetColor(ToColor(s_.Scheme[kSchemeBackground]));
+  const QSignalBlocker quiet(contrastV_);
+  contrastV_->setValue(ButtonContrast(s_.Scheme));
+  ShowColors();
+}
+
+void Form2::ShowColors() {
+  const SchemeColors c =
+      EffectiveColors(s_.Scheme, shownName_, FromColor(QApplication::palette().color(QPalette::Button)));
+  QPalette pal = palette();
+  pal.setColor(QPalette::Window, ToColor(c[kSchemeBackground]));
+  pal.setColor(QPalette::Button, ToColor(c[kSchemeBackground]));
+  setPalette(pal);
+  for (QPushButton* b : {command1_, command2_}) SetRole(b, QPalette::Button, ToColor(c[kSchemeButtonFace]));
+  for (QPushButton* b : schemeButtons_) SetRole(b, QPalette::Button, ToColor(c[kSchemeButtonFace]));
+  SetRole(list1_, QPalette::Base, ToColor(c[kSchemeTitleBox]));
+  preview_->SetColors(ToColor(c[kSchemeBackground]), ToColor(c[kSchemeTitleBox]), ToColor(c[kSchemeButtonFace]));
+}
+
+void Form2::Apply() {
+  list_.listIndex = SelectedRow();
+  ApplyChosenScheme(s_, list_);
+  for (int i = 0; i < 4; ++i) {
+    if (!sizes_[static_cast<size_t>(i)]->isChecked()) continue;
+    SaveTextSize(s_.AppFolder, static_cast<TextSize>(i));
+    ApplyTextSize(static_cast<TextSize>(i));
+  }
+  if (auto* kickin = mainWindow_->findChild<QPushButton*>(QStringLiteral("kickinOptions"))) kickin->click();
+  accept();
+}
+
+void Form2::reject() {
+  ReadColorScheme(s_, ui_, s_.ColorSchemeName);
+  QDialog::reject();
+}
+
+void ShowOptions(GameState& s, UserInterface& ui, QWidget* mainWindow) {
+  Form2 dialog(s, ui, mainWindow);
+  dialog.exec();
+}
+
+}  // namespace velmora

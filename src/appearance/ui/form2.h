@@ -1,0 +1,74 @@
+// Form2, "Velmora Options": colour schemes (preview, add, replace, delete,
+// apply) and the size of the program's text.
+#pragma once
+
+#include <QDialog>
+#include <array>
+#include <string>
+
+#include "appearance/scheme_options.h"
+#include "model/game_state.h"
+#include "model/user_interface.h"
+
+class QBoxLayout;
+class QGroupBox;
+class QListWidget;
+class QPushButton;
+class QRadioButton;
+class QScrollBar;
+
+namespace velmora {
+
+class ColorPicker;
+class SchemePreview;
+
+// The text sizes of the size choice, smallest first; Medium is the
+// platform's own size. Kept in velmora.ini beside velmora.cfg.
+enum TextSize { kSmall, kMedium, kLarge, kHuge };
+TextSize SavedTextSize(const std::string& appFolder);
+void SaveTextSize(const std::string& appFolder, TextSize size);
+// Sets the font of every window for `size`; the board keeps its size.
+void ApplyTextSize(TextSize size);
+
+class Form2 : public QDialog {
+  Q_OBJECT
+
+ public:
+  // `mainWindow` holds the hidden button that applies a scheme.
+  Form2(GameState& s, UserInterface& ui, QWidget* mainWindow);
+
+  // Escape, the close box and Exit: the active scheme is read again, so a
+  // previewed one is dropped.
+  void reject() override;
+
+ private:
+  void BuildSchemeFrame(QGroupBox* frame);
+  // View, Replace, Delete and Add, one above the other.
+  QBoxLayout* BuildSchemeButtons(QWidget* frame);
+  int SelectedRow() const;  // -1 when no item is chosen
+  void FillList();
+  void Choose();
+  void Apply();
+  // Recolours the dialog with the current scheme ("View").
+  void ShowColors();
+
+  GameState& s_;
+  UserInterface& ui_;
+  QWidget* mainWindow_;
+  SchemeListBox list_;
+  std::string shownName_;  // the scheme the dialog shows, for its frame caption
+  QPushButton* command1_ = nullptr;
+  QPushButton* command2_ = nullptr;
+  QGroupBox* frame_ = nullptr;
+  ColorPicker* colPik1_ = nullptr;
+  QScrollBar* contrastV_ = nullptr;
+  QListWidget* list1_ = nullptr;
+  SchemePreview* preview_ = nullptr;
+  std::array<QPushButton*, 4> schemeButtons_{};
+  std::array<QRadioButton*, 4> sizes_{};
+};
+
+// Opens the options dialog over the main window.
+void ShowOptions(GameState& s, UserInterface& ui, QWidget* mainWindow);
+
+}  // namespace velmora

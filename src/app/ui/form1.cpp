@@ -29,6 +29,7 @@
 #include "creation/ui/form3.h"
 #include "files/file_commands.h"
 #include "model/commands.h"
+#include "printing/ui/print_menu.h"
 
 namespace velmora {
 namespace {
@@ -286,6 +287,14 @@ void Form1::BuildMenus() {
   QMenu* solve = Menu(QStringLiteral("mnusolve"), tr("&Solve"));
   AddCommand(solve, QStringLiteral("mnusolveall"), tr("&AutoSolve"), mnusolveall);
   AddCommand(solve, QStringLiteral("mnurestore"), tr("&Restore"), mnurestore);
+
+  QMenu* print = Menu(QStringLiteral("mnuprint"), tr("P&rint"));
+  QMenu* current = CurrentPrintMenu(print);
+  AddCommand(current, QStringLiteral("mnuprintcurrentpuz"), tr("&Puzzle"), DesktopPrint(this, mnuprintcurrentpuz));
+  AddCommand(current, QStringLiteral("mnuprintcurrentsol"), tr("&Solution"), DesktopPrint(this, mnuprintcurrentsol));
+  AddCommand(current, QStringLiteral("mnuprintcurrent"), tr("Puzzle &and Solution"), DesktopPrint(this, mnuprintcurrent));
+  AddCommand(print, QStringLiteral("mnuprintfile"), tr("Puzzle &File"), DesktopPrint(this, mnuprintfile));
+  AddCommand(print, QStringLiteral("mnuprintpreview"), tr("Print Pre&view"), PrintPreview(this));
 
   QMenu* help = Menu(QStringLiteral("mnuhelpmenu"), tr("&Help"));
   AddCommand(help, QStringLiteral("mnuhelp"), tr("&Help"), [this](GameState&, UserInterface&) { ShowHelp(); });

@@ -67,6 +67,8 @@ Form5::Form5(QWidget* parent) : QDialog(parent) {
                        QStringLiteral("Specify start and end puzzle numbers"), this);
   text1_ = Named(new QLineEdit(QStringLiteral("1"), frame1), QStringLiteral("Text1"));
   text2_ = Named(new QLineEdit(QStringLiteral("1"), frame1), QStringLiteral("Text2"));
+  for (QLineEdit* number : {text1_, text2_})
+    number->setFixedWidth(number->fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + 16);
   auto* frame1Layout = new QHBoxLayout(frame1);
   frame1Layout->addWidget(Named(new QLabel(QStringLiteral("From"), frame1), QStringLiteral("Label1")));
   frame1Layout->addWidget(text1_);

@@ -90,7 +90,8 @@ std::string Parse(const std::vector<std::string>& args, PrintArgs& a) {
   }
   if (a.file.empty() || a.pdf.empty()) return "expected FILE and --pdf OUT.pdf";
   if (a.paper != "a4" && a.paper != "letter") return "--paper is a4 or letter";
-  if (a.what != "puzzle" && a.what != "solution" && a.what != "both") return "--what is puzzle, solution or both";
+  if (a.what != "puzzle" && a.what != "solution" && a.what != "both")
+    return "--what is puzzle, solution or both";
   if (a.current && a.range) return "--current prints one record; --from, --to and --solutions print a range";
   return "";
 }
@@ -107,7 +108,9 @@ std::unique_ptr<QGuiApplication> PageApplication() {
 int PrintCurrent(const PrintArgs& a, PdfPrintJobs& jobs, PrintUi& ui) {
   GameState s;
   std::string title;
-  const int n = a.number > 2147483647LL ? 2147483647 : (a.number < -2147483647LL ? -2147483647 : static_cast<int>(a.number));
+  const int n = a.number > 2147483647LL
+                    ? 2147483647
+                    : (a.number < -2147483647LL ? -2147483647 : static_cast<int>(a.number));
   if (LoadPuzzle(s, ui, a.file, n, title, 0) != 0) {
     std::printf("not found\n");
     return 1;

@@ -92,7 +92,9 @@ void PrintRange(const GameState& s, UserInterface& ui, PrintSurface& page, const
     int x = kPageX;
     PrintPage(work, page, x, y, static_cast<int>(n), title, mode);
   };
-  auto load = [&](long long n) { return LoadPuzzle(work, quiet, c.file, static_cast<int>(n), title, 0) == 0; };
+  auto load = [&](long long n) {
+    return LoadPuzzle(work, quiet, c.file, static_cast<int>(n), title, 0) == 0;
+  };
   if (c.solutions) {
     for (long long n = c.first; n <= c.last; ++n) {
       if (!load(n)) continue;
@@ -164,7 +166,8 @@ void mnuprintcurrentsol(GameState& s, UserInterface& ui, PrintJobs& jobs) {
 }
 
 void mnuprintcurrent(GameState& s, UserInterface& ui, PrintJobs& jobs) {
-  PrintCurrent(ui, jobs, "Print Current Puzzle and Solution?", [&](PrintSurface& p) { PrintPuzzleAndSolution(s, p); });
+  PrintCurrent(ui, jobs, "Print Current Puzzle and Solution?",
+               [&](PrintSurface& p) { PrintPuzzleAndSolution(s, p); });
 }
 
 int CountPrintablePuzzles(const std::string& file) {

@@ -34,7 +34,9 @@ TEST(CliPrint, PagesAndTextOfTheWrittenPdf) {
   const Case cases[] = {
       {{"--from", "2", "--solutions"}, "Pages:           2", {"Puz#2:Sample 2", "Sol#3:Sample 3"}},
       {{"--paper", "letter"}, "Pages:           2", {"Puz#1:Sample 1", "Puz#3:Sample 3", "612 x 792"}},
-      {{"--current", "2", "--what", "solution"}, "Pages:           1", {"Sol#2:Sample 2", "Velmora Version 1.0"}},
+      {{"--current", "2", "--what", "solution"},
+       "Pages:           1",
+       {"Sol#2:Sample 2", "Velmora Version 1.0"}},
   };
   for (const Case& c : cases) {
     std::vector<std::string> args{"print", sample, "--pdf", pdf};
@@ -42,7 +44,8 @@ TEST(CliPrint, PagesAndTextOfTheWrittenPdf) {
     const auto r = RunCli(args);
     EXPECT_EQ(r.out, "Done\n");
     EXPECT_EQ(r.exitCode, 0);
-    const std::string text = Output("pdftotext " + test::Quote(pdf) + " -") + Output("pdfinfo " + test::Quote(pdf));
+    const std::string text =
+        Output("pdftotext " + test::Quote(pdf) + " -") + Output("pdfinfo " + test::Quote(pdf));
     EXPECT_NE(text.find(c.pages), std::string::npos) << text;
     for (const char* t : c.texts) EXPECT_NE(text.find(t), std::string::npos) << t;
   }
@@ -63,7 +66,9 @@ TEST(CliPrint, RefusalsWriteNothing) {
       {{"print", sample, "--pdf", pdf, "--to", "4"}, "Invalid from or to puzzle number\n", 1},
       {{"print", sample, "--pdf", pdf, "--current", "4"}, "not found\n", 1},
       {{"print", sample, "--pdf", pdf, "--from", "3", "--to", "2"}, "Done\n", 0},
-      {{"print", sample, "--pdf", dir.File("no/such/dir.pdf")}, "Error writing file: " + dir.File("no/such/dir.pdf") + "\n", 1},
+      {{"print", sample, "--pdf", dir.File("no/such/dir.pdf")},
+       "Error writing file: " + dir.File("no/such/dir.pdf") + "\n",
+       1},
       {{"print", sample, "--pdf", pdf, "--current", "1", "--from", "1"}, "", 2},
   };
   for (const Case& c : cases) {

@@ -21,7 +21,8 @@ using test::Window;
 
 // The page of "Puzzle and Solution" on white paper at `dpi`.
 struct RenderedPage {
-  RenderedPage(const GameState& s, int dpi) : image(12240 * dpi / 1440, 15840 * dpi / 1440, QImage::Format_RGB32) {
+  RenderedPage(const GameState& s, int dpi)
+      : image(12240 * dpi / 1440, 15840 * dpi / 1440, QImage::Format_RGB32) {
     image.fill(Qt::white);
     image.setDotsPerMeterX(static_cast<int>(dpi / 0.0254 + 0.5));
     image.setDotsPerMeterY(static_cast<int>(dpi / 0.0254 + 0.5));
@@ -30,7 +31,9 @@ struct RenderedPage {
     PrintPuzzleAndSolution(s, page);
     page.End();
   }
-  bool Dark(int x, int y) const { return qGray(image.pixel(x * image.width() / 12240, y * image.height() / 15840)) < 128; }
+  bool Dark(int x, int y) const {
+    return qGray(image.pixel(x * image.width() / 12240, y * image.height() / 15840)) < 128;
+  }
   // Whether anything is marked inside the twips rectangle.
   bool Ink(int x1, int y1, int x2, int y2) const {
     for (int y = y1; y <= y2; y += 5)
@@ -80,7 +83,9 @@ struct Form5Hand : test::Poller {
         }) {}
 };
 
-void Press(Form5* f, const char* button) { Child<QPushButton>(f, button, Qt::FindDirectChildrenOnly)->click(); }
+void Press(Form5* f, const char* button) {
+  Child<QPushButton>(f, button, Qt::FindDirectChildrenOnly)->click();
+}
 
 TEST(Form1Print, PuzzleFileDialogChecksPrintsToPdfAndShowsThePuzzleBefore) {
   Window win(2);
@@ -90,8 +95,9 @@ TEST(Form1Print, PuzzleFileDialogChecksPrintsToPdfAndShowsThePuzzleBefore) {
   Form5Hand hand([&](Form5* f) {
     auto* combo = Child<QComboBox>(f, "Combo1");
     auto* text2 = Child<QLineEdit>(f, "Text2");
-    seen.push_back(combo->itemText(combo->count() - 1).toStdString() + "|" + combo->currentText().toStdString() +
-                   "|" + Child<QLineEdit>(f, "FileNow")->text().toStdString() + "|" + text2->text().toStdString());
+    seen.push_back(combo->itemText(combo->count() - 1).toStdString() + "|" +
+                   combo->currentText().toStdString() + "|" +
+                   Child<QLineEdit>(f, "FileNow")->text().toStdString() + "|" + text2->text().toStdString());
     if (++shown == 1) {
       EXPECT_EQ(f->windowTitle(), "Print Puzzles From File");
       EXPECT_EQ(Child<QGroupBox>(f, "Frame1")->toolTip(), "Specify start and end puzzle numbers");
@@ -126,7 +132,8 @@ TEST(Form1Print, CurrentCommandsAskFirstAndPreviewShowsThePage) {
   win.hand.names = {win.dir.File("current")};
   win.Trigger("mnuprintcurrentsol");
   win.Trigger("mnuprintcurrent");
-  EXPECT_EQ(win.hand.texts, (std::vector<std::string>{"Print Current solution?", "Print Current Puzzle and Solution?", "Done"}));
+  EXPECT_EQ(win.hand.texts, (std::vector<std::string>{"Print Current solution?",
+                                                      "Print Current Puzzle and Solution?", "Done"}));
   EXPECT_EQ(win.dir.Read("current.pdf").substr(0, 5), "%PDF-");
   bool previewed = false;
   test::Poller closer([&] {

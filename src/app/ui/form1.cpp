@@ -290,9 +290,12 @@ void Form1::BuildMenus() {
 
   QMenu* print = Menu(QStringLiteral("mnuprint"), tr("P&rint"));
   QMenu* current = CurrentPrintMenu(print);
-  AddCommand(current, QStringLiteral("mnuprintcurrentpuz"), tr("&Puzzle"), DesktopPrint(this, mnuprintcurrentpuz));
-  AddCommand(current, QStringLiteral("mnuprintcurrentsol"), tr("&Solution"), DesktopPrint(this, mnuprintcurrentsol));
-  AddCommand(current, QStringLiteral("mnuprintcurrent"), tr("Puzzle &and Solution"), DesktopPrint(this, mnuprintcurrent));
+  AddCommand(current, QStringLiteral("mnuprintcurrentpuz"), tr("&Puzzle"),
+             DesktopPrint(this, mnuprintcurrentpuz));
+  AddCommand(current, QStringLiteral("mnuprintcurrentsol"), tr("&Solution"),
+             DesktopPrint(this, mnuprintcurrentsol));
+  AddCommand(current, QStringLiteral("mnuprintcurrent"), tr("Puzzle &and Solution"),
+             DesktopPrint(this, mnuprintcurrent));
   AddCommand(print, QStringLiteral("mnuprintfile"), tr("Puzzle &File"), DesktopPrint(this, mnuprintfile));
   AddCommand(print, QStringLiteral("mnuprintpreview"), tr("Print Pre&view"), PrintPreview(this));
 

@@ -47,7 +47,8 @@ Form5::Form5(QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("Form5"));
   setWindowTitle(QStringLiteral("Print Puzzles From File"));
 
-  auto* frame5 = Group(QStringLiteral("Frame5"), QStringLiteral("Printer"), QStringLiteral("Select a printer for output"), this);
+  auto* frame5 = Group(QStringLiteral("Frame5"), QStringLiteral("Printer"),
+                       QStringLiteral("Select a printer for output"), this);
   combo1_ = Named(new QComboBox(frame5), QStringLiteral("Combo1"));
   (new QHBoxLayout(frame5))->addWidget(combo1_);
   BuildPrinterList();
@@ -81,7 +82,8 @@ Form5::Form5(QWidget* parent) : QDialog(parent) {
   (new QHBoxLayout(frame2))->addWidget(check1_);
 
   // The layout follows the solution choice alone, so this frame stays hidden.
-  auto* frame3 = Group(QStringLiteral("Frame3"), QStringLiteral("Puzzles per page"), QStringLiteral("Puzzle per page"), this);
+  auto* frame3 = Group(QStringLiteral("Frame3"), QStringLiteral("Puzzles per page"),
+                       QStringLiteral("Puzzle per page"), this);
   auto* frame3Layout = new QHBoxLayout(frame3);
   const QString perPage[3] = {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("4")};
   for (size_t i = 0; i < option1_.size(); ++i) {
@@ -159,8 +161,8 @@ void Form5::Print() {
   currentPrinter_ = combo1_->currentText();
   if (!ui_) return;
   const int perPage = option1_[2]->isChecked() ? 4 : (option1_[1]->isChecked() ? 2 : 1);
-  const std::string answer =
-      Form5Answer(*ui_, S(fileNow_->text()), S(text1_->text()), S(text2_->text()), check1_->isChecked(), perPage);
+  const std::string answer = Form5Answer(*ui_, S(fileNow_->text()), S(text1_->text()), S(text2_->text()),
+                                         check1_->isChecked(), perPage);
   if (answer.empty()) return;
   answer_ = answer;
   accept();

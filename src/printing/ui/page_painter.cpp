@@ -62,8 +62,9 @@ void PagePainter::Symbol(int suit, int x, int y, int size) {
   if (!p.isActive()) return;
   // Scaled once to the device's pixels and kept, so every page reuses one image per suit.
   const QRectF target = p.deviceTransform().mapRect(QRectF(x, y, size, size));
-  const QRect pixels(static_cast<int>(std::lround(target.left())), static_cast<int>(std::lround(target.top())),
-                     static_cast<int>(std::lround(target.width())), static_cast<int>(std::lround(target.height())));
+  const QRect pixels(
+      static_cast<int>(std::lround(target.left())), static_cast<int>(std::lround(target.top())),
+      static_cast<int>(std::lround(target.width())), static_cast<int>(std::lround(target.height())));
   const QImage& symbol = strip_.Symbol(suit, pixels.size());
   if (symbol.isNull()) return;
   p.save();

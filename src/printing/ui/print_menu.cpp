@@ -18,7 +18,8 @@ namespace velmora {
 namespace {
 
 QPageSize LocalPaper() {
-  return QPageSize(QLocale().measurementSystem() == QLocale::ImperialUSSystem ? QPageSize::Letter : QPageSize::A4);
+  return QPageSize(QLocale().measurementSystem() == QLocale::ImperialUSSystem ? QPageSize::Letter
+                                                                              : QPageSize::A4);
 }
 
 // The printer behind the menu commands: the current printer of Form5, or a
@@ -32,7 +33,8 @@ class DesktopPrintJobs : public PrintJobs {
 
   PrintSurface* StartJob() override {
     const QString name = form5_->CurrentPrinter();
-    if (name == QString::fromLatin1(kPdfPrinterName) || !QPrinterInfo::availablePrinterNames().contains(name)) {
+    if (name == QString::fromLatin1(kPdfPrinterName) ||
+        !QPrinterInfo::availablePrinterNames().contains(name)) {
       return StartPdf();
     }
     printer_ = std::make_unique<QPrinter>(QPrinterInfo::printerInfo(name), QPrinter::HighResolution);

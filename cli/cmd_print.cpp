@@ -3,7 +3,7 @@
 #include <QGuiApplication>
 #include <QPageSize>
 #include <cstdio>
-#include <cstdlib>
+#include <cstdlib>  // setenv
 #include <memory>
 #include <string>
 #include <vector>
@@ -96,9 +96,10 @@ std::string Parse(const std::vector<std::string>& args, PrintArgs& a) {
   return "";
 }
 
-// Qt draws the pages; without a display of its own choosing it draws offscreen.
+// Qt draws the pages, always offscreen: a command-line run opens no window and
+// must not depend on a display being there.
 std::unique_ptr<QGuiApplication> PageApplication() {
-  if (std::getenv("QT_QPA_PLATFORM") == nullptr) ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
   static int argc = 1;
   static char name[] = "velmora-cli";
   static char* argv[] = {name, nullptr};

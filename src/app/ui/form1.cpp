@@ -31,6 +31,7 @@
 #include "files/file_commands.h"
 #include "files/ui/sort_form.h"
 #include "model/commands.h"
+#include "printing/ui/print_menu.h"
 
 namespace velmora {
 namespace {
@@ -289,6 +290,17 @@ void Form1::BuildMenus() {
   QMenu* solve = Menu(QStringLiteral("mnusolve"), tr("&Solve"));
   AddCommand(solve, QStringLiteral("mnusolveall"), tr("&AutoSolve"), mnusolveall);
   AddCommand(solve, QStringLiteral("mnurestore"), tr("&Restore"), mnurestore);
+
+  QMenu* print = Menu(QStringLiteral("mnuprint"), tr("P&rint"));
+  QMenu* current = CurrentPrintMenu(print);
+  AddCommand(current, QStringLiteral("mnuprintcurrentpuz"), tr("&Puzzle"),
+             DesktopPrint(this, mnuprintcurrentpuz));
+  AddCommand(current, QStringLiteral("mnuprintcurrentsol"), tr("&Solution"),
+             DesktopPrint(this, mnuprintcurrentsol));
+  AddCommand(current, QStringLiteral("mnuprintcurrent"), tr("Puzzle &and Solution"),
+             DesktopPrint(this, mnuprintcurrent));
+  AddCommand(print, QStringLiteral("mnuprintfile"), tr("Puzzle &File"), DesktopPrint(this, mnuprintfile));
+  AddCommand(print, QStringLiteral("mnuprintpreview"), tr("Print Pre&view"), PrintPreview(this));
 
   AddCommand(Menu(QStringLiteral("mnuoptionsmenu"), tr("&Options")), QStringLiteral("mnuoptions"),
              tr("&Colors and Size..."), [this](GameState& s, UserInterface& ui) { ShowOptions(s, ui, this); });

@@ -1,0 +1,145 @@
+// velmora-cli print: the printed pages of a puzzle file, or of one record as
+// the Current commands print it, written to a PDF file.
+#include <QGuiApplication>
+#include <QPageSize>
+#include <cstdio>
+#include <cstdlib>  // setenv
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "files/puzzle_file.h"
+#include "model/text.h"
+#include "printing/print_commands.h"
+#include "printing/ui/page_painter.h"
+#include "subcommand.h"
+
+namespace velmora::cli {
+namespace {
+
+int RunPrint(const std::vector<std::string>& args);
+
+const Subcommand kPrint{
+    "print",
+    "print FILE --pdf OUT.pdf [--from A] [--to B] [--solutions] [--paper a4|letter] | "
+    "print FILE --pdf OUT.pdf --current N [--what puzzle|solution|both] [--paper a4|letter]",
+    "write the printed pages of records A..B of FILE (two puzzles a page, or each with its solution), or of "
+    "record N alone, to a PDF file",
+    80, RunPrint};
+const Registration kPrintReg(kPrint);
+
+// Messages go to standard output, one line each; questions are answered Yes.
+class PrintUi : public SilentUserInterface {
+ public:
+  void ShowMessage(const std::string& text) override { std::printf("%s\n", text.c_str()); }
+};
+
+// The answer Form5 would give, and a PDF file as the printer.
+class PdfPrintJobs : public PrintJobs {
+ public:
+  PdfPrintJobs(std::string answer, std::string out, QPageSize paper)
+      : answer_(std::move(answer)), out_(std::move(out)), paper_(std::move(paper)) {}
+  std::string AskPrintFile(const std::string&) override { return answer_; }
+  PrintSurface* StartJob() override {
+    job_ = std::make_unique<PdfJob>(paper_, strip_);
+    return &job_->Surface();
+  }
+  std::string EndJob() override {
+    failed_ = !job_->Save(out_);
+    return failed_ ? kPdfWriteError + out_ : "";
+  }
+  bool Failed() const { return failed_; }
+
+ private:
+  std::string answer_, out_;
+  QPageSize paper_;
+  SuitStrip strip_;
+  std::unique_ptr<PdfJob> job_;
+  bool failed_ = false;
+};
+
+struct PrintArgs {
+  std::string file, pdf, from = "1", to, what = "both", paper = "a4";
+  bool solutions = false, current = false, range = false;
+  long long number = 0;
+};
+
+// An empty text when the arguments are sound, otherwise what is wrong.
+std::string Parse(const std::vector<std::string>& args, PrintArgs& a) {
+  for (size_t i = 0; i < args.size(); ++i) {
+    const std::string& arg = args[i];
+    const bool hasValue = i + 1 < args.size();
+    if (arg == "--solutions") {
+      a.solutions = a.range = true;
+    } else if (arg == "--pdf" || arg == "--from" || arg == "--to" || arg == "--paper" || arg == "--what" ||
+               arg == "--current") {
+      if (!hasValue) return arg + " needs a value";
+      const std::string& value = args[++i];
+      if (arg == "--pdf") a.pdf = value;
+      if (arg == "--from") a.from = value, a.range = true;
+      if (arg == "--to") a.to = value, a.range = true;
+      if (arg == "--paper") a.paper = value;
+      if (arg == "--what") a.what = value;
+      if (arg == "--current" && !ParseInt(value, a.number)) return "N must be a whole number";
+      a.current = a.current || arg == "--current";
+    } else if (a.file.empty() && (arg.empty() || arg[0] != '-')) {
+      a.file = arg;
+    } else {
+      return "unexpected argument '" + arg + "'";
+    }
+  }
+  if (a.file.empty() || a.pdf.empty()) return "expected FILE and --pdf OUT.pdf";
+  if (a.paper != "a4" && a.paper != "letter") return "--paper is a4 or letter";
+  if (a.what != "puzzle" && a.what != "solution" && a.what != "both")
+    return "--what is puzzle, solution or both";
+  if (a.current && a.range) return "--current prints one record; --from, --to and --solutions print a range";
+  return "";
+}
+
+// Qt draws the pages, always offscreen: a command-line run opens no window and
+// must not depend on a display being there.
+std::unique_ptr<QGuiApplication> PageApplication() {
+  ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  static int argc = 1;
+  static char name[] = "velmora-cli";
+  static char* argv[] = {name, nullptr};
+  return std::make_unique<QGuiApplication>(argc, argv);
+}
+
+int PrintCurrent(const PrintArgs& a, PdfPrintJobs& jobs, PrintUi& ui) {
+  GameState s;
+  std::string title;
+  const int n = a.number > 2147483647LL
+                    ? 2147483647
+                    : (a.number < -2147483647LL ? -2147483647 : static_cast<int>(a.number));
+  if (LoadPuzzle(s, ui, a.file, n, title, 0) != 0) {
+    std::printf("not found\n");
+    return 1;
+  }
+  if (a.what == "puzzle") mnuprintcurrentpuz(s, ui, jobs);
+  if (a.what == "solution") mnuprintcurrentsol(s, ui, jobs);
+  if (a.what == "both") mnuprintcurrent(s, ui, jobs);
+  return jobs.Failed() ? 1 : 0;
+}
+
+int RunPrint(const std::vector<std::string>& args) {
+  PrintArgs a;
+  if (const std::string problem = Parse(args, a); !problem.empty()) return UsageError(kPrint, problem);
+  const auto app = PageApplication();
+  const QPageSize paper(a.paper == "letter" ? QPageSize::Letter : QPageSize::A4);
+  PrintUi ui;
+  if (a.current) {
+    PdfPrintJobs jobs("", a.pdf, paper);
+    return PrintCurrent(a, jobs, ui);
+  }
+  if (a.to.empty()) a.to = NumText(CountPuzzles(a.file));
+  const std::string answer = Form5Answer(ui, a.file, a.from, a.to, a.solutions, 1);
+  if (answer.empty()) return 1;
+  PdfPrintJobs jobs(answer, a.pdf, paper);
+  GameState s;
+  mnuprintfile(s, ui, jobs);
+  return jobs.Failed() ? 1 : 0;
+}
+
+}  // namespace
+}  // namespace velmora::cli

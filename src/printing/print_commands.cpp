@@ -1,0 +1,222 @@
+// Printed pages of puzzles and solutions, and the Print menu's commands.
+#include "printing/print_commands.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "board/geometry.h"
+#include "files/puzzle_file.h"
+#include "files/text_file.h"
+#include "model/rules.h"
+#include "model/text.h"
+
+namespace velmora {
+namespace {
+
+constexpr int kPageX = 1800;
+constexpr int kTopY = 1400;
+constexpr int kFileLowerY = 8400;     // the lower grid of a file page
+constexpr int kCurrentLowerY = 8500;  // the solution under the puzzle of "Puzzle and Solution"
+
+// Loads inside the print loop: their pointer and control updates stay off
+// the window, which shows the remembered puzzle again afterwards.
+class QuietUi : public SilentUserInterface {
+ public:
+  explicit QuietUi(UserInterface& ui) : ui_(ui) {}
+  void ShowMessage(const std::string& text) override { ui_.ShowMessage(text); }
+  bool AskYesNo(const std::string& text) override { return ui_.AskYesNo(text); }
+
+ private:
+  UserInterface& ui_;
+};
+
+void PrintValue(const GameState& s, PrintSurface& p, int v, int x, int y) {
+  if (v < 1) {
+    p.Box(x, y, x + kCellSize, y + kCellSize);
+    return;
+  }
+  // What CellRank and CellSuit read for a cell holding v.
+  const bool known = CardCodeTable::InRange(v);
+  PrintCell(p, known ? s.CardCodes.Rank(v) : 0, known ? std::string(1, s.CardCodes.SuitLetter(v)) : "", x, y);
+}
+
+int NumberValue(const std::string& text) {
+  const double v = std::clamp(Val(text), -2147483647.0, 2147483647.0);
+  return static_cast<int>(std::nearbyint(v));
+}
+
+// The Current commands: the question, one page, the end of the job and "Done".
+template <typename Draw>
+void PrintCurrent(UserInterface& ui, PrintJobs& jobs, const char* question, Draw draw) {
+  if (!ui.AskYesNo(question)) return;
+  PrintSurface* page = jobs.StartJob();
+  if (!page) return;
+  draw(*page);
+  const std::string failure = jobs.EndJob();
+  ui.ShowMessage(failure.empty() ? "Done" : failure);
+}
+
+void PrintCurrentPage(const GameState& s, PrintSurface& page, int mode) {
+  int x = kPageX, y = kTopY;
+  PrintPage(s, page, x, y, NumberValue(s.view.PuzNumNow), s.view.PuzTitle, mode);
+}
+
+struct PrintFileChoice {
+  std::string file;
+  long long first = 0, last = 0;
+  bool solutions = false;
+};
+
+// The answer's fields from the right, so a file name may hold commas.
+bool ParseAnswer(const std::string& answer, PrintFileChoice& c) {
+  std::string fields[4];
+  size_t end = answer.size();
+  for (int i = 3; i >= 0; --i) {
+    const size_t comma = end == 0 ? std::string::npos : answer.rfind(',', end - 1);
+    if (comma == std::string::npos) return false;
+    fields[i] = answer.substr(comma + 1, end - comma - 1);
+    end = comma;
+  }
+  c.file = answer.substr(0, end);
+  c.first = NumberValue(fields[0]);
+  c.last = NumberValue(fields[1]);
+  c.solutions = NumberValue(fields[2]) == 1;
+  return true;  // fields[3], the per-page choice, decides nothing
+}
+
+void PrintRange(const GameState& s, UserInterface& ui, PrintSurface& page, const PrintFileChoice& c) {
+  GameState work = s;
+  QuietUi quiet(ui);
+  std::string title;
+  auto print = [&](long long n, int y, int mode) {
+    int x = kPageX;
+    PrintPage(work, page, x, y, static_cast<int>(n), title, mode);
+  };
+  auto load = [&](long long n) {
+    return LoadPuzzle(work, quiet, c.file, static_cast<int>(n), title, 0) == 0;
+  };
+  if (c.solutions) {
+    for (long long n = c.first; n <= c.last; ++n) {
+      if (!load(n)) continue;
+      print(n, kTopY, 0);
+      print(n, kFileLowerY, 1);
+      page.NewPage();
+    }
+    return;
+  }
+  for (long long n = c.first; n <= c.last; n += 2) {
+    if (load(n)) print(n, kTopY, 0);
+    if (n + 1 > c.last) break;
+    if (load(n + 1)) print(n + 1, kFileLowerY, 0);
+    page.NewPage();
+  }
+}
+
+}  // namespace
+
+void PrintCell(PrintSurface& p, int rank, const std::string& suitLetter, int x, int y) {
+  const int suit = std::max(0, SuitListIndex(suitLetter));
+  std::string rankText;
+  if (rank != -1) {
+    p.Box(x, y, x + kCellSize, y + kCellSize);
+    if (rank >= -1 && rank <= 13) rankText = RankLetter(rank);
+  }
+  p.Symbol(suit, x + 60, y + 50, kPrintSymbolSize);
+  p.Text(x + 560, y + 500, 14, true, rankText);
+}
+
+void PrintPage(const GameState& s, PrintSurface& p, int& originX, int& originY, int number,
+               const std::string& title, int mode) {
+  p.Text(originX, originY, 8, false, (mode == 0 ? "Puz#" : "Sol#") + NumText(number) + ":" + title);
+  originY += 200;
+  for (int row = 1; row <= LoopRows(s); ++row) {
+    for (int col = 1; col <= LoopCols(s); ++col) {
+      const int v = mode == 1 ? s.SolutionGrid[row][col] : s.Grid[row][col];
+      PrintValue(s, p, v, s.CellX[row][col] + originX, s.CellY[row][col] + originY);
+    }
+  }
+  if (mode == 0) {
+    // Beside the grid, one line per suit in the height of rows 1 to 4.
+    for (int suit = 1; suit <= 4; ++suit) {
+      const int x = s.TextX[suit][7] + originX + 900, y = s.TextY[suit][1] + originY;
+      PrintCell(p, -1, std::string(1, kSuitLetters[suit]), x, y - 100);
+      const auto& remain = s.Remain[static_cast<size_t>(suit - 1)];
+      for (size_t i = 0; i < remain.size(); ++i) {
+        p.Text(x + 500 + 300 * static_cast<int>(i), y, 14, true, remain[i].substr(0, 1));
+      }
+    }
+  }
+  p.Text(s.TextX[1][6] + originX + 500, originY - 200, 6, false, kPrintFooter);
+}
+
+void PrintPuzzleAndSolution(const GameState& s, PrintSurface& p) {
+  const int number = NumberValue(s.view.PuzNumNow);
+  int x = kPageX, y = kTopY;
+  PrintPage(s, p, x, y, number, "", 0);
+  x = kPageX, y = kCurrentLowerY;
+  PrintPage(s, p, x, y, number, "", 1);
+}
+
+void mnuprintcurrentpuz(GameState& s, UserInterface& ui, PrintJobs& jobs) {
+  PrintCurrent(ui, jobs, "Print Current Puzzle?", [&](PrintSurface& p) { PrintCurrentPage(s, p, 0); });
+}
+
+void mnuprintcurrentsol(GameState& s, UserInterface& ui, PrintJobs& jobs) {
+  PrintCurrent(ui, jobs, "Print Current solution?", [&](PrintSurface& p) { PrintCurrentPage(s, p, 1); });
+}
+
+void mnuprintcurrent(GameState& s, UserInterface& ui, PrintJobs& jobs) {
+  PrintCurrent(ui, jobs, "Print Current Puzzle and Solution?",
+               [&](PrintSurface& p) { PrintPuzzleAndSolution(s, p); });
+}
+
+int CountPrintablePuzzles(const std::string& file) {
+  LineReader reader(file);
+  int count = 0;
+  std::string line;
+  while (reader.ReadLine(line)) {
+    if (!line.empty() && line[0] == '#' && Val(std::string_view(line).substr(1)) > 0) ++count;
+  }
+  return count;
+}
+
+std::string Form5Answer(UserInterface& ui, const std::string& file, const std::string& first,
+                        const std::string& last, bool solutions, int perPage) {
+  const int count = CountPrintablePuzzles(file);
+  if (count == 0) {
+    ui.ShowMessage("No puzzles in this file: " + file);
+    return "";
+  }
+  if (Val(first) < 1 || Val(last) > count) {
+    ui.ShowMessage("Invalid from or to puzzle number");
+    return "";
+  }
+  return file + "," + first + "," + last + "," + Str(solutions ? 1 : 0) + "," + Str(perPage);
+}
+
+void mnuprintfile(GameState& s, UserInterface& ui, PrintJobs& jobs) {
+  if (s.Solving == 1) {
+    ui.ShowMessage("Cancel AutoSolve first");
+    return;
+  }
+  const std::string answer = jobs.AskPrintFile(s.CurrentPuzzleFile);
+  ui.Yield();
+  PrintFileChoice choice;
+  if (answer.empty() || answer == "X" || !ParseAnswer(answer, choice)) return;
+  PrintSurface* page = jobs.StartJob();
+  if (!page) return;
+  ui.SetBusy(true);
+  const std::string rememberedFile = s.CurrentPuzzleFile;
+  const int remembered = s.CurrentPuzzleNumber;
+  s.CancelRequest = 0;
+  PrintRange(s, ui, *page, choice);
+  const std::string failure = jobs.EndJob();
+  s.CancelRequest = 0;
+  s.view.NewLab.clear();
+  std::string title;
+  LoadPuzzle(s, ui, rememberedFile, remembered == -1 ? 1 : remembered, title, 1);
+  ui.SetBusy(false);
+  ui.ShowMessage(failure.empty() ? "Done" : failure);
+}
+
+}  // namespace velmora

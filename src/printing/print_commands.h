@@ -1,0 +1,71 @@
+// Printed pages of puzzles and solutions, and the Print menu's commands.
+#pragma once
+
+#include <string>
+
+#include "model/game_state.h"
+#include "model/user_interface.h"
+
+namespace velmora {
+
+// The printed size of a suit symbol: the strip's 550 twips at 1 / 1.5.
+inline constexpr int kPrintSymbolSize = 367;
+inline constexpr const char* kPrintFooter = "Velmora Version 1.0";
+// Form5's printer list ends with this item; it asks for a file name instead.
+inline constexpr const char* kPdfPrinterName = "PDF file";
+
+// A printer as the print commands use it: positions in twips from the page's
+// top-left corner, font sizes in points, everything in black.
+class PrintSurface {
+ public:
+  virtual ~PrintSurface() = default;
+  // `text` with the top-left corner of its line at (x, y).
+  virtual void Text(int x, int y, int points, bool bold, const std::string& text) = 0;
+  // The outline of the rectangle from (x1, y1) to (x2, y2).
+  virtual void Box(int x1, int y1, int x2, int y2) = 0;
+  // Suit symbol `suit` (0 S, 1 H, 2 D, 3 C) of the strip, `size` twips square at (x, y).
+  virtual void Symbol(int suit, int x, int y, int size) = 0;
+  // Later marks go on a fresh page; a page is only started by a mark on it.
+  virtual void NewPage() = 0;
+};
+
+// The printer service behind the commands: Form5 and the print jobs.
+class PrintJobs {
+ public:
+  virtual ~PrintJobs() = default;
+  // Form5 with `file` in FileNow, run modally; its answer text.
+  virtual std::string AskPrintFile(const std::string& file) = 0;
+  // A job on the current printer; nullptr when none was started (a cancelled file dialog).
+  virtual PrintSurface* StartJob() = 0;
+  // Ends the job: the pages go out. "" when done, otherwise what went wrong.
+  virtual std::string EndJob() = 0;
+};
+
+// One card cell; rank -1 prints the suit symbol alone, without a box.
+void PrintCell(PrintSurface& p, int rank, const std::string& suitLetter, int x, int y);
+
+// Heading, grid and, for mode 0 (puzzle), the remaining cards; mode 1 prints
+// the stored solution. Adds 200 to originY, as callers expect.
+void PrintPage(const GameState& s, PrintSurface& p, int& originX, int& originY, int number,
+               const std::string& title, int mode);
+
+// The page of "Puzzle and Solution": both grids, the headings without a title.
+void PrintPuzzleAndSolution(const GameState& s, PrintSurface& p);
+
+// Print > Current: "Puzzle", "Solution", "Puzzle and Solution".
+void mnuprintcurrentpuz(GameState& s, UserInterface& ui, PrintJobs& jobs);
+void mnuprintcurrentsol(GameState& s, UserInterface& ui, PrintJobs& jobs);
+void mnuprintcurrent(GameState& s, UserInterface& ui, PrintJobs& jobs);
+
+// Header lines whose number is above 0: what Form5's "Print" counts.
+int CountPrintablePuzzles(const std::string& file);
+
+// Form5's "Print" checks on the range of `file`: shows the refusal and
+// returns "", or returns the dialog's answer text. `perPage` is 1, 2 or 4.
+std::string Form5Answer(UserInterface& ui, const std::string& file, const std::string& first,
+                        const std::string& last, bool solutions, int perPage);
+
+// Print > "Puzzle File": a range of a file, with or without solutions.
+void mnuprintfile(GameState& s, UserInterface& ui, PrintJobs& jobs);
+
+}  // namespace velmora

@@ -1,0 +1,171 @@
+// Form5, "Print Puzzles From File": the printer, the file, the range and
+// whether solutions print, handed back as one answer text.
+#include "printing/ui/form5.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPrinterInfo>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "controls/ui/fndialog.h"
+#include "files/file_commands.h"
+#include "files/puzzle_file.h"
+#include "model/text.h"
+#include "printing/print_commands.h"
+
+namespace velmora {
+namespace {
+
+QString Q(const std::string& text) {
+  return QString::fromLocal8Bit(text.data(), static_cast<qsizetype>(text.size()));
+}
+std::string S(const QString& text) { return text.toLocal8Bit().toStdString(); }
+
+QGroupBox* Group(const QString& objectName, const QString& title, const QString& tip, QWidget* parent) {
+  auto* box = new QGroupBox(title, parent);
+  box->setObjectName(objectName);
+  box->setToolTip(tip);
+  return box;
+}
+
+template <typename T>
+T* Named(T* widget, const QString& objectName) {
+  widget->setObjectName(objectName);
+  return widget;
+}
+
+}  // namespace
+
+Form5::Form5(QWidget* parent) : QDialog(parent) {
+  setObjectName(QStringLiteral("Form5"));
+  setWindowTitle(QStringLiteral("Print Puzzles From File"));
+
+  auto* frame5 = Group(QStringLiteral("Frame5"), QStringLiteral("Printer"),
+                       QStringLiteral("Select a printer for output"), this);
+  combo1_ = Named(new QComboBox(frame5), QStringLiteral("Combo1"));
+  (new QHBoxLayout(frame5))->addWidget(combo1_);
+  BuildPrinterList();
+
+  auto* inFileFrame = Group(QStringLiteral("InFileFrame"), QStringLiteral("Puzzles File"),
+                            QStringLiteral("Puzzles to be printed are stored in this file"), this);
+  fileNow_ = Named(new QLineEdit(inFileFrame), QStringLiteral("FileNow"));
+  fileNow_->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('x')) * 48);
+  // gf1 lends its browse button; the name itself is typed in FileNow.
+  gf1_ = Named(new FNDialog(inFileFrame), QStringLiteral("gf1"));
+  if (auto* own = gf1_->findChild<QLineEdit*>(QStringLiteral("Text"))) own->hide();
+  auto* inFileLayout = new QHBoxLayout(inFileFrame);
+  inFileLayout->addWidget(fileNow_, 1);
+  inFileLayout->addWidget(gf1_);
+
+  auto* frame1 = Group(QStringLiteral("Frame1"), QStringLiteral("Number of Puzzles to Print"),
+                       QStringLiteral("Specify start and end puzzle numbers"), this);
+  text1_ = Named(new QLineEdit(QStringLiteral("1"), frame1), QStringLiteral("Text1"));
+  text2_ = Named(new QLineEdit(QStringLiteral("1"), frame1), QStringLiteral("Text2"));
+  for (QLineEdit* number : {text1_, text2_})
+    number->setFixedWidth(number->fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + 16);
+  auto* frame1Layout = new QHBoxLayout(frame1);
+  frame1Layout->addWidget(Named(new QLabel(QStringLiteral("From"), frame1), QStringLiteral("Label1")));
+  frame1Layout->addWidget(text1_);
+  frame1Layout->addWidget(Named(new QLabel(QStringLiteral("To"), frame1), QStringLiteral("Label2")));
+  frame1Layout->addWidget(text2_);
+
+  auto* frame2 = Group(QStringLiteral("Frame2"), QStringLiteral("Print Solution"),
+                       QStringLiteral("Print solution if it exists in file"), this);
+  check1_ = Named(new QCheckBox(QStringLiteral("Yes"), frame2), QStringLiteral("Check1"));
+  (new QHBoxLayout(frame2))->addWidget(check1_);
+
+  // The layout follows the solution choice alone, so this frame stays hidden.
+  auto* frame3 = Group(QStringLiteral("Frame3"), QStringLiteral("Puzzles per page"),
+                       QStringLiteral("Puzzle per page"), this);
+  auto* frame3Layout = new QHBoxLayout(frame3);
+  const QString perPage[3] = {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("4")};
+  for (size_t i = 0; i < option1_.size(); ++i) {
+    option1_[i] = Named(new QRadioButton(perPage[i], frame3), QStringLiteral("Option1_%1").arg(i));
+    frame3Layout->addWidget(option1_[i]);
+  }
+  option1_[0]->setChecked(true);
+  frame3->hide();
+
+  auto* command1 = Named(new QPushButton(QStringLiteral("Print"), this), QStringLiteral("Command1"));
+  command1->setToolTip(QStringLiteral("Print puzzles and exit"));
+  command1->setDefault(true);
+  auto* command2 = Named(new QPushButton(QStringLiteral("Exit"), this), QStringLiteral("Command2"));
+  command2->setToolTip(QStringLiteral("Take no action and exit"));
+  command2->setAutoDefault(false);
+
+  auto* grid = new QGridLayout(this);
+  grid->addWidget(frame5, 0, 0, 1, 2);
+  grid->addWidget(inFileFrame, 1, 0, 1, 2);
+  grid->addWidget(frame1, 2, 0);
+  grid->addWidget(frame2, 2, 1);
+  grid->addWidget(frame3, 3, 0, 1, 2);
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch(1);
+  buttons->addWidget(command1);
+  buttons->addWidget(command2);
+  grid->addLayout(buttons, 4, 0, 1, 2);
+  grid->setSizeConstraint(QLayout::SetFixedSize);
+
+  connect(gf1_, &FNDialog::Browse, this, [this] { Browse(); });
+  connect(command1, &QPushButton::clicked, this, [this] { Print(); });
+  connect(command2, &QPushButton::clicked, this, [this] {
+    answer_ = "X";
+    reject();
+  });
+}
+
+void Form5::BuildPrinterList() {
+  const QStringList printers = QPrinterInfo::availablePrinterNames();
+  combo1_->addItems(printers);
+  combo1_->addItem(QString::fromLatin1(kPdfPrinterName));
+  const QString system = QPrinterInfo::defaultPrinterName();
+  currentPrinter_ = printers.contains(system) ? system : QString::fromLatin1(kPdfPrinterName);
+  combo1_->setCurrentText(currentPrinter_);
+}
+
+std::string Form5::Ask(UserInterface& ui, const std::string& file, const std::string& appFolder) {
+  ui_ = &ui;
+  fileNow_->setText(Q(file));
+  appFolder_ = Q(appFolder);
+  answer_.clear();
+  combo1_->setCurrentText(currentPrinter_);
+  exec();
+  ui_ = nullptr;
+  return answer_;
+}
+
+void Form5::showEvent(QShowEvent* event) {
+  text2_->setText(Q(NumText(CountPuzzles(S(fileNow_->text())))));
+  QDialog::showEvent(event);
+}
+
+void Form5::Browse() {
+  gf1_->SetTitle(QStringLiteral("Select a Puzzle file to print"));
+  gf1_->SetFileTypes(QString::fromLatin1(kPuzzleFileTypes));
+  gf1_->SetFileTypesName(QString::fromLatin1(kPuzzleFileTypesName));
+  // The title the dialog finally shows, as with every file box of the program.
+  gf1_->SetTitle(QStringLiteral("velmora"));
+  gf1_->SetDefaultDir(appFolder_);
+  const QString name = gf1_->ShowFileDialog(QStringLiteral("OPEN"));
+  if (!name.isEmpty()) fileNow_->setText(name);
+}
+
+void Form5::Print() {
+  currentPrinter_ = combo1_->currentText();
+  if (!ui_) return;
+  const int perPage = option1_[2]->isChecked() ? 4 : (option1_[1]->isChecked() ? 2 : 1);
+  const std::string answer = Form5Answer(*ui_, S(fileNow_->text()), S(text1_->text()), S(text2_->text()),
+                                         check1_->isChecked(), perPage);
+  if (answer.empty()) return;
+  answer_ = answer;
+  accept();
+}
+
+}  // namespace velmora

@@ -1,0 +1,61 @@
+// Printed pages drawn on any QPainter device in twips: paper, a PDF file, an image.
+#pragma once
+
+#include <QBuffer>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+#include <string>
+
+#include "board/ui/board_painter.h"
+#include "printing/print_commands.h"
+
+namespace velmora {
+
+// What a print job says when its PDF file cannot be written, before the name.
+inline constexpr const char* kPdfWriteError = "Error writing file: ";
+
+// A print surface on `device` (a QPrinter, a QPdfWriter, a QImage). The
+// painter opens at the first mark, so a job that marks nothing prints
+// nothing; a page break waits for a mark on the new page.
+class PagePainter : public PrintSurface {
+ public:
+  PagePainter(QPaintDevice& device, SuitStrip& strip) : device_(device), strip_(strip) {}
+
+  void Text(int x, int y, int points, bool bold, const std::string& text) override;
+  void Box(int x1, int y1, int x2, int y2) override;
+  void Symbol(int suit, int x, int y, int size) override;
+  void NewPage() override { newPage_ = pages_ > 0; }
+
+  // Ends the painting; false when the device refused it.
+  bool End();
+  int Pages() const { return pages_; }
+
+ private:
+  QPainter& Mark();
+
+  QPaintDevice& device_;
+  SuitStrip& strip_;
+  QPainter painter_;
+  int pages_ = 0;
+  bool newPage_ = false;
+  bool failed_ = false;
+};
+
+// Pages collected as a PDF document in memory, then saved in one piece.
+class PdfJob {
+ public:
+  PdfJob(const QPageSize& paper, SuitStrip& strip);
+  PrintSurface& Surface() { return painter_; }
+  // Ends the document and writes it to `path` through a temporary file and a
+  // rename; a job without pages writes nothing. False on a write error.
+  bool Save(const std::string& path);
+  int Pages() const { return painter_.Pages(); }
+
+ private:
+  QBuffer buffer_;
+  QPdfWriter writer_;
+  PagePainter painter_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,199 @@
+// Printed pages as marks on a recording printer: headings, cells, remaining
+// cards, the Current commands and the print loop over a file.
+#include "printing/print_commands.h"
+
+#include <gtest/gtest.h>
+
+#include "recording_ui.h"
+#include "test_support.h"
+
+namespace velmora {
+namespace {
+
+using Strings = std::vector<std::string>;
+
+// Every mark as "T x,y size text", "B x,y" or "S x,y suit", page by page;
+// like a printer, a page break only shows once something is marked after it.
+struct RecordingPage : PrintSurface {
+  void Text(int x, int y, int points, bool, const std::string& text) override {
+    Add("T " + At(x, y) + " " + std::to_string(points) + " " + text);
+  }
+  void Box(int x1, int y1, int x2, int y2) override {
+    EXPECT_EQ(x2 - x1, 810);
+    EXPECT_EQ(y2 - y1, 810);
+    Add("B " + At(x1, y1));
+  }
+  void Symbol(int suit, int x, int y, int) override { Add("S " + At(x, y) + " " + std::to_string(suit)); }
+  void NewPage() override { pending = !pages.empty(); }
+  static std::string At(int x, int y) { return std::to_string(x) + "," + std::to_string(y); }
+  void Add(const std::string& mark) {
+    if (pages.empty() || pending) pages.emplace_back();
+    pending = false;
+    pages.back().push_back(mark);
+  }
+  // The headings of each page.
+  std::vector<Strings> Headings() const {
+    std::vector<Strings> out;
+    for (const Strings& page : pages) {
+      out.emplace_back();
+      for (const std::string& m : page)
+        if (m.find("Puz#") != std::string::npos || m.find("Sol#") != std::string::npos)
+          out.back().push_back(m.substr(m.rfind(' ', m.find('#')) + 1));
+    }
+    return out;
+  }
+  bool Has(const std::string& mark) const {
+    for (const Strings& page : pages)
+      if (std::find(page.begin(), page.end(), mark) != page.end()) return true;
+    return false;
+  }
+  std::vector<Strings> pages;
+  bool pending = false;
+};
+
+struct RecordingJobs : PrintJobs {
+  std::string AskPrintFile(const std::string& file) override {
+    shownFile = file;
+    return answer;
+  }
+  PrintSurface* StartJob() override { return &page; }
+  std::string EndJob() override { return ++ended, ""; }
+  std::string answer, shownFile;
+  RecordingPage page;
+  int ended = 0;
+};
+
+TEST(PrintPage, HeadingCellsAndRemainingCardsOfPuzzleAndSolution) {
+  GameState s = test::Loaded(test::SampleFile(), 1);
+  s.Grid[1][2] = -3;  // a suit-only mark prints as an empty box
+  RecordingPage page;
+  int x = 1800, y = 1400;
+  PrintPage(s, page, x, y, 12, "Easy 3", 0);
+  EXPECT_EQ(y, 1600);
+  const Strings& p = page.pages.at(0);
+  EXPECT_EQ(p.front(), "T 1800,1400 8 Puz#12:Easy 3");
+  EXPECT_TRUE(page.Has("T 6630,1400 6 Velmora Version 1.0"));
+  // Row 1 of record 1: R (card 18, 5 of hearts), the mark, \ (28, 7 of clubs).
+  for (const char* mark : {"B 1830,1630", "S 1890,1680 1", "T 2390,2130 14 5", "B 2640,1630", "B 3450,1630",
+                           "S 3510,1680 3", "T 4010,2130 14 7", "S 7900,1730 0"})
+    EXPECT_TRUE(page.Has(mark)) << mark;
+  EXPECT_FALSE(page.Has("S 2700,1680 2"));
+
+  // Beside the puzzle the cards still to place, 300 twips apart per suit line;
+  // beside the solution nothing.
+  Strings beside, expected;
+  for (const std::string& m : p)
+    if (m[0] == 'T' && m.back() != ' ' && std::stoi(m.substr(2)) >= 7840) beside.push_back(m);
+  for (int suit = 0; suit < 4; ++suit)
+    for (size_t i = 0; i < s.Remain[suit].size(); ++i)
+      expected.push_back("T " + RecordingPage::At(8340 + 300 * static_cast<int>(i), 1780 + 810 * suit) +
+                         " 14 " + s.Remain[suit][i].substr(0, 1));
+  EXPECT_FALSE(expected.empty());
+  EXPECT_EQ(beside, expected);
+
+  RecordingPage solution;
+  x = 1800, y = 8400;
+  PrintPage(s, solution, x, y, 12, "Easy 3", 1);
+  EXPECT_EQ(solution.pages.at(0).front(), "T 1800,8400 8 Sol#12:Easy 3");
+  EXPECT_TRUE(solution.Has("S 2700,8680 0"));  // the solution's spade where the mark was
+  for (const std::string& m : solution.pages.at(0)) EXPECT_LT(std::stoi(m.substr(2)), 7500) << m;
+}
+
+TEST(PrintCurrent, QuestionsTitlesOriginsAndDone) {
+  struct Case {
+    void (*command)(GameState&, UserInterface&, PrintJobs&);
+    const char* question;
+    Strings headings;
+  };
+  const Case cases[] = {
+      {mnuprintcurrentpuz, "Print Current Puzzle?", {"Puz#2:Sample 2"}},
+      {mnuprintcurrentsol, "Print Current solution?", {"Sol#2:Sample 2"}},
+      {mnuprintcurrent, "Print Current Puzzle and Solution?", {"Puz#2:", "Sol#2:"}},
+  };
+  GameState s = test::Loaded(test::SampleFile(), 2);
+  for (const Case& c : cases) {
+    for (bool yes : {false, true}) {
+      test::RecordingUi ui;
+      ui.answer = yes;
+      RecordingJobs jobs;
+      c.command(s, ui, jobs);
+      EXPECT_EQ(ui.questions, Strings{c.question});
+      EXPECT_EQ(ui.messages, yes ? Strings{"Done"} : Strings{});
+      EXPECT_EQ(jobs.page.Headings(), yes ? std::vector<Strings>{c.headings} : std::vector<Strings>{})
+          << c.question;
+    }
+  }
+}
+
+struct FileDesk {
+  FileDesk() {
+    // Record 4 breaks off after its size line: the loop skips it.
+    const std::string broken = "#4\r\nT4\r\n 7, 7, 49\r\n";
+    file = dir.Write("p.vlm", test::Record(1, "T1") + test::Record(2, "T2", 1) + test::Record(3, "T3", 2) +
+                                  broken + test::Record(5, "T5", 4) + test::Record(6, "T6", 5));
+    s = test::Loaded(file, 2);
+    s.CurrentPuzzleFile = file;
+  }
+  std::vector<Strings> Print(const std::string& answer) {
+    jobs.answer = answer;
+    mnuprintfile(s, ui, jobs);
+    return jobs.page.Headings();
+  }
+  test::TempDir dir;
+  std::string file;
+  GameState s;
+  test::RecordingUi ui;
+  RecordingJobs jobs;
+};
+
+TEST(PrintFile, PagesOfBothLayoutsAndTheBoardAfterwards) {
+  using Pages = std::vector<Strings>;
+  struct Case {
+    const char* fields;
+    Pages pages;
+  };
+  // Record 6 follows the odd last number 5 and stays off the last page.
+  const Pages pairs = {{"Puz#1:T1", "Puz#2:T2"}, {"Puz#3:T3"}, {"Puz#5:T5"}};
+  const Case cases[] = {
+      {",1,5, 0, 1", pairs}, {",1,5, 0, 2", pairs},
+      {",1,5, 0, 4", pairs}, {",2,4, 1, 1", {{"Puz#2:T2", "Sol#2:T2"}, {"Puz#3:T3", "Sol#3:T3"}}},
+      {",4,2, 0, 1", {}},    {",4,2, 1, 1", {}},
+  };
+  for (const Case& c : cases) {
+    FileDesk desk;
+    const Board<int32_t> shown = desk.s.Grid;
+    EXPECT_EQ(desk.Print(desk.file + c.fields), c.pages) << c.fields;
+    EXPECT_EQ(desk.jobs.shownFile, desk.file);
+    EXPECT_EQ(desk.ui.messages, Strings{"Done"});
+    EXPECT_EQ(desk.jobs.ended, 1);
+    EXPECT_EQ(desk.s.CurrentPuzzleNumber, 2);
+    EXPECT_EQ(desk.s.view.PuzTitle, "T2");
+    EXPECT_TRUE(desk.s.Grid == shown);
+    EXPECT_FALSE(desk.ui.busy);
+  }
+  // The lower puzzle of a page sits 7000 twips below the upper one.
+  FileDesk desk;
+  desk.Print(desk.file + ",1,2, 0, 1");
+  EXPECT_TRUE(desk.jobs.page.Has("B 1830,8630"));
+}
+
+TEST(PrintFile, RefusalsExitAndAutoSolve) {
+  FileDesk desk;
+  const std::string empty = desk.dir.Write("empty.vlm", "no records\r\n#0\r\n");
+  test::RecordingUi ui;
+  EXPECT_EQ(Form5Answer(ui, empty, "1", "1", false, 1), "");
+  EXPECT_EQ(Form5Answer(ui, desk.file, "0", "2", false, 1), "");
+  EXPECT_EQ(Form5Answer(ui, desk.file, "1", "7", true, 4), "");
+  EXPECT_EQ(Form5Answer(ui, desk.file, "2", "5", true, 4), desk.file + ",2,5, 1, 4");
+  EXPECT_EQ(ui.messages, (Strings{"No puzzles in this file: " + empty, "Invalid from or to puzzle number",
+                                  "Invalid from or to puzzle number"}));
+
+  for (const char* answer : {"", "X"}) EXPECT_TRUE(desk.Print(answer).empty());
+  EXPECT_EQ(desk.jobs.ended, 0);
+  desk.s.Solving = 1;
+  EXPECT_TRUE(desk.Print(desk.file + ",1,2, 0, 1").empty());
+  EXPECT_EQ(desk.ui.messages, Strings{"Cancel AutoSolve first"});
+}
+
+}  // namespace
+}  // namespace velmora

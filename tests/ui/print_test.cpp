@@ -1,0 +1,147 @@
+// Printed pages rendered into images at known resolutions, and the Print
+// menu with its file dialog, a PDF file standing in for the printer.
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QPrintPreviewDialog>
+#include <QPushButton>
+
+#include "controls/ui/fndialog.h"
+#include "printing/ui/form5.h"
+#include "printing/ui/page_painter.h"
+#include "ui_support.h"
+
+namespace velmora {
+namespace {
+
+using test::Child;
+using test::Window;
+
+// The page of "Puzzle and Solution" on white paper at `dpi`.
+struct RenderedPage {
+  RenderedPage(const GameState& s, int dpi)
+      : image(12240 * dpi / 1440, 15840 * dpi / 1440, QImage::Format_RGB32) {
+    image.fill(Qt::white);
+    image.setDotsPerMeterX(static_cast<int>(dpi / 0.0254 + 0.5));
+    image.setDotsPerMeterY(static_cast<int>(dpi / 0.0254 + 0.5));
+    SuitStrip strip;
+    PagePainter page(image, strip);
+    PrintPuzzleAndSolution(s, page);
+    page.End();
+  }
+  bool Dark(int x, int y) const {
+    return qGray(image.pixel(x * image.width() / 12240, y * image.height() / 15840)) < 128;
+  }
+  // Whether anything is marked inside the twips rectangle.
+  bool Ink(int x1, int y1, int x2, int y2) const {
+    for (int y = y1; y <= y2; y += 5)
+      for (int x = x1; x <= x2; x += 5)
+        if (Dark(x, y)) return true;
+    return false;
+  }
+  // Height in twips of the ink inside a column of the rectangle.
+  int InkHeight(int x1, int y1, int x2, int y2) const {
+    int top = -1, bottom = -1;
+    for (int y = y1; y <= y2; y += 5)
+      if (Ink(x1, y, x2, y)) {
+        if (top < 0) top = y;
+        bottom = y;
+      }
+    return top < 0 ? 0 : bottom - top;
+  }
+  QImage image;
+};
+
+TEST(PrintedPage, GeometryAndPointSizesHoldAtEveryResolution) {
+  GameState s = test::Loaded(test::SampleFile(), 1);
+  s.Grid[1][2] = -3;
+  for (int dpi : {144, 300}) {
+    SCOPED_TRACE(dpi);
+    const RenderedPage page(s, dpi);
+    // The first cells' boxes: puzzle at (1830, 1630), solution at (1830, 8730).
+    for (int top : {1630, 8730}) {
+      EXPECT_TRUE(page.Dark(2200, top) && page.Dark(1830, top + 400));
+      EXPECT_FALSE(page.Ink(1850, top - 60, 2500, top - 30) || page.Ink(1770, top + 100, 1800, top + 700));
+    }
+    EXPECT_FALSE(page.Ink(2660, 1650, 3430, 2420));  // the suit-only mark: an empty box
+    EXPECT_TRUE(page.Ink(2660, 8750, 3430, 9520));   // the solution's card in its place
+    EXPECT_TRUE(page.Ink(8300, 1700, 12000, 2100));  // spades still to place beside the puzzle
+    EXPECT_FALSE(page.Ink(7600, 8700, 12200, 14400));
+    // A 14-point digit stands about 10 points (200 twips) high; 8-point heading capitals about 115.
+    EXPECT_NEAR(page.InkHeight(2400, 2090, 2620, 2410), 200, 30);
+    EXPECT_NEAR(page.InkHeight(1800, 1380, 1880, 1600), 115, 30);
+  }
+}
+
+// Runs `act` on Form5 each time it comes up.
+struct Form5Hand : test::Poller {
+  explicit Form5Hand(std::function<void(Form5*)> act)
+      : Poller([act] {
+          if (Form5* f = test::ModalDialog<Form5>()) act(f);
+        }) {}
+};
+
+void Press(Form5* f, const char* button) {
+  Child<QPushButton>(f, button, Qt::FindDirectChildrenOnly)->click();
+}
+
+TEST(Form1Print, PuzzleFileDialogChecksPrintsToPdfAndShowsThePuzzleBefore) {
+  Window win(2);
+  const std::string pdf = win.dir.File("out.pdf");
+  int shown = 0;
+  std::vector<std::string> seen;
+  Form5Hand hand([&](Form5* f) {
+    auto* combo = Child<QComboBox>(f, "Combo1");
+    auto* text2 = Child<QLineEdit>(f, "Text2");
+    seen.push_back(combo->itemText(combo->count() - 1).toStdString() + "|" +
+                   combo->currentText().toStdString() + "|" +
+                   Child<QLineEdit>(f, "FileNow")->text().toStdString() + "|" + text2->text().toStdString());
+    if (++shown == 1) {
+      EXPECT_EQ(f->windowTitle(), "Print Puzzles From File");
+      EXPECT_EQ(Child<QGroupBox>(f, "Frame1")->toolTip(), "Specify start and end puzzle numbers");
+      EXPECT_FALSE(Child<QGroupBox>(f, "Frame3")->isVisibleTo(f));
+      Child<QPushButton>(Child<FNDialog>(f, "gf1"), "Command1")->click();  // cancelled
+      win.hand.names = {pdf};
+      text2->setText("9");
+      return Press(f, "Command2");
+    }
+    Child<QLineEdit>(f, "Text1")->setText(shown == 2 ? "0" : "2");
+    Child<QCheckBox>(f, "Check1")->setChecked(true);
+    Press(f, "Command1");  // refused when "From" is 0, and the dialog stays
+    if (shown == 2) Child<QLineEdit>(f, "Text1")->setText("2"), Press(f, "Command1");
+  });
+  win.Trigger("mnuprintfile");
+  win.Trigger("mnuprintfile");
+  const std::string look = "PDF file|PDF file|" + win.Puzzles() + "|3";
+  EXPECT_EQ(seen, (std::vector<std::string>{look, look}));
+  EXPECT_EQ(win.hand.fileDialogs,
+            (std::vector<std::string>{"velmora|velmora Files (*.vlm *.txt *.dat)|" + win.dir.path() + "|OPEN",
+                                      "Print to PDF file|PDF Files (*.pdf)|" + win.dir.path() + "|SAVE"}));
+  EXPECT_EQ(win.hand.texts, (std::vector<std::string>{"Invalid from or to puzzle number", "Done"}));
+  const std::string written = win.dir.Read("out.pdf");
+  EXPECT_EQ(written.substr(0, 5), "%PDF-");
+  EXPECT_EQ(win.Text("PuzTitle"), "Sample 2");
+  EXPECT_EQ(win.s().CurrentPuzzleNumber, 2);
+}
+
+TEST(Form1Print, CurrentCommandsAskFirstAndPreviewShowsThePage) {
+  Window win(1);
+  win.hand.answers = {QMessageBox::No, QMessageBox::Yes};
+  win.hand.names = {win.dir.File("current")};
+  win.Trigger("mnuprintcurrentsol");
+  win.Trigger("mnuprintcurrent");
+  EXPECT_EQ(win.hand.texts, (std::vector<std::string>{"Print Current solution?",
+                                                      "Print Current Puzzle and Solution?", "Done"}));
+  EXPECT_EQ(win.dir.Read("current.pdf").substr(0, 5), "%PDF-");
+  bool previewed = false;
+  test::Poller closer([&] {
+    if (auto* preview = test::ModalDialog<QPrintPreviewDialog>()) previewed = true, preview->reject();
+  });
+  win.Trigger("mnuprintpreview");
+  EXPECT_TRUE(previewed);
+}
+
+}  // namespace
+}  // namespace velmora

@@ -176,8 +176,8 @@ class GenerateRun : public PuzzleJobs {
   uint64_t Total() const { return static_cast<uint64_t>(o_.count); }
   bool Over() const { return finished_ || gStop.load() || failed_ || handedOut_ >= Total(); }
 
-  // Whole records or none: an interrupted run or a full disk never leaves half
-  // a record, and the records of the chunks before stay.
+  // Whole records or none: an interrupted run never leaves half a record; a
+  // failed write is undone by the caller, back to the file before the run.
   void Flush(std::string& chunk, uint64_t& inChunk) {
     const bool appended = chunk.empty() || file_.Append(chunk);
     std::lock_guard lock(mutex_);
@@ -230,8 +230,12 @@ int RunGenerate(const std::vector<std::string>& args) {
   run.ShowProgressBar(::isatty(STDERR_FILENO) == 1);
   std::vector<std::thread> workers;
   for (int k = 0; k < jobs; ++k) workers.emplace_back([&run] { CreatePuzzles(run); });
-  const uint64_t written = run.WriteAll();
+  const long long before = file.Length();
+  uint64_t written = run.WriteAll();
   for (auto& w : workers) w.join();
+  // A full disk or another write error: the run adds nothing, so the file is
+  // exactly what it was before the command.
+  if (run.failed() && file.CutBack(before)) written = 0;
   std::signal(SIGINT, SIG_DFL);
   std::printf("%s new puzzles added to file:\n%s\n", Str(static_cast<long long>(written)).c_str(),
               o.file.c_str());

@@ -289,6 +289,15 @@ void LockedFile::RemoveIfCreated() {
   created_ = false;
 }
 
+long long LockedFile::Length() const {
+  struct stat st {};
+  return ok() && ::fstat(fd_, &st) == 0 ? static_cast<long long>(st.st_size) : -1;
+}
+
+bool LockedFile::CutBack(long long length) {
+  return ok() && length >= 0 && ::ftruncate(fd_, static_cast<off_t>(length)) == 0;
+}
+
 bool WriteFileAtomically(const std::string& path, const std::string& contents, int* error) {
   LockedFile file(path, true);
   const bool ok = file.Replace(contents);

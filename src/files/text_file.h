@@ -69,6 +69,10 @@ class LockedFile {
   bool Append(const std::string& contents);
   // The file was made by this lock and nothing was written yet: remove it.
   void RemoveIfCreated();
+  // Length in bytes (-1 when it cannot be measured), and cutting the file back
+  // to a length it had, for a run of appends that must land whole or not at all.
+  long long Length() const;
+  bool CutBack(long long length);
 
  private:
   bool Fail(int error);

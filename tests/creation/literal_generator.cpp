@@ -8,6 +8,7 @@
 #include "model/rules.h"
 #include "model/solver.h"
 #include "model/text.h"
+#include "rule_texts.h"
 
 namespace velmora::test {
 namespace {

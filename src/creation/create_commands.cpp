@@ -83,7 +83,7 @@ void ShowNewPuzzle(GameState& s, UserInterface& ui, int level, const ShownPuzzle
   s.view.pb.clear();
   ui.ControlsChanged();
   ui.SetBusy(false);
-  ui.ShowMessage(written ? "Done - " + LevelName(level) : kAppendError + file);
+  ui.ShowMessage(written ? "Done - " + std::string(LevelName(level)) : kAppendError + file);
 }
 
 void ClearCellOptions(GameState& s) {
@@ -97,10 +97,6 @@ int PuzzleCountOf(const std::string& text) {
 }
 
 }  // namespace
-
-std::string LevelName(int level) {
-  return level >= kLevelEasy && level <= kLevelVHard ? kDifficultyNames[level] : "";
-}
 
 bool CreateRefusedWhileSolving(const GameState& s, UserInterface& ui) {
   if (s.Solving != 1) return false;
@@ -135,7 +131,7 @@ void mnumultipuzx(GameState& s, UserInterface& ui, const Form3Values& form) {
   // a press before the first puzzle's label is up.
   s.view.NewLab.clear();
   ui.ControlsChanged();
-  const int chosen = form.level >= kLevelEasy && form.level <= kLevelRandom ? form.level : kLevelRandom;
+  const int chosen = FindLevel(form.level) ? form.level : kLevelRandom;
 
   if (form.Check1) {
     s.view.NewLab = "Creating Puzzle";

@@ -22,10 +22,6 @@ struct Form3Values {
   std::string result = "X";  // "Y" only when closed with Create
 };
 
-// The level name of a made puzzle ("Easy", "Hard", "VHard"); "" for any
-// other value, which a cancelled random puzzle may still carry.
-std::string LevelName(int level);
-
 // True, after saying "Cancel AutoSolve first", while AutoSolve runs.
 bool CreateRefusedWhileSolving(const GameState& s, UserInterface& ui);
 

@@ -33,7 +33,6 @@ inline constexpr char kSuitLetters[5] = {'X', 'S', 'H', 'D', 'C'};
 inline constexpr const char* kRankLetters[15] = {"?", " ", "1", "2", "3", "4", "5", "6",
                                                  "7", "8", "9", "T", "J", "Q", "K"};
 inline const char* RankLetter(int rank) { return kRankLetters[rank + 1]; }
-inline constexpr const char* kDifficultyNames[3] = {"Easy", "Hard", "VHard"};
 
 // CardCodes -4..52 held as rank number and suit number, which is what every
 // reader of the table extracts ("07D" is rank 7, suit 3; "00X" is 0, 0).

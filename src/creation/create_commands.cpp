@@ -5,10 +5,11 @@
 #include <array>
 #include <vector>
 
-#include "app/startup.h"
 #include "board/geometry.h"
 #include "creation/transform.h"
+#include "files/file_commands.h"
 #include "files/puzzle_file.h"
+#include "model/commands.h"
 #include "model/text.h"
 
 namespace velmora {
@@ -98,14 +99,8 @@ int PuzzleCountOf(const std::string& text) {
 
 }  // namespace
 
-bool CreateRefusedWhileSolving(const GameState& s, UserInterface& ui) {
-  if (s.Solving != 1) return false;
-  ui.ShowMessage(kCreateRefusedText);
-  return true;
-}
-
 void mnunewrandpuzx(GameState& s, UserInterface& ui) {
-  if (CreateRefusedWhileSolving(s, ui)) return;
+  if (RefusedWhileSolving(s, ui)) return;
   const ShownPuzzle before(s);
   ui.SetBusy(true);
   int level = kLevelRandom;
@@ -121,7 +116,7 @@ void mnunewrandpuzx(GameState& s, UserInterface& ui) {
 }
 
 void mnumultipuzx(GameState& s, UserInterface& ui, const Form3Values& form) {
-  if (CreateRefusedWhileSolving(s, ui)) return;
+  if (RefusedWhileSolving(s, ui)) return;
   if (form.result != "Y") return;
   const ShownPuzzle before(s);
   ui.SetBusy(true);
@@ -182,7 +177,7 @@ void mnumultipuzx(GameState& s, UserInterface& ui, const Form3Values& form) {
 }
 
 void cmdmakepuzzles(GameState& s, UserInterface& ui, int level) {
-  if (CreateRefusedWhileSolving(s, ui)) return;
+  if (RefusedWhileSolving(s, ui)) return;
   const ShownPuzzle before(s);
   ui.SetBusy(true);
   MakePuzzlesFromFile(s, ui, s.CurrentPuzzleFile, level);

@@ -382,7 +382,7 @@ Form3* Form1::CreateDialog() {
 }
 
 void Form1::MultiplePuzzles() {
-  if (CreateRefusedWhileSolving(s_, *this)) return;
+  if (RefusedWhileSolving(s_, *this)) return;
   const Form3Values form = CreateDialog()->Ask(s_.CurrentPuzzleFile, s_.AppFolder);
   if (form.result != "Y") return;
   RunLong([form](GameState& s, UserInterface& ui) { mnumultipuzx(s, ui, form); });

@@ -140,7 +140,7 @@ void Form1::SetCol() {
   for (QPushButton* b : {undoEdit_, cmdexit_, cmdcancel_, arrows_[0], arrows_[1], arrows_[2]}) {
     SetRole(b, QPalette::Button, buttonFace);
   }
-  board_->SetColors(background, background);
+  board_->SetSurfaceColor(background);
   if (help_) help_->setPalette(pal);
   if (about_) about_->setPalette(pal);
   if (form3_) form3_->setPalette(pal);
@@ -280,14 +280,28 @@ void Form1::ShowSelection() {
   }
 }
 
-void Form1::DrawBoard() { board_->DrawBoard(); }
+QColor Form1::CellColor() const {
+  // Read when painting: a colour picked in the options dialog shows on the
+  // cells painted next, before the scheme is applied to the windows.
+  const SchemeColors c = EffectiveColors(s_.Scheme, s_.ColorSchemeName, FromColor(systemButtonFace_));
+  return ToColor(c[kSchemeBackground]);
+}
+
+void Form1::DrawBoard() {
+  board_->SetCellColor(CellColor());
+  board_->DrawBoard();
+}
 
 void Form1::DrawCell(int rank, const std::string& suitLetter, int row, int col) {
   ++cellDraws_;
+  board_->SetCellColor(CellColor());
   board_->DrawCell(rank, suitLetter, row, col);
 }
 
-void Form1::ShowSolutionOverlay() { board_->ShowSolution(); }
+void Form1::ShowSolutionOverlay() {
+  board_->SetCellColor(CellColor());
+  board_->ShowSolution();
+}
 
 void Form1::EnableTimingLog(QElapsedTimer sinceStart) { timing_.Enable(sinceStart); }
 

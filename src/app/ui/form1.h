@@ -125,6 +125,8 @@ class Form1 : public QMainWindow, public UserInterface {
   void ShowAbout();
   void FillRemain(int list);
   void ShowSelection();
+  // Colour 2 of the current scheme, as the cells are filled with it.
+  QColor CellColor() const;
 
   GameState s_;
   BoardView* board_ = nullptr;

@@ -13,7 +13,7 @@
 namespace velmora::test {
 namespace {
 
-// A hidden list box with its Sorted property set.
+// A list kept in ascending text order.
 class SortedList {
  public:
   void Clear() { items_.clear(); }

@@ -266,7 +266,8 @@ class Solver {
   bool dead_ = false;
   bool marks_ = false;  // the board has suit-only marks
   bool dupes_ = false;  // a card stands on the board more than once
-  bool settled_ = false;  // the last recompute found no unique card, and nothing went down since
+  // The last recompute found no unique card, and nothing went down since.
+  bool settled_ = false;
   std::array<CardSet, kPadded> near_;
   std::array<CardSet, kGridDim + 1> rowBars_{}, colBars_{};
   std::array<OpenCell, kMaxCellNumber> open_;

@@ -1,12 +1,12 @@
-// Main window: the board, suit panels, puzzle fields and menus, wired to the commands.
+// Main window: running commands, the UserInterface they speak through, colours and dialogs.
 #include "app/ui/form1.h"
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QLayout>
 #include <QFrame>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>

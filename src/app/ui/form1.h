@@ -74,11 +74,12 @@ class Form1 : public QMainWindow, public UserInterface {
  private:
   using Command = std::function<void(GameState&, UserInterface&)>;
 
-  // What a menu entry runs: a command of the core, or one of the window's own.
+  // What a menu entry runs: a command of the core, or one of the window's
+  // own. Not explicit, so that a row names its command directly.
   struct MenuCommand {
     constexpr MenuCommand() = default;
-    constexpr MenuCommand(void (*f)(GameState&, UserInterface&)) : core(f) {}  // NOLINT: rows read better
-    constexpr MenuCommand(void (Form1::*f)()) : window(f) {}                   // NOLINT
+    constexpr MenuCommand(void (*f)(GameState&, UserInterface&)) : core(f) {}
+    constexpr MenuCommand(void (Form1::*f)()) : window(f) {}
     void (*core)(GameState&, UserInterface&) = nullptr;
     void (Form1::*window)() = nullptr;
   };

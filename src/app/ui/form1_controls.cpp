@@ -66,8 +66,9 @@ QLayout* Form1::BuildTopRow(QWidget* parent) {
     arrow->setToolTip(QString::fromLatin1(kArrowToolTips[i]));
     arrow->setAutoDefault(false);
     arrow->setFixedWidth(arrow->fontMetrics().horizontalAdvance(QStringLiteral("WW")) + 12);
-    connect(arrow, &MouseButton::MouseUp, this,
-            [this, i](int button) { Run([i, button](GameState& s, UserInterface& ui) { arrowsMouseUp(s, ui, i, button); }); });
+    connect(arrow, &MouseButton::MouseUp, this, [this, i](int button) {
+      Run([i, button](GameState& s, UserInterface& ui) { arrowsMouseUp(s, ui, i, button); });
+    });
     arrows_[static_cast<size_t>(i)] = arrow;
   }
   auto* top = new QHBoxLayout;
@@ -177,7 +178,8 @@ void Form1::BuildProgressPanel() {
   const QPointF frameTopLeft = board_->TwipsToPixels(QPointF(kBoardMargin, kBoardMargin));
   const QPointF frameSize = board_->TwipsToPixels(QPointF(7 * kCellSize, 7 * kCellSize));
   // One pixel more takes in the grid's last line.
-  frame1_->setGeometry(QRectF(frameTopLeft, QSizeF(frameSize.x(), frameSize.y())).toRect().adjusted(0, 0, 1, 1));
+  frame1_->setGeometry(
+      QRectF(frameTopLeft, QSizeF(frameSize.x(), frameSize.y())).toRect().adjusted(0, 0, 1, 1));
   auto* frameLayout = new QVBoxLayout(frame1_);
   newLab_ = new QLabel(frame1_);
   newLab_->setObjectName(QStringLiteral("NewLab"));
@@ -229,12 +231,14 @@ void Form1::BuildHiddenButtons(QWidget* parent) {
   });
 }
 
-QPushButton* Form1::Button(const QString& objectName, const QString& text, const QString& tip, Command command) {
+QPushButton* Form1::Button(const QString& objectName, const QString& text, const QString& tip,
+                           Command command) {
   auto* b = new QPushButton(text, this);
   b->setObjectName(objectName);
   if (!tip.isEmpty()) b->setToolTip(tip);
   b->setAutoDefault(false);
-  if (command) connect(b, &QPushButton::clicked, this, [this, command = std::move(command)] { Run(command); });
+  if (command)
+    connect(b, &QPushButton::clicked, this, [this, command = std::move(command)] { Run(command); });
   return b;
 }
 

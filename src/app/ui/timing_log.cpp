@@ -15,7 +15,8 @@ void TimingLog::ClickStarted() { click_.start(); }
 void TimingLog::ClickHandled(bool paintedCell) {
   clickPending_ = on_ && paintedCell;
   if (clickPending_) {
-    std::fprintf(stderr, "velmora: click handled (update, check, controls) %.3f ms\n", click_.nsecsElapsed() / 1e6);
+    std::fprintf(stderr, "velmora: click handled (update, check, controls) %.3f ms\n",
+                 click_.nsecsElapsed() / 1e6);
   }
 }
 
@@ -23,7 +24,8 @@ void TimingLog::Painted() {
   if (!on_) return;
   if (!firstPaintLogged_) {
     firstPaintLogged_ = true;
-    std::fprintf(stderr, "velmora: start-up to first painted board %.1f ms\n", sinceStart_.nsecsElapsed() / 1e6);
+    std::fprintf(stderr, "velmora: start-up to first painted board %.1f ms\n",
+                 sinceStart_.nsecsElapsed() / 1e6);
   }
   if (clickPending_) {
     clickPending_ = false;

@@ -43,10 +43,9 @@ std::atomic<bool> gStop{false};
 extern "C" void OnInterrupt(int) { gStop.store(true); }
 
 bool ParseLevel(const std::string& text, int& level) {
-  static const char* const kNames[] = {"easy", "hard", "vhard", "random"};
-  for (int i = 0; i < 4; ++i) {
-    if (text == kNames[i]) {
-      level = i;
+  for (const DifficultyLevel& row : kLevels) {
+    if (text == row.word) {
+      level = row.level;
       return true;
     }
   }

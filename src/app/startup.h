@@ -10,8 +10,6 @@
 namespace velmora {
 
 inline constexpr const char* kDefaultPuzzleFile = "puzzles.vlm";
-inline constexpr const char* kTemporaryPuzzleFile = "TemporaryPuzzleFile.vlm";
-inline constexpr const char* kTempSolutionFile = "TempPuzzleSolutionFile.vlm";
 
 // The folder with a "/" at its end (an empty folder stays the current one).
 std::string FolderWithSlash(const std::string& folder);

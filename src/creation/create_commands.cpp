@@ -5,10 +5,11 @@
 #include <array>
 #include <vector>
 
-#include "app/startup.h"
 #include "board/geometry.h"
 #include "creation/transform.h"
+#include "files/file_commands.h"
 #include "files/puzzle_file.h"
+#include "model/commands.h"
 #include "model/text.h"
 
 namespace velmora {
@@ -83,7 +84,7 @@ void ShowNewPuzzle(GameState& s, UserInterface& ui, int level, const ShownPuzzle
   s.view.pb.clear();
   ui.ControlsChanged();
   ui.SetBusy(false);
-  ui.ShowMessage(written ? "Done - " + LevelName(level) : kAppendError + file);
+  ui.ShowMessage(written ? "Done - " + std::string(LevelName(level)) : kAppendError + file);
 }
 
 void ClearCellOptions(GameState& s) {
@@ -98,18 +99,8 @@ int PuzzleCountOf(const std::string& text) {
 
 }  // namespace
 
-std::string LevelName(int level) {
-  return level >= kLevelEasy && level <= kLevelVHard ? kDifficultyNames[level] : "";
-}
-
-bool CreateRefusedWhileSolving(const GameState& s, UserInterface& ui) {
-  if (s.Solving != 1) return false;
-  ui.ShowMessage(kCreateRefusedText);
-  return true;
-}
-
 void mnunewrandpuzx(GameState& s, UserInterface& ui) {
-  if (CreateRefusedWhileSolving(s, ui)) return;
+  if (RefusedWhileSolving(s, ui)) return;
   const ShownPuzzle before(s);
   ui.SetBusy(true);
   int level = kLevelRandom;
@@ -125,7 +116,7 @@ void mnunewrandpuzx(GameState& s, UserInterface& ui) {
 }
 
 void mnumultipuzx(GameState& s, UserInterface& ui, const Form3Values& form) {
-  if (CreateRefusedWhileSolving(s, ui)) return;
+  if (RefusedWhileSolving(s, ui)) return;
   if (form.result != "Y") return;
   if (!form.Check1 && !IsTitleLine(form.Text4)) {
     ui.ShowMessage(kTitleRefusedText);
@@ -139,7 +130,7 @@ void mnumultipuzx(GameState& s, UserInterface& ui, const Form3Values& form) {
   // a press before the first puzzle's label is up.
   s.view.NewLab.clear();
   ui.ControlsChanged();
-  const int chosen = form.level >= kLevelEasy && form.level <= kLevelRandom ? form.level : kLevelRandom;
+  const int chosen = FindLevel(form.level) ? form.level : kLevelRandom;
 
   if (form.Check1) {
     s.view.NewLab = "Creating Puzzle";
@@ -190,7 +181,7 @@ void mnumultipuzx(GameState& s, UserInterface& ui, const Form3Values& form) {
 }
 
 void cmdmakepuzzles(GameState& s, UserInterface& ui, int level) {
-  if (CreateRefusedWhileSolving(s, ui)) return;
+  if (RefusedWhileSolving(s, ui)) return;
   const ShownPuzzle before(s);
   ui.SetBusy(true);
   MakePuzzlesFromFile(s, ui, s.CurrentPuzzleFile, level);

@@ -10,8 +10,6 @@
 
 namespace velmora {
 
-inline constexpr const char* kCreateRefusedText = "Cancel AutoSolve first";
-
 // What the create dialog (Form3) hands back, as plain values.
 struct Form3Values {
   std::string Text1 = "1";   // number of puzzles, read leniently
@@ -21,13 +19,6 @@ struct Form3Values {
   int level = kLevelRandom;  // Option1..Option4 as a generator level 0..3
   std::string result = "X";  // "Y" only when closed with Create
 };
-
-// The level name of a made puzzle ("Easy", "Hard", "VHard"); "" for any
-// other value, which a cancelled random puzzle may still carry.
-std::string LevelName(int level);
-
-// True, after saying "Cancel AutoSolve first", while AutoSolve runs.
-bool CreateRefusedWhileSolving(const GameState& s, UserInterface& ui);
 
 // Create > "One Puzzle": a puzzle of random level, appended to the
 // temporary puzzle file and shown from there. A cancel only starts it over.

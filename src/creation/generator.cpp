@@ -144,23 +144,11 @@ void ShuffleFilledCells(GameState& s) {
 }
 
 bool RemoveGivens(GameState& s, UserInterface& ui, int& difficulty) {
-  int limit = -1;  // none
-  switch (difficulty) {
-    case kLevelHard:
-      limit = kHardExtraBlanks;
-      break;
-    case kLevelVHard:
-      break;
-    case kLevelRandom: {
-      const int k = s.rng.Pick(3);
-      difficulty = k - 1;
-      if (difficulty == kLevelEasy) return true;
-      if (difficulty == kLevelHard) limit = kHardExtraBlanks;
-      break;
-    }
-    default:  // "Easy": the base pattern is the puzzle
-      return true;
-  }
+  if (difficulty == kLevelRandom) difficulty = s.rng.Pick(3) - 1;
+  const DifficultyLevel* row = FindLevel(difficulty);
+  // "Easy", and any value that is no level: the base pattern is the puzzle.
+  if (row == nullptr || row->extraBlanks == 0) return true;
+  const int limit = row->extraBlanks;
   ShuffleFilledCells(s);
   RemovalQueue& q = s.List6;
   if (q.count == 0) return false;  // no top item to take
@@ -178,14 +166,13 @@ bool RemoveGivens(GameState& s, UserInterface& ui, int& difficulty) {
     }
     trials.Keep(row, col, given);
     ++removed;
-    if (limit != -1 && removed >= limit) break;
+    if (limit != kAsManyAsHold && removed >= limit) break;
   }
   return true;
 }
 
 std::string AutomaticTitle(int level, const std::tm& when) {
-  const char* name = level >= kLevelEasy && level <= kLevelVHard ? kDifficultyNames[level] : "";
-  return std::string(name) + " " + DateTimeText(when);
+  return std::string(LevelName(level)) + " " + DateTimeText(when);
 }
 
 int CreatePuzzle(GameState& s, UserInterface& ui, int& difficulty) {

@@ -5,21 +5,14 @@
 #include <ctime>
 #include <string>
 
+#include "creation/levels.h"
 #include "model/game_state.h"
 #include "model/user_interface.h"
 
 namespace velmora {
 
-// Levels index kDifficultyNames; kLevelRandom asks for one of the three.
-inline constexpr int kLevelEasy = 0;
-inline constexpr int kLevelHard = 1;
-inline constexpr int kLevelVHard = 2;
-inline constexpr int kLevelRandom = 3;
-
 // Column attempts per column before the whole board is dealt afresh.
 inline constexpr int kColumnAttempts = 50;
-// Extra blanks a "Hard" puzzle may have beyond the base pattern.
-inline constexpr int kHardExtraBlanks = 4;
 
 // The title a new puzzle gets when none is given: the level made, the date
 // and the time ("VHard 15/11/2026 10:03:33").
@@ -41,9 +34,9 @@ int PickRandomCard(GameState& s, CardSet excluded);
 void ApplyBasePattern(GameState& s);
 
 // Blanks further givens in random order while SolveGrid still completes the
-// board: none for "Easy", up to 4 for "Hard", as many as hold for "VHard";
-// level 3 draws one of the three and leaves it in `difficulty`. Returns
-// false when there is no filled cell to start from.
+// board, as many as the level's row allows; kLevelRandom draws one of the
+// three and leaves it in `difficulty`. Returns false when there is no
+// filled cell to start from.
 bool RemoveGivens(GameState& s, UserInterface& ui, int& difficulty);
 
 // Fills List6 with one item per filled cell, a random key 1..98 each.

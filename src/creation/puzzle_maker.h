@@ -18,16 +18,22 @@ inline constexpr int kSize = 7;  // every puzzle the program makes is 7x7
 constexpr int PoolBit(int card) { return (card - 1) ^ 3; }
 constexpr int PoolCard(int bit) { return (bit ^ 3) + 1; }
 
+// What a dealt card bars its four neighbours from and its row and column
+// from, by the card's pool bit.
 struct PoolMasks {
-  std::array<CardSet, 5> suit{};        // in pool order; index 0, the "X" of an empty cell, bars nothing
-  std::array<CardSet, 52> nearOfBit{};  // what a dealt card bars its four neighbours from
+  std::array<CardSet, 52> nearOfBit{};
+  std::array<CardSet, 52> lineOfBit{};
+  static constexpr CardSet InPoolOrder(CardSet cards) {
+    CardSet pool = 0;
+    for (int k = 1; k <= 52; ++k)
+      if (cards & CardBit(k)) pool |= CardSet{1} << PoolBit(k);
+    return pool;
+  }
   constexpr PoolMasks() {
-    for (int st = 1; st <= 4; ++st)
-      for (int r = 1; r <= 13; ++r) suit[st] |= CardSet{1} << PoolBit((r - 1) * 4 + st);
     for (int b = 0; b < 52; ++b) {
-      const int k = PoolCard(b);
-      // Rank sets are the same in pool order: four bits a rank.
-      nearOfBit[b] = NeighbourRankCards((k - 1) / 4 + 1) | suit[(k - 1) % 4 + 1];
+      const CellBars bars = BarsOf(CardRank(PoolCard(b)), CardSuit(PoolCard(b)));
+      nearOfBit[b] = InPoolOrder(bars.near);
+      lineOfBit[b] = InPoolOrder(bars.line);
     }
   }
 };
@@ -103,9 +109,9 @@ class PuzzleMaker {
     if (bit < 0) return AttemptFailed();
     grid_[row_ * kGridDim] = PoolCard(bit);
     below_ = near_[row_] = kPool.nearOfBit[bit];
-    const CardSet rank = CardSet{0xF} << (bit & ~3);
-    ranks_[row_] = rank;
-    colRanks_ |= rank;
+    const CardSet line = kPool.lineOfBit[bit];
+    ranks_[row_] = line;
+    colRanks_ |= line;
     if (--row_ > 0) return Phase::kDealing;
     return ColumnDealt();
   }

@@ -11,9 +11,9 @@
 namespace velmora {
 namespace {
 
-// Reads the file the way the original line and field input statements do:
-// a field read stops at a comma, and the next whole-line read continues
-// right after that comma on the same line.
+// Reads the configuration a line or a comma-delimited field at a time: a
+// field read stops at a comma, and the next whole-line read continues right
+// after that comma on the same line.
 class FieldReader {
  public:
   explicit FieldReader(std::string text) : text_(std::move(text)) {}

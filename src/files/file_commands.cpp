@@ -8,22 +8,16 @@
 #include "board/play.h"
 #include "files/puzzle_file.h"
 #include "files/text_file.h"
+#include "model/commands.h"
 #include "model/text.h"
 
 namespace velmora {
 namespace {
 
-constexpr const char* kCancelFirst = "Cancel AutoSolve first";
 constexpr const char* kOnlyOnePuzzle = "There is only one puzzle in this file";
 // A record is at most a header, a title, a size line and its rows; the
 // delete command gives up dropping lines after this many.
 constexpr int kMaxDroppedLines = 100;
-
-bool RefusedWhileSolving(const GameState& s, UserInterface& ui) {
-  if (s.Solving != 1) return false;
-  ui.ShowMessage(kCancelFirst);
-  return true;
-}
 
 // Shows record n of the current file; when it cannot be loaded the view goes
 // back to record `previous`.

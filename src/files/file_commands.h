@@ -13,8 +13,10 @@ inline constexpr const char* kPuzzleFileTypesName = "velmora Files";
 // The delete command's work file: a bare name, so it lands in the current
 // directory and stays there afterwards.
 inline constexpr const char* kDeleteWorkFile = "velmora.tmp";
+// Where One Puzzle and "Display only" put each new puzzle, in the program's folder.
+inline constexpr const char* kTemporaryPuzzleFile = "TemporaryPuzzleFile.vlm";
 
-// The three buttons of the `arrows` control array.
+// The three `arrows` buttons: previous, next and random puzzle.
 inline constexpr int kArrowPrevious = 0;
 inline constexpr int kArrowNext = 1;
 inline constexpr int kArrowRandom = 2;

@@ -10,7 +10,6 @@
 namespace velmora {
 namespace {
 
-constexpr const char* kCancelFirst = "Cancel AutoSolve first";
 constexpr const char* kNoUniqueSolution = "No unique solution - please check the puzzle";
 
 // After a full solve the suit panels show the three cards the puzzle leaves out.
@@ -26,6 +25,12 @@ void ListLeftOutCards(GameState& s) {
 }
 
 }  // namespace
+
+bool RefusedWhileSolving(const GameState& s, UserInterface& ui) {
+  if (s.Solving != 1) return false;
+  ui.ShowMessage("Cancel AutoSolve first");
+  return true;
+}
 
 void mnusolveall(GameState& s, UserInterface& ui) {
   const CheckResult check = CheckBoard(s);
@@ -50,10 +55,7 @@ void mnusolveall(GameState& s, UserInterface& ui) {
 }
 
 void mnurestore(GameState& s, UserInterface& ui) {
-  if (s.Solving == 1) {
-    ui.ShowMessage(kCancelFirst);
-    return;
-  }
+  if (RefusedWhileSolving(s, ui)) return;
   if (Trim(s.GridBackups[0]).empty()) {
     ui.ShowMessage("Backup grid not found");
     return;
@@ -66,10 +68,7 @@ void mnurestore(GameState& s, UserInterface& ui) {
 }
 
 void mnuviewsol(GameState& s, UserInterface& ui) {
-  if (s.Solving == 1) {
-    ui.ShowMessage(kCancelFirst);
-    return;
-  }
+  if (RefusedWhileSolving(s, ui)) return;
   ui.ShowSolutionOverlay();
 }
 

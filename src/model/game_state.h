@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "model/card_rule.h"
 #include "model/random.h"
 
 namespace velmora {
@@ -26,53 +27,34 @@ using Board = std::array<std::array<T, kGridDim>, kGridDim>;
 // A colour scheme: 13 RGB colours, red in the low byte.
 using SchemeColors = std::array<uint32_t, 13>;
 
-// A set of cards: bit k-1 stands for card index k (1..52). Iterating the
-// bits from low to high visits cards in option-text token order.
-using CardSet = uint64_t;
-inline constexpr CardSet kAllCards = (CardSet{1} << 52) - 1;
-inline constexpr CardSet CardBit(int card) { return CardSet{1} << (card - 1); }
-
 // Suit numbers 1..4 for "S", "H", "D", "C"; 0 stands for the "X" of "00X".
 inline constexpr char kSuitLetters[5] = {'X', 'S', 'H', 'D', 'C'};
 // RankLetters -1..13, stored from index 0.
 inline constexpr const char* kRankLetters[15] = {"?", " ", "1", "2", "3", "4", "5", "6",
                                                  "7", "8", "9", "T", "J", "Q", "K"};
 inline const char* RankLetter(int rank) { return kRankLetters[rank + 1]; }
-inline constexpr const char* kDifficultyNames[3] = {"Easy", "Hard", "VHard"};
-
-// Cards a rule bars, as sets: the four cards of rank r (1..13; 0, the rank
-// of "00X", bars nothing), rank r and its two neighbours with king and ace
-// wrapping, and the thirteen cards of suit s (1..4; 0 bars nothing).
-constexpr CardSet RankCards(int r) { return r < 1 || r > 13 ? 0 : CardSet{0xF} << (4 * (r - 1)); }
-constexpr CardSet NeighbourRankCards(int r) {
-  return r < 1 || r > 13 ? 0 : RankCards(r) | RankCards(r == 13 ? 1 : r + 1) | RankCards(r == 1 ? 13 : r - 1);
-}
-constexpr CardSet SuitCards(int s) { return s < 1 || s > 4 ? 0 : CardSet{0x1111111111111} << (s - 1); }
 
 // CardCodes -4..52 held as rank number and suit number, which is what every
 // reader of the table extracts ("07D" is rank 7, suit 3; "00X" is 0, 0).
-// Beside them, what a cell holding index i bars its neighbours from (rank
-// and suit) and its row and column from (rank), read through the code.
+// Beside them, what a cell holding index i bars, read through the code.
 struct CardCodeTable {
   static constexpr int kSize = kMaxCardIndex - kMinCardIndex + 1;
   std::array<int8_t, kSize> rank{};
   std::array<int8_t, kSize> suit{};
-  std::array<CardSet, kSize> nearBars{};
-  std::array<CardSet, kSize> lineBars{};
+  std::array<CellBars, kSize> bars{};
   CardSet deck = 0;  // cards 1..52 whose code is not "00X"
 
   static bool InRange(int i) { return i >= kMinCardIndex && i <= kMaxCardIndex; }
   int Rank(int i) const { return rank[i - kMinCardIndex]; }
   int Suit(int i) const { return suit[i - kMinCardIndex]; }
-  CardSet NearBars(int i) const { return nearBars[i - kMinCardIndex]; }
-  CardSet LineBars(int i) const { return lineBars[i - kMinCardIndex]; }
+  CardSet NearBars(int i) const { return bars[i - kMinCardIndex].near; }
+  CardSet LineBars(int i) const { return bars[i - kMinCardIndex].line; }
   char SuitLetter(int i) const { return kSuitLetters[Suit(i)]; }
   bool IsAbsent(int i) const { return Suit(i) == 0; }  // reads "00X"
   void Set(int i, int r, int s) {
     rank[i - kMinCardIndex] = static_cast<int8_t>(r);
     suit[i - kMinCardIndex] = static_cast<int8_t>(s);
-    nearBars[i - kMinCardIndex] = NeighbourRankCards(r) | SuitCards(s);
-    lineBars[i - kMinCardIndex] = RankCards(r);
+    bars[i - kMinCardIndex] = BarsOf(r, s);
     if (i >= 1) deck = s ? (deck | CardBit(i)) : (deck & ~CardBit(i));
   }
   // The code text, e.g. "01S", "13C", "00X".

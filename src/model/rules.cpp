@@ -1,67 +1,11 @@
-// Rule tests and option sets. Options are kept as card bit sets; the texts
-// the rest of the program reads are produced from them in token order.
+// Option sets from the rule's bars. Options are kept as card bit sets; the
+// texts the rest of the program reads are produced from them in token order.
 #include "model/rules.h"
 
-#include <array>
-#include <cstdint>
 
 #include "model/text.h"
 
 namespace velmora {
-namespace {
-
-bool Inside(const GameState& s, int row, int col) {
-  return row >= 1 && row <= s.Rows && col >= 1 && col <= s.Cols;
-}
-
-// Index-safe read of a grid value; false when (row, col) is outside 0..9.
-bool GridValue(const GameState& s, int row, int col, int& v) {
-  if (row < 0 || row > kMaxIndex || col < 0 || col > kMaxIndex) return false;
-  v = s.Grid[row][col];
-  return true;
-}
-
-
-}  // namespace
-
-int CellRank(const GameState& s, int row, int col) {
-  int v = 0;
-  if (!Inside(s, row, col) || !GridValue(s, row, col, v) || !CardCodeTable::InRange(v)) return 0;
-  return s.CardCodes.Rank(v);
-}
-
-std::string CellSuit(const GameState& s, int row, int col) {
-  int v = 0;
-  if (!Inside(s, row, col) || !GridValue(s, row, col, v) || !CardCodeTable::InRange(v)) return "";
-  return std::string(1, s.CardCodes.SuitLetter(v));
-}
-
-std::string ExcludedRanks(const GameState& s, int row, int col) {
-  std::string text;
-  auto entry = [&text](int r) { text += Str(r) + ","; };
-  const int neighbours[4][2] = {{row, col - 1}, {row - 1, col}, {row + 1, col}, {row, col + 1}};
-  for (const auto& n : neighbours) {
-    const int r = CellRank(s, n[0], n[1]);
-    if (r < 1) continue;
-    entry(r);
-    entry(r + 1 > 13 ? 1 : r + 1);
-    entry(r == 1 ? 13 : r - 1);
-  }
-  for (int i = 1; i <= s.Rows; ++i) {
-    if (i != row && CellRank(s, i, col) > 0) entry(CellRank(s, i, col));
-  }
-  for (int j = 1; j <= s.Cols; ++j) {
-    if (j != col && CellRank(s, row, j) > 0) entry(CellRank(s, row, j));
-  }
-  return text;
-}
-
-std::string NeighbourSuits(const GameState& s, int row, int col) {
-  std::string text;
-  const int neighbours[4][2] = {{row, col - 1}, {row - 1, col}, {row, col + 1}, {row + 1, col}};
-  for (const auto& n : neighbours) text += CellSuit(s, n[0], n[1]);
-  return text;
-}
 
 bool UpdateOptions(GameState& s, int refresh) {
   s.AvailableCards = s.CardCodes.deck;

@@ -120,6 +120,7 @@ class Solver {
     avail_ = other.avail_;
     marks_ = other.marks_;
     dupes_ = other.dupes_;
+    settled_ = false;
   }
 
   bool Dupes() const { return dupes_; }
@@ -148,26 +149,6 @@ class Solver {
     }
   }
 
-  // One pass of SolveGrid; returns whether it changed anything.
-  int Pass() {
-    int changes = Singles();
-    // Fresh options, and which cards are an option of exactly one cell.
-    const CardSet unique = Recompute();
-    if (unique == 0) return changes;
-    // Every unique card goes to its cell in increasing card order with no
-    // test of the cell, so of several unique to one cell the highest stays.
-    for (int i = 0; i < count_;) {
-      const CardSet u = options_[i] & unique;
-      if (u == 0) {
-        ++i;
-        continue;
-      }
-      Put(i, HighestCard(u));
-      ++changes;
-    }
-    return changes;
-  }
-
   // Single options, all from the options as they stood at the pass's start.
   int Singles() {
     int placed = 0;
@@ -183,24 +164,28 @@ class Solver {
     return placed;
   }
 
-  // A pass's unique cards and the next pass's single options in one sweep:
-  // both read the options of the same recompute, and a cell that takes a
-  // unique card has no single option left. Returns the singles placed.
-  int UniquesThenSingles(CardSet unique) {
-    int singles = 0;
-    for (int i = 0; i < count_;) {
-      const CardSet m = options_[i];
-      const CardSet u = m & unique;
-      if (u != 0) {
-        Put(i, HighestCard(u));
-      } else if (m != 0 && (m & (m - 1)) == 0) {
-        Put(i, LowestCard(m));
-        ++singles;
-      } else {
+  // One pass: every single option of the options as they stand goes down,
+  // then fresh options, and every card that is an option of exactly one
+  // cell goes to that cell. Returns the cards placed.
+  int Pass() {
+    int changes = Singles();
+    // Nothing went down since a recompute that found no unique card: the
+    // options would come out the same, with no unique card again.
+    if (changes == 0 && settled_) return 0;
+    const CardSet unique = Recompute();
+    settled_ = unique == 0;
+    // Every unique card goes to its cell in increasing card order with no
+    // test of the cell, so of several unique to one cell the highest stays.
+    for (int i = 0; unique != 0 && i < count_;) {
+      const CardSet u = options_[i] & unique;
+      if (u == 0) {
         ++i;
+        continue;
       }
+      Put(i, HighestCard(u));
+      ++changes;
     }
-    return singles;
+    return changes;
   }
 
   bool AllPlaced() const { return count_ == 0; }
@@ -212,7 +197,7 @@ class Solver {
     rowBars_.fill(0);
     colBars_.fill(0);
     count_ = 0;
-    marks_ = dupes_ = false;
+    marks_ = dupes_ = settled_ = false;
   }
 
   // Options of every open cell from the bars; returns the cards that are an
@@ -270,6 +255,7 @@ class Solver {
     rowBars_[cell.row] |= s_.CardCodes.LineBars(card);
     colBars_[cell.col] |= s_.CardCodes.LineBars(card);
     avail_ &= ~CardBit(card);
+    settled_ = false;
     --count_;
     open_[i] = open_[count_];
     options_[i] = options_[count_];
@@ -280,6 +266,8 @@ class Solver {
   bool dead_ = false;
   bool marks_ = false;  // the board has suit-only marks
   bool dupes_ = false;  // a card stands on the board more than once
+  // The last recompute found no unique card, and nothing went down since.
+  bool settled_ = false;
   std::array<CardSet, kPadded> near_;
   std::array<CardSet, kGridDim + 1> rowBars_{}, colBars_{};
   std::array<OpenCell, kMaxCellNumber> open_;
@@ -326,25 +314,16 @@ int SolveGrid(GameState& s, UserInterface& ui) {
 
 namespace {
 
-// SolveGridTrial's passes on a started solver: those of SolveGrid, with each
-// pass's unique cards placed together with the next pass's single options.
-// A pass only follows one that changed something, as there.
+// SolveGridTrial's passes on a started solver: those of SolveGrid, each
+// after a yield, up to the point where the answer is known.
 int RunTrial(Solver<true>& solver, GameState& s, UserInterface& ui) {
   s.Solving = 1;
   ui.Yield();
-  if (!solver.Stuck()) {
-    int changes = solver.Singles();
-    CardSet unique = solver.Recompute();
-    while ((changes != 0 || unique != 0) && !solver.Stuck()) {
-      ui.Yield();
-      const bool uniquesPlaced = unique != 0;
-      changes = solver.UniquesThenSingles(unique);
-      if (solver.AllPlaced()) break;
-      // Nothing went down: the next recompute would give the same options
-      // and no unique card, and the passes would end there.
-      if (!uniquesPlaced && changes == 0) break;
-      unique = solver.Recompute();
-    }
+  while (!solver.Stuck() && solver.Pass() != 0) {
+    // A cell left without options is never filled; no open cell is left
+    // to fill.
+    if (solver.Stuck() || solver.AllPlaced()) break;
+    ui.Yield();
   }
   s.Solving = 0;
   return solver.Stuck() || solver.EmptyCellLeft() ? 1 : 0;

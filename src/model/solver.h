@@ -15,7 +15,8 @@ int SolveGrid(GameState& s, UserInterface& ui);
 
 // What SolveGrid would return for the board as it stands, leaving Grid and
 // CellOptions as they were: the generator's test of a blanked board, which
-// undoes the solver's fill anyway. It yields once per pass as SolveGrid does.
+// undoes the solver's fill anyway. It runs SolveGrid's passes, a yield before
+// each, and stops as soon as the answer is known.
 int SolveGridTrial(GameState& s, UserInterface& ui);
 
 // SolveGridTrial for a board whose givens are blanked one at a time: the

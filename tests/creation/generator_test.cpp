@@ -131,7 +131,7 @@ TEST(Generator, EasyIsTheBasePatternHardAddsAtMostFourRandomDrawsEachLevel) {
     if (HasFailure()) return;
   }
   EXPECT_EQ(drawn.size(), 3u);
-  for (const auto& [level, count] : drawn) EXPECT_GE(count, 8) << kDifficultyNames[level];
+  for (const auto& [level, count] : drawn) EXPECT_GE(count, 8) << LevelName(level);
 }
 
 TEST(Generator, VeryHardKeepsOnlyGivensItNeedsSaveARareFew) {

@@ -8,11 +8,12 @@
 #include "model/rules.h"
 #include "model/solver.h"
 #include "model/text.h"
+#include "rule_texts.h"
 
 namespace velmora::test {
 namespace {
 
-// A hidden list box with its Sorted property set.
+// A list kept in ascending text order.
 class SortedList {
  public:
   void Clear() { items_.clear(); }

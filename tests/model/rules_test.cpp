@@ -7,9 +7,13 @@
 
 #include "board/geometry.h"
 #include "model/text.h"
+#include "rule_texts.h"
 
 namespace velmora {
 namespace {
+
+using test::ExcludedRanks;
+using test::NeighbourSuits;
 
 GameState EmptyBoard() {
   GameState s;

@@ -9,6 +9,7 @@
 #include <QTextBrowser>
 
 #include "app/ui/help_window.h"
+#include "appearance/color_scheme.h"
 #include "ui_support.h"
 
 namespace velmora {
@@ -46,6 +47,14 @@ TEST(Form1, RemembersFileNumberAndSchemeThenArrowsTypedNumberLoadAndHelp) {
       EXPECT_EQ(list->item(k)->text().right(1), QString("SHDC"[i]));
   }
   EXPECT_EQ(cards, CountBlanks(win.s()));
+  EXPECT_EQ(win.Pixel(10, 10), QColor(243, 234, 214));
+  // Cells take scheme colour 2 as it stands when painted; the surface, which
+  // shows around the board and inside empty cells, keeps the applied one.
+  ASSERT_TRUE(win.s().Grid[1][1] > 0 && win.s().Grid[1][2] == 0);
+  win.s().Scheme[kSchemeBackground] = Rgb(20, 160, 90);
+  win.w.DrawBoard();
+  EXPECT_EQ(win.Pixel(30 + 700, 30 + 100), QColor(20, 160, 90));
+  EXPECT_EQ(win.Pixel(840 + 400, 30 + 300), QColor(243, 234, 214));
   EXPECT_EQ(win.Pixel(10, 10), QColor(243, 234, 214));
 
   // From the first record each press lands on a different one if the arrows or buttons were swapped.

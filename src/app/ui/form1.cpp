@@ -1,49 +1,34 @@
-// Main window: the board, suit panels, puzzle fields and menus, wired to the commands.
+// Main window: running commands, the UserInterface they speak through, colours and dialogs.
 #include "app/ui/form1.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFrame>
-#include <QGridLayout>
-#include <QHBoxLayout>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QVBoxLayout>
-#include <cstdio>
 
 #include "app/app_commands.h"
 #include "app/startup.h"
+#include "app/ui/about_form.h"
 #include "app/ui/help_window.h"
+#include "app/ui/local_text.h"
 #include "appearance/color_scheme.h"
-#include "appearance/ui/form2.h"
-#include "board/geometry.h"
-#include "board/play.h"
 #include "board/ui/board_view.h"
 #include "controls/ui/fndialog.h"
-#include "controls/ui/mouse_button.h"
 #include "creation/create_commands.h"
 #include "creation/ui/form3.h"
-#include "files/file_commands.h"
-#include "files/ui/sort_form.h"
 #include "model/commands.h"
-#include "printing/ui/print_menu.h"
 
 namespace velmora {
 namespace {
 
 const QString kTitle = QStringLiteral("Velmora");
-
-QString Q(const std::string& text) {
-  QString s = QString::fromLocal8Bit(text.data(), static_cast<qsizetype>(text.size()));
-  return s.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-}
-
-std::string S(const QString& text) { return text.toLocal8Bit().toStdString(); }
 
 QColor ToColor(uint32_t c) { return QColor(RedOf(c), GreenOf(c), BlueOf(c)); }
 uint32_t FromColor(const QColor& c) { return Rgb(c.red(), c.green(), c.blue()); }
@@ -67,276 +52,6 @@ Form1::Form1(QWidget* parent) : QMainWindow(parent) {
 
 Form1::~Form1() {
   if (busy_) QApplication::restoreOverrideCursor();
-}
-
-void Form1::BuildControls() {
-  auto* central = new QWidget(this);
-  auto* outer = new QVBoxLayout(central);
-
-  // Puzzle number, count and title.
-  auto* top = new QHBoxLayout;
-  auto* numberCaption = new QLabel(tr("Puzzle"), central);
-  puzNumNow_ = new QLineEdit(central);
-  puzNumNow_->setObjectName(QStringLiteral("PuzNumNow"));
-  connect(puzNumNow_, &QLineEdit::textEdited, this, [this](const QString& t) { s_.view.PuzNumNow = S(t); });
-  connect(puzNumNow_, &QLineEdit::returnPressed, this, [this] { Run(PuzNumNowEnter); });
-  puzNumNow_->setAlignment(Qt::AlignRight);
-  puzNumNow_->setFixedWidth(puzNumNow_->fontMetrics().horizontalAdvance(QStringLiteral("00000")) + 12);
-  maxPuzCount_ = new QLabel(central);
-  maxPuzCount_->setObjectName(QStringLiteral("MaxPuzCount"));
-  maxPuzCount_->setMinimumWidth(maxPuzCount_->fontMetrics().horizontalAdvance(QStringLiteral(" of 00000")));
-  puzTitle_ = new QLineEdit(central);
-  puzTitle_->setObjectName(QStringLiteral("PuzTitle"));
-  connect(puzTitle_, &QLineEdit::textEdited, this, [this](const QString& t) { s_.view.PuzTitle = S(t); });
-  // The `arrows` buttons: previous, next and random puzzle.
-  const QString arrowTexts[3] = {QStringLiteral("<"), QStringLiteral(">"), QStringLiteral("?")};
-  for (int i = 0; i < 3; ++i) {
-    auto* arrow = new MouseButton(arrowTexts[i], central);
-    arrow->setObjectName(QStringLiteral("arrows%1").arg(i));
-    arrow->setToolTip(QString::fromLatin1(kArrowToolTips[i]));
-    arrow->setAutoDefault(false);
-    arrow->setFixedWidth(arrow->fontMetrics().horizontalAdvance(QStringLiteral("WW")) + 12);
-    connect(arrow, &MouseButton::MouseUp, this,
-            [this, i](int button) { Run([i, button](GameState& s, UserInterface& ui) { arrowsMouseUp(s, ui, i, button); }); });
-    arrows_[static_cast<size_t>(i)] = arrow;
-  }
-  top->addWidget(arrows_[0]);
-  top->addWidget(numberCaption);
-  top->addWidget(puzNumNow_);
-  top->addWidget(maxPuzCount_);
-  top->addWidget(arrows_[1]);
-  top->addWidget(arrows_[2]);
-  top->addSpacing(8);
-  top->addWidget(puzTitle_, 1);
-  outer->addLayout(top);
-
-  // The board and, beside it, the four suit panels and the buttons.
-  auto* middle = new QHBoxLayout;
-  board_ = new BoardView(s_, central);
-  board_->onMouseUp = [this](int button, float x, float y) {
-    // The progress panel lies over the board, so the board stays enabled
-    // for its Cancel button; clicks on the board itself wait.
-    if (longCommand_) return;
-    placement_.start();
-    const int drawsBefore = cellDraws_;
-    Picture1MouseUp(s_, *this, button, x, y);
-    ControlsChanged();
-    // Only a click that painted a cell is timed, up to the cell on screen.
-    placementPending_ = timing_ && cellDraws_ != drawsBefore;
-    if (placementPending_) {
-      std::fprintf(stderr, "velmora: click handled (update, check, controls) %.3f ms\n", placement_.nsecsElapsed() / 1e6);
-    }
-  };
-  board_->onMouseMove = [this](float x, float y) {
-    if (longCommand_) return;
-    Picture1MouseMove(s_, *this, x, y);
-    ControlsChanged();
-  };
-  board_->onPainted = [this] { Painted(); };
-  middle->addWidget(board_, 0, Qt::AlignTop);
-
-  auto* side = new QVBoxLayout;
-  const QFontMetrics fm(font());
-  QFont boldFont = font();
-  boldFont.setBold(true);
-  const QFontMetrics bold(boldFont);
-  const QSize cell(bold.horizontalAdvance(QStringLiteral("WW")) + 12, bold.height() + 8);
-  for (int i = 0; i < 4; ++i) {
-    auto* list = new QListWidget(central);
-    list->setObjectName(QStringLiteral("Remain%1").arg(i));
-    list->setProperty("index", i);
-    list->setFlow(QListView::LeftToRight);
-    list->setWrapping(true);
-    list->setResizeMode(QListView::Adjust);
-    list->setGridSize(cell);
-    list->setUniformItemSizes(true);
-    list->setTextElideMode(Qt::ElideNone);
-    list->setSelectionMode(QAbstractItemView::SingleSelection);
-    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    list->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // 13 cards fit in 4 x 4
-    const int frame = 2 * list->frameWidth() + 4;
-    list->setFixedSize(4 * cell.width() + frame, 4 * cell.height() + frame);
-    connect(list, &QListWidget::itemClicked, this, [this, i](QListWidgetItem* item) {
-      if (longCommand_) return;
-      RemainClick(s_, *this, i, item ? remain_[i]->row(item) : -1);
-      ControlsChanged();
-    });
-    remain_[i] = list;
-    side->addWidget(list);
-  }
-  side->addStretch(1);
-  undoEdit_ = Button(QStringLiteral("UndoEdit"), tr("Undo"), QStringLiteral("Undo last change"), UndoEdit);
-  cmdexit_ = Button(QStringLiteral("cmdexit"), tr("Exit"), QString(), nullptr);
-  connect(cmdexit_, &QPushButton::clicked, this, [this] { Exit(); });
-  side->addWidget(undoEdit_);
-  side->addWidget(cmdexit_);
-  middle->addLayout(side);
-  outer->addLayout(middle);
-
-  // Status line: what the pointer is over, and the row and column of the last click.
-  auto* bottom = new QHBoxLayout;
-  pb_ = new QLabel(central);
-  pb_->setObjectName(QStringLiteral("pb"));
-  pb_->setFrameShape(QFrame::StyledPanel);
-  pb_->setFrameShadow(QFrame::Sunken);
-  pb_->setMinimumWidth(1);
-  label3_ = new QLabel(central);
-  label3_->setObjectName(QStringLiteral("Label3"));
-  label4_ = new QLabel(central);
-  label4_->setObjectName(QStringLiteral("Label4"));
-  for (QLabel* l : {label3_, label4_}) {
-    l->setFrameShape(QFrame::StyledPanel);
-    l->setFrameShadow(QFrame::Sunken);
-    l->setAlignment(Qt::AlignCenter);
-    l->setFixedWidth(fm.horizontalAdvance(QStringLiteral("00")) + 12);
-  }
-  bottom->addWidget(pb_, 1);
-  bottom->addWidget(new QLabel(tr("Row"), central));
-  bottom->addWidget(label3_);
-  bottom->addWidget(new QLabel(tr("Col"), central));
-  bottom->addWidget(label4_);
-  outer->addLayout(bottom);
-
-  // Progress panel over the board, shown while a long command runs.
-  frame1_ = new QFrame(board_);
-  frame1_->setObjectName(QStringLiteral("Frame1"));
-  frame1_->setFrameShape(QFrame::StyledPanel);
-  frame1_->setAutoFillBackground(true);
-  // Over the 7x7 grid exactly, so no cell border shows beside it.
-  const QPointF frameTopLeft = board_->TwipsToPixels(QPointF(kBoardMargin, kBoardMargin));
-  const QPointF frameSize = board_->TwipsToPixels(QPointF(7 * kCellSize, 7 * kCellSize));
-  // One pixel more takes in the grid's last line.
-  frame1_->setGeometry(QRectF(frameTopLeft, QSizeF(frameSize.x(), frameSize.y())).toRect().adjusted(0, 0, 1, 1));
-  auto* frameLayout = new QVBoxLayout(frame1_);
-  newLab_ = new QLabel(frame1_);
-  newLab_->setObjectName(QStringLiteral("NewLab"));
-  newLab_->setAlignment(Qt::AlignCenter);
-  newLab_->setWordWrap(true);
-  // Cancel is the one command that acts while a long command runs, so it
-  // does not go through Run.
-  cmdcancel_ =
-      Button(QStringLiteral("cmdcancel"), tr("Cancel"), QStringLiteral("Cancel current command"), nullptr);
-  connect(cmdcancel_, &QPushButton::clicked, this, [this] {
-    cmdcancel(s_, *this);
-    ControlsChanged();
-  });
-  cmdcancel_->setParent(frame1_);
-  frameLayout->addStretch(1);
-  frameLayout->addWidget(newLab_);
-  frameLayout->addWidget(cmdcancel_, 0, Qt::AlignHCenter);
-  frameLayout->addStretch(1);
-  frame1_->hide();
-
-  gf1_ = new FNDialog(central);
-  gf1_->setObjectName(QStringLiteral("gf1"));
-  gf1_->hide();
-
-  BuildHiddenButtons(central);
-  setCentralWidget(central);
-  outer->setSizeConstraint(QLayout::SetFixedSize);
-}
-
-void Form1::BuildHiddenButtons(QWidget* parent) {
-  // Buttons other windows press; they are never shown.
-  auto hidden = [&](const QString& name, const QString& text, Command command) {
-    QPushButton* b = Button(name, text, QString(), std::move(command));
-    b->setParent(parent);
-    b->hide();
-    hiddenButtons_.push_back(b);
-    return b;
-  };
-  const Command applyScheme = [this](GameState&, UserInterface&) {
-    SetCol();
-    DrawBoard();
-  };
-  hidden(QStringLiteral("kickinOptions"), QStringLiteral("kickin options settings"), applyScheme);
-  hidden(QStringLiteral("kickinSetCol"), QStringLiteral("kickin SetCol"), applyScheme);
-  hidden(QStringLiteral("Command6"), QStringLiteral("CheckSolution"), Command6);
-  hidden(QStringLiteral("Command7"), QStringLiteral("ShowSolution"), Command7);
-  // The hidden Solve button acts on the release of a mouse button.
-  QPushButton* solve = hidden(QStringLiteral("Autosolvex"), QStringLiteral("Solve"), nullptr);
-  connect(solve, &QPushButton::released, this, [this] { Run(Autosolvex); });
-  // The batch transformation remakes the current puzzle file into its "_new"
-  // file at the level the create dialog shows.
-  QPushButton* transform =
-      hidden(QStringLiteral("cmdmakepuzzles"), QStringLiteral("MakePuzzlesFromFile"), nullptr);
-  connect(transform, &QPushButton::clicked, this, [this] {
-    const int level = TransformLevel();
-    RunLong([level](GameState& s, UserInterface& ui) { cmdmakepuzzles(s, ui, level); });
-  });
-}
-
-void Form1::BuildMenus() {
-  QMenu* file = Menu(QStringLiteral("mnufile"), tr("&File"));
-  AddCommand(file, QStringLiteral("mnuloadpuz"), tr("&Load"), mnuloadpuz);
-  AddCommand(file, QStringLiteral("mnusaveas"), tr("&Copy"), mnusaveas);
-  AddCommand(file, QStringLiteral("mnusortpuz"), tr("&Sort"), mnusortpuz);
-  file->addSeparator();
-  AddCommand(file, QStringLiteral("mnuexit"), tr("E&xit"), [this](GameState&, UserInterface&) { Exit(); });
-
-  QMenu* puzzle = Menu(QStringLiteral("mnupuzzle"), tr("&Puzzle"));
-  AddCommand(puzzle, QStringLiteral("mnupuzreset"), tr("&Reset"), mnupuzreset);
-  AddCommand(puzzle, QStringLiteral("mnusaveassli"), tr("Sa&ve"), mnusaveassli);
-  AddCommand(puzzle, QStringLiteral("mnuappend"), tr("&Append"), mnuappend);
-  AddCommand(puzzle, QStringLiteral("mnudelete"), tr("&Delete"), mnudelete);
-  puzzle->addSeparator();
-  AddCommand(puzzle, QStringLiteral("mnuviewsol"), tr("Show &Solution"), mnuviewsol);
-
-  QMenu* create = Menu(QStringLiteral("mnucreate"), tr("&Create"));
-  AddCommand(create, QStringLiteral("mnunewrandpuzx"), tr("&One Puzzle"), mnunewrandpuzx, true);
-  AddCommand(create, QStringLiteral("mnumultipuzx"), tr("&Multiple Puzzles"),
-             [this](GameState&, UserInterface&) { MultiplePuzzles(); });
-
-  QMenu* solve = Menu(QStringLiteral("mnusolve"), tr("&Solve"));
-  AddCommand(solve, QStringLiteral("mnusolveall"), tr("&AutoSolve"), mnusolveall);
-  AddCommand(solve, QStringLiteral("mnurestore"), tr("&Restore"), mnurestore);
-
-  QMenu* print = Menu(QStringLiteral("mnuprint"), tr("P&rint"));
-  QMenu* current = CurrentPrintMenu(print);
-  AddCommand(current, QStringLiteral("mnuprintcurrentpuz"), tr("&Puzzle"),
-             DesktopPrint(this, mnuprintcurrentpuz));
-  AddCommand(current, QStringLiteral("mnuprintcurrentsol"), tr("&Solution"),
-             DesktopPrint(this, mnuprintcurrentsol));
-  AddCommand(current, QStringLiteral("mnuprintcurrent"), tr("Puzzle &and Solution"),
-             DesktopPrint(this, mnuprintcurrent));
-  AddCommand(print, QStringLiteral("mnuprintfile"), tr("Puzzle &File"), DesktopPrint(this, mnuprintfile));
-  AddCommand(print, QStringLiteral("mnuprintpreview"), tr("Print Pre&view"), PrintPreview(this));
-
-  AddCommand(Menu(QStringLiteral("mnuoptionsmenu"), tr("&Options")), QStringLiteral("mnuoptions"),
-             tr("&Colors and Size..."), [this](GameState& s, UserInterface& ui) { ShowOptions(s, ui, this); });
-
-  QMenu* help = Menu(QStringLiteral("mnuhelpmenu"), tr("&Help"));
-  AddCommand(help, QStringLiteral("mnuhelp"), tr("&Help"), [this](GameState&, UserInterface&) { ShowHelp(); });
-  AddCommand(help, QStringLiteral("mnuabout"), tr("&About"), [this](GameState&, UserInterface&) { ShowAbout(); });
-}
-
-QMenu* Form1::Menu(const QString& objectName, const QString& title) {
-  if (auto* existing = menuBar()->findChild<QMenu*>(objectName)) return existing;
-  QMenu* menu = menuBar()->addMenu(title);
-  menu->setObjectName(objectName);
-  return menu;
-}
-
-void Form1::AddCommand(QMenu* menu, const QString& objectName, const QString& text, Command command,
-                       bool yields) {
-  QAction* action = menu->addAction(text);
-  action->setObjectName(objectName);
-  connect(action, &QAction::triggered, this, [this, command = std::move(command), yields] {
-    if (yields) {
-      RunLong(command);
-    } else {
-      Run(command);
-    }
-  });
-}
-
-QPushButton* Form1::Button(const QString& objectName, const QString& text, const QString& tip, Command command) {
-  auto* b = new QPushButton(text, this);
-  b->setObjectName(objectName);
-  if (!tip.isEmpty()) b->setToolTip(tip);
-  b->setAutoDefault(false);
-  if (command) connect(b, &QPushButton::clicked, this, [this, command = std::move(command)] { Run(command); });
-  return b;
 }
 
 void Form1::Run(const Command& command) {
@@ -400,7 +115,7 @@ Form3* Form1::CreateDialog() {
 }
 
 void Form1::MultiplePuzzles() {
-  if (CreateRefusedWhileSolving(s_, *this)) return;
+  if (RefusedWhileSolving(s_, *this)) return;
   const Form3Values form = CreateDialog()->Ask(s_.CurrentPuzzleFile, s_.AppFolder);
   if (form.result != "Y") return;
   RunLong([form](GameState& s, UserInterface& ui) { mnumultipuzx(s, ui, form); });
@@ -425,7 +140,7 @@ void Form1::SetCol() {
   for (QPushButton* b : {undoEdit_, cmdexit_, cmdcancel_, arrows_[0], arrows_[1], arrows_[2]}) {
     SetRole(b, QPalette::Button, buttonFace);
   }
-  board_->SetColors(background, background);
+  board_->SetSurfaceColor(background);
   if (help_) help_->setPalette(pal);
   if (about_) about_->setPalette(pal);
   if (form3_) form3_->setPalette(pal);
@@ -565,30 +280,29 @@ void Form1::ShowSelection() {
   }
 }
 
-void Form1::DrawBoard() { board_->DrawBoard(); }
+QColor Form1::CellColor() const {
+  // Read when painting: a colour picked in the options dialog shows on the
+  // cells painted next, before the scheme is applied to the windows.
+  const SchemeColors c = EffectiveColors(s_.Scheme, s_.ColorSchemeName, FromColor(systemButtonFace_));
+  return ToColor(c[kSchemeBackground]);
+}
+
+void Form1::DrawBoard() {
+  board_->SetCellColor(CellColor());
+  board_->DrawBoard();
+}
 
 void Form1::DrawCell(int rank, const std::string& suitLetter, int row, int col) {
   ++cellDraws_;
+  board_->SetCellColor(CellColor());
   board_->DrawCell(rank, suitLetter, row, col);
 }
 
-void Form1::ShowSolutionOverlay() { board_->ShowSolution(); }
-
-void Form1::EnableTimingLog(QElapsedTimer sinceStart) {
-  timing_ = true;
-  sinceStart_ = sinceStart;
+void Form1::ShowSolutionOverlay() {
+  board_->SetCellColor(CellColor());
+  board_->ShowSolution();
 }
 
-void Form1::Painted() {
-  if (!timing_) return;
-  if (!firstPaintLogged_) {
-    firstPaintLogged_ = true;
-    std::fprintf(stderr, "velmora: start-up to first painted board %.1f ms\n", sinceStart_.nsecsElapsed() / 1e6);
-  }
-  if (placementPending_) {
-    placementPending_ = false;
-    std::fprintf(stderr, "velmora: click to repainted cell %.3f ms\n", placement_.nsecsElapsed() / 1e6);
-  }
-}
+void Form1::EnableTimingLog(QElapsedTimer sinceStart) { timing_.Enable(sinceStart); }
 
 }  // namespace velmora

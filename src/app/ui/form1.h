@@ -10,11 +10,13 @@
 #include <string>
 #include <vector>
 
+#include "app/ui/timing_log.h"
 #include "model/game_state.h"
 #include "model/user_interface.h"
 
 class QFrame;
 class QLabel;
+class QLayout;
 class QLineEdit;
 class QListWidget;
 class QMenu;
@@ -24,6 +26,7 @@ namespace velmora {
 
 class BoardView;
 class FNDialog;
+class PrintJobs;
 class Form3;
 class Form4;
 
@@ -72,9 +75,43 @@ class Form1 : public QMainWindow, public UserInterface {
  private:
   using Command = std::function<void(GameState&, UserInterface&)>;
 
+  // What a menu entry runs: a command of the core, one of the window's own,
+  // a dialog opened over this window, or a print command sent to the
+  // printer. Not explicit, so that a row names its command directly.
+  struct MenuCommand {
+    constexpr MenuCommand() = default;
+    constexpr MenuCommand(void (*f)(GameState&, UserInterface&)) : core(f) {}
+    constexpr MenuCommand(void (Form1::*f)()) : window(f) {}
+    constexpr MenuCommand(void (*f)(GameState&, UserInterface&, QWidget*)) : overWindow(f) {}
+    constexpr MenuCommand(void (*f)(GameState&, UserInterface&, PrintJobs&)) : print(f) {}
+    void (*core)(GameState&, UserInterface&) = nullptr;
+    void (Form1::*window)() = nullptr;
+    void (*overWindow)(GameState&, UserInterface&, QWidget*) = nullptr;
+    void (*print)(GameState&, UserInterface&, PrintJobs&) = nullptr;
+  };
+  // One menu entry: its menu's objectName and title ("parent/child" names and
+  // titles for a submenu), its own objectName and
+  // text (nullptr for a separator line), its command, and kYields when the
+  // command yields to window events and runs as RunLong does.
+  struct MenuRow {
+    const char* menu;
+    const char* title;
+    const char* name;
+    const char* text;
+    MenuCommand command;
+    bool yields = false;
+  };
+  static constexpr bool kYields = true;
+
+  // The controls: each part lays out its widgets and wires them to commands.
   void BuildControls();
+  QLayout* BuildTopRow(QWidget* parent);
+  void BuildBoard(QWidget* parent);
+  QLayout* BuildSidePanel(QWidget* parent);
+  QLayout* BuildStatusLine(QWidget* parent);
+  void BuildProgressPanel();
   void BuildHiddenButtons(QWidget* parent);
-  // Every menu and menu entry is made here.
+  // Every menu and menu entry is made here, from the table of MenuRows.
   void BuildMenus();
   QMenu* Menu(const QString& objectName, const QString& title);
   // `yields`: the command yields to window events and runs as RunLong does.
@@ -96,7 +133,8 @@ class Form1 : public QMainWindow, public UserInterface {
   void ShowAbout();
   void FillRemain(int list);
   void ShowSelection();
-  void Painted();
+  // Colour 2 of the current scheme, as the cells are filled with it.
+  QColor CellColor() const;
 
   GameState s_;
   BoardView* board_ = nullptr;
@@ -126,12 +164,8 @@ class Form1 : public QMainWindow, public UserInterface {
   QColor systemButtonFace_;
   bool busy_ = false;
 
-  bool timing_ = false;
-  bool firstPaintLogged_ = false;
-  QElapsedTimer sinceStart_;
-  QElapsedTimer placement_;
-  bool placementPending_ = false;
-  int cellDraws_ = 0;
+  TimingLog timing_;
+  int cellDraws_ = 0;  // cells painted so far: a click that paints one is timed
 };
 
 }  // namespace velmora

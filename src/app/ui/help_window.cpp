@@ -1,24 +1,14 @@
-// Help window (the help page with Back, Forward and Exit) and the about box.
+// Help window: the help page with Back, Forward and Exit.
 #include "app/ui/help_window.h"
 
-#include <QDialog>
-#include <QDialogButtonBox>
 #include <QFileInfo>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QTextBrowser>
 #include <QUrl>
 #include <QVBoxLayout>
 
 namespace velmora {
-
-const char* const kRulesText =
-    "Fill the 7 x 7 grid with 49 of the 52 cards of a deck.\n\n"
-    "No rank may repeat in a row or a column.\n"
-    "Cells that touch up, down, left or right never hold cards of the same suit,\n"
-    "and never hold cards of consecutive ranks; king and ace count as consecutive.\n\n"
-    "The puzzle gives some cards; the three cards its solution leaves out are never offered.";
 
 Form4::Form4(const QString& page, QWidget* parent) : QWidget(parent, Qt::Window) {
   setObjectName(QStringLiteral("Form4"));
@@ -55,27 +45,6 @@ Form4::Form4(const QString& page, QWidget* parent) : QWidget(parent, Qt::Window)
     browser_->setPlainText(tr("The help page %1 could not be found.").arg(page));
   }
   resize(640, 560);
-}
-
-QWidget* NewAboutForm(QWidget* parent) {
-  auto* about = new QDialog(parent);
-  about->setObjectName(QStringLiteral("AboutForm"));
-  about->setWindowTitle(QObject::tr("About Velmora"));
-  auto* name = new QLabel(QStringLiteral("<b>Velmora</b>"), about);
-  auto* rules = new QLabel(QString::fromLatin1(kRulesText), about);
-  rules->setObjectName(QStringLiteral("Rules"));
-  rules->setWordWrap(true);
-  auto* version = new QLabel(QStringLiteral("Version 1.0"), about);
-  version->setObjectName(QStringLiteral("Version"));
-  auto* ok = new QDialogButtonBox(QDialogButtonBox::Ok, about);
-  QObject::connect(ok, &QDialogButtonBox::accepted, about, &QDialog::accept);
-  auto* layout = new QVBoxLayout(about);
-  layout->addWidget(name);
-  layout->addWidget(rules);
-  layout->addWidget(version);
-  layout->addWidget(ok);
-  layout->setSizeConstraint(QLayout::SetFixedSize);
-  return about;
 }
 
 }  // namespace velmora

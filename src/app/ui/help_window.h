@@ -1,4 +1,4 @@
-// Help window (the help page with Back, Forward and Exit) and the about box.
+// Help window: the help page with Back, Forward and Exit.
 #pragma once
 
 #include <QString>
@@ -8,9 +8,6 @@ class QPushButton;
 class QTextBrowser;
 
 namespace velmora {
-
-// The rules in a few sentences, shown by the about box.
-extern const char* const kRulesText;
 
 class Form4 : public QWidget {
   Q_OBJECT
@@ -25,8 +22,5 @@ class Form4 : public QWidget {
   QPushButton* back_;
   QPushButton* forward_;
 };
-
-// The about box: the rules and the version.
-QWidget* NewAboutForm(QWidget* parent);
 
 }  // namespace velmora

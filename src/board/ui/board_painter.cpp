@@ -60,7 +60,7 @@ void BoardPainter::DrawCell(const GameState& s, int rank, const std::string& sui
   Outline(cell);
   if (suitLetter.empty()) return;
 
-  // Unknown letters keep symbol 0 and plain black, as the program always did.
+  // A letter other than S, H, D, C keeps symbol 0 and plain black.
   int index = 0;
   QColor colour = Qt::black;
   if (suitLetter == "S") colour = kBlackSuitColor;

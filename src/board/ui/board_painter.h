@@ -42,8 +42,10 @@ class SuitStrip {
 // that one unit is one twip.
 void ScaleToTwips(QPainter& p, double dpiX, double dpiY);
 
-// Painting on a painter already scaled to twips. `cellColor` is colour 2 of
-// the current scheme; `surfaceColor` the picture's own background.
+// Painting on a painter already scaled to twips. `cellColor` fills the cells
+// DrawCell paints (colour 2 of the current scheme); `surfaceColor` is the
+// picture's own background, which DrawBoard clears to and which shows inside
+// empty cells.
 class BoardPainter {
  public:
   BoardPainter(QPainter& p, SuitStrip& strip, QColor cellColor, QColor surfaceColor)

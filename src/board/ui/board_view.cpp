@@ -30,11 +30,6 @@ QPointF BoardView::TwipsToPixels(QPointF twips) const {
   return {twips.x() * logicalDpiX() / kTwipsPerInch, twips.y() * logicalDpiY() / kTwipsPerInch};
 }
 
-void BoardView::SetColors(QColor cellColor, QColor surfaceColor) {
-  cell_ = cellColor;
-  surface_ = surfaceColor;
-}
-
 bool BoardView::EnsureImage() {
   const qreal scale = devicePixelRatioF();
   if (!image_.isNull() && scale == imageScale_) return false;

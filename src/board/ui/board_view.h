@@ -18,8 +18,11 @@ class BoardView : public QWidget {
  public:
   explicit BoardView(const GameState& state, QWidget* parent = nullptr);
 
-  // The cells' fill (scheme colour 2) and the picture's own background.
-  void SetColors(QColor cellColor, QColor surfaceColor);
+  // The fill of the cells painted from now on: scheme colour 2.
+  void SetCellColor(QColor color) { cell_ = color; }
+  // The picture's own background, which shows around the board and inside
+  // empty cells: the window's background as the scheme was last applied.
+  void SetSurfaceColor(QColor color) { surface_ = color; }
   void DrawBoard();
   void DrawCell(int rank, const std::string& suitLetter, int row, int col);
   void ShowSolution();

@@ -72,18 +72,12 @@ Form3::Form3(QWidget* parent) : QDialog(parent) {
   auto* frame5 = Group(QStringLiteral("Frame5"), QStringLiteral("Difficulty Level"), this);
   auto* frame5Layout = new QHBoxLayout(frame5);
   // Shown Random first, as the level One Puzzle uses.
-  struct Option {
-    const char* name;
-    const char* caption;
-    int level;
-  };
-  for (const Option& o :
-       {Option{"Option4", "Random", kLevelRandom}, Option{"Option1", "Easy", kLevelEasy},
-        Option{"Option2", "Hard", kLevelHard}, Option{"Option3", "Very Hard", kLevelVHard}}) {
-    auto* button = new QRadioButton(QString::fromLatin1(o.caption), frame5);
-    button->setObjectName(QString::fromLatin1(o.name));
-    button->setChecked(o.level == start.level);
-    options_[static_cast<size_t>(o.level)] = button;
+  for (const int level : {kLevelRandom, kLevelEasy, kLevelHard, kLevelVHard}) {
+    const DifficultyLevel& row = kLevels[level];
+    auto* button = new QRadioButton(QString::fromLatin1(row.caption), frame5);
+    button->setObjectName(QString::fromLatin1(row.button));
+    button->setChecked(level == start.level);
+    options_[static_cast<size_t>(level)] = button;
     frame5Layout->addWidget(button);
   }
   frame5Layout->addStretch(1);

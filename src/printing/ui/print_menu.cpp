@@ -4,7 +4,6 @@
 
 #include <QFileInfo>
 #include <QLocale>
-#include <QMenu>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
@@ -88,28 +87,20 @@ std::function<void(GameState&, UserInterface&)> DesktopPrint(QWidget* window, Pr
   };
 }
 
-std::function<void(GameState&, UserInterface&)> PrintPreview(QWidget* window) {
-  return [window](GameState& s, UserInterface&) {
-    const QString name = PrintDialogOf(window)->CurrentPrinter();
-    QPrinter printer(QPrinterInfo::printerInfo(name), QPrinter::HighResolution);
-    if (printer.outputFormat() == QPrinter::PdfFormat) printer.setPageSize(LocalPaper());
-    printer.setFullPage(true);
-    QPrintPreviewDialog preview(&printer, window);
-    preview.setObjectName(QStringLiteral("PrintPreview"));
-    SuitStrip strip;
-    QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, [&](QPrinter* device) {
-      PagePainter page(*device, strip);
-      PrintPuzzleAndSolution(s, page);
-      page.End();
-    });
-    preview.exec();
-  };
-}
-
-QMenu* CurrentPrintMenu(QMenu* print) {
-  QMenu* current = print->addMenu(QMenu::tr("&Current"));
-  current->setObjectName(QStringLiteral("mnuprintcur"));
-  return current;
+void PrintPreview(GameState& s, UserInterface&, QWidget* window) {
+  const QString name = PrintDialogOf(window)->CurrentPrinter();
+  QPrinter printer(QPrinterInfo::printerInfo(name), QPrinter::HighResolution);
+  if (printer.outputFormat() == QPrinter::PdfFormat) printer.setPageSize(LocalPaper());
+  printer.setFullPage(true);
+  QPrintPreviewDialog preview(&printer, window);
+  preview.setObjectName(QStringLiteral("PrintPreview"));
+  SuitStrip strip;
+  QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, [&](QPrinter* device) {
+    PagePainter page(*device, strip);
+    PrintPuzzleAndSolution(s, page);
+    page.End();
+  });
+  preview.exec();
 }
 
 }  // namespace velmora

@@ -9,7 +9,6 @@
 #include "model/user_interface.h"
 #include "printing/print_commands.h"
 
-class QMenu;
 class QWidget;
 
 namespace velmora {
@@ -22,10 +21,7 @@ using PrintCommand = void (*)(GameState&, UserInterface&, PrintJobs&);
 std::function<void(GameState&, UserInterface&)> DesktopPrint(QWidget* window, PrintCommand command);
 
 // Print > "Print Preview": the page of "Puzzle and Solution" in a preview window.
-std::function<void(GameState&, UserInterface&)> PrintPreview(QWidget* window);
-
-// The "Current" submenu of the Print menu.
-QMenu* CurrentPrintMenu(QMenu* print);
+void PrintPreview(GameState& s, UserInterface& ui, QWidget* window);
 
 // `window`'s print-file dialog, made on first use and kept, so its controls
 // and the current printer last for the run.

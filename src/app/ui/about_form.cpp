@@ -1,0 +1,42 @@
+// The about box: the rules in a few sentences and the version.
+#include "app/ui/about_form.h"
+
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace velmora {
+namespace {
+
+constexpr const char* kRulesText =
+    "Fill the 7 x 7 grid with 49 of the 52 cards of a deck.\n\n"
+    "No rank may repeat in a row or a column.\n"
+    "Cells that touch up, down, left or right never hold cards of the same suit,\n"
+    "and never hold cards of consecutive ranks; king and ace count as consecutive.\n\n"
+    "The puzzle gives some cards; the three cards its solution leaves out are never offered.";
+
+}  // namespace
+
+QWidget* NewAboutForm(QWidget* parent) {
+  auto* about = new QDialog(parent);
+  about->setObjectName(QStringLiteral("AboutForm"));
+  about->setWindowTitle(QObject::tr("About Velmora"));
+  auto* name = new QLabel(QStringLiteral("<b>Velmora</b>"), about);
+  auto* rules = new QLabel(QString::fromLatin1(kRulesText), about);
+  rules->setObjectName(QStringLiteral("Rules"));
+  rules->setWordWrap(true);
+  auto* version = new QLabel(QStringLiteral("Version 1.0"), about);
+  version->setObjectName(QStringLiteral("Version"));
+  auto* ok = new QDialogButtonBox(QDialogButtonBox::Ok, about);
+  QObject::connect(ok, &QDialogButtonBox::accepted, about, &QDialog::accept);
+  auto* layout = new QVBoxLayout(about);
+  layout->addWidget(name);
+  layout->addWidget(rules);
+  layout->addWidget(version);
+  layout->addWidget(ok);
+  layout->setSizeConstraint(QLayout::SetFixedSize);
+  return about;
+}
+
+}  // namespace velmora

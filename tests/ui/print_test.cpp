@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QMenu>
 #include <QPrintPreviewDialog>
 #include <QPushButton>
 
@@ -128,6 +129,13 @@ TEST(Form1Print, PuzzleFileDialogChecksPrintsToPdfAndShowsThePuzzleBefore) {
 
 TEST(Form1Print, CurrentCommandsAskFirstAndPreviewShowsThePage) {
   Window win(1);
+  auto entries = [&](const char* menu) {
+    std::vector<std::string> texts;
+    for (QAction* a : win.Get<QMenu>(menu)->actions()) texts.push_back(a->text().toStdString());
+    return texts;
+  };
+  EXPECT_EQ(entries("mnuprint"), (std::vector<std::string>{"&Current", "Puzzle &File", "Print Pre&view"}));
+  EXPECT_EQ(entries("mnuprintcur"), (std::vector<std::string>{"&Puzzle", "&Solution", "Puzzle &and Solution"}));
   win.hand.answers = {QMessageBox::No, QMessageBox::Yes};
   win.hand.names = {win.dir.File("current")};
   win.Trigger("mnuprintcurrentsol");

@@ -58,8 +58,8 @@ void Form1::BuildMenus() {
 }
 
 QMenu* Form1::Menu(const QString& objectName, const QString& title) {
-  if (auto* existing = menuBar()->findChild<QMenu*>(objectName)) return existing;
   const qsizetype slash = objectName.lastIndexOf(QLatin1Char('/'));
+  if (auto* existing = menuBar()->findChild<QMenu*>(objectName.mid(slash + 1))) return existing;
   QMenu* menu = nullptr;
   if (slash < 0) {
     menu = menuBar()->addMenu(title);

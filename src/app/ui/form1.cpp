@@ -18,6 +18,7 @@
 
 #include "app/app_commands.h"
 #include "app/startup.h"
+#include "app/ui/about_folder.h"
 #include "app/ui/help_window.h"
 #include "appearance/color_scheme.h"
 #include "appearance/ui/form2.h"
@@ -454,7 +455,7 @@ void Form1::closeEvent(QCloseEvent* event) {
 
 void Form1::ShowHelp() {
   if (!help_) {
-    help_ = new Form4(QString::fromLocal8Bit((s_.AppFolder + "velmora.htm").c_str()), this);
+    help_ = new Form4(QString::fromLocal8Bit((s_.ShippedFolder + "velmora.htm").c_str()), this);
     help_->setPalette(palette());
   }
   help_->show();
@@ -465,6 +466,7 @@ void Form1::ShowHelp() {
 void Form1::ShowAbout() {
   if (!about_) {
     about_ = NewAboutForm(this);
+    ShowFolderInAbout(about_, s_.AppFolder);
     about_->setPalette(palette());
   }
   about_->show();

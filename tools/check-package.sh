@@ -27,6 +27,12 @@ lintian_out=$(lintian --fail-on error "$deb" 2>&1) || lintian_rc=$?
 grep -v "running with root privileges" <<<"$lintian_out" || true
 [ "$lintian_rc" -eq 0 ]
 
+# The bash completion offers exactly the subcommands velmora-cli has.
+listed=$("$games"/velmora-cli --help | sed -n 's/^  \([a-z]\+\) .*/\1/p' | sort | xargs)
+completed=$(sed -n 's/.*local commands="\(.*\)"/\1/p' "$root"/usr/share/bash-completion/completions/velmora-cli |
+  tr ' ' '\n' | sort | xargs)
+[ "$listed" = "$completed" ] || { echo "bash completion lists '$completed', velmora-cli has '$listed'"; exit 1; }
+
 (cd "$home" && "$games"/velmora-cli generate new.vlm --count 2 --level easy --seed 1 --jobs 1 >/dev/null)
 [ "$("$games"/velmora-cli count "$home"/new.vlm)" = 2 ]
 [ "$("$games"/velmora-cli count "$root"/usr/share/velmora/puzzles.vlm)" -gt 0 ]

@@ -1,12 +1,10 @@
 // velmora-cli scheme: the colour-scheme commands of the options dialog over
 // all.col and velmora.cfg in the program's folder.
 #include <cstdio>
-#include <filesystem>
 #include <string>
-#include <system_error>
 #include <vector>
 
-#include "app/startup.h"
+#include "app/app_folder.h"
 #include "appearance/color_scheme.h"
 #include "appearance/scheme_options.h"
 #include "files/config.h"
@@ -33,13 +31,6 @@ struct SchemeArgs {
   uint32_t background = 0;
   bool no = false;
 };
-
-// The folder the desktop program would use: the one this program lies in.
-std::string ProgramFolder() {
-  std::error_code ec;
-  const auto self = std::filesystem::read_symlink("/proc/self/exe", ec);
-  return ec ? std::string() : self.parent_path().string();
-}
 
 // "R,G,B" with each part 0..255.
 bool ParseColor(const std::string& text, uint32_t& color) {
@@ -119,7 +110,8 @@ int RunScheme(const std::vector<std::string>& args) {
   SchemeArgs a;
   if (const std::string wrong = Parse(args, a); !wrong.empty()) return UsageError(kScheme, wrong);
   GameState s;
-  s.AppFolder = FolderWithSlash(a.folder.empty() ? ProgramFolder() : a.folder);
+  // The folder the desktop program would use.
+  s.AppFolder = SetUpProgramFolders(a.folder, ExecutableFolder()).app;
   s.Scheme = DefaultSchemeColors();
   ScriptUserInterface ui(stdout);
   ui.AnswerNo(a.no);

@@ -5,8 +5,10 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -58,6 +60,23 @@ class InDirectory {
 
  private:
   std::filesystem::path old_;
+};
+
+// Sets (or with nullopt removes) an environment variable for one scope.
+class ScopedEnv {
+ public:
+  ScopedEnv(const char* name, std::optional<std::string> value) : name_(name) {
+    if (const char* old = std::getenv(name)) old_ = old;
+    Set(value);
+  }
+  ~ScopedEnv() { Set(old_); }
+
+ private:
+  void Set(const std::optional<std::string>& value) {
+    value ? ::setenv(name_, value->c_str(), 1) : ::unsetenv(name_);
+  }
+  const char* name_;
+  std::optional<std::string> old_;
 };
 
 inline std::string SampleFile() { return std::string(VELMORA_TEST_DATA_DIR) + "/sample.vlm"; }

@@ -8,6 +8,7 @@ packages=(
   libgtest-dev libgmock-dev googletest libbenchmark-dev
   clang libclang-rt-14-dev
   fonts-dejavu-core xvfb xauth imagemagick poppler-utils
+  dpkg-dev librsvg2-bin desktop-file-utils appstream lintian
 )
 
 missing=()

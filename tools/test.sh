@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and runs every test: the normal build,
-# the core tests under AddressSanitizer + UndefinedBehaviorSanitizer, and the
-# puzzle-file fuzzer for 60 seconds.
+# the Debian package made from it and checked, the core tests under
+# AddressSanitizer + UndefinedBehaviorSanitizer, and the puzzle-file fuzzer
+# for 60 seconds.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 tools/install-deps.sh
@@ -12,6 +13,9 @@ echo "== Normal build and all tests"
 cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 cmake --build build -j "$jobs"
 QT_QPA_PLATFORM=offscreen ctest --test-dir build --output-on-failure -j "$jobs"
+
+echo "== The Debian package"
+tools/check-package.sh build
 
 echo "== Core and command-line tests under ASan + UBSan"
 cmake -S . -B build-sanitize -G Ninja -DCMAKE_BUILD_TYPE=Debug -DVELMORA_SANITIZE=ON \

@@ -19,6 +19,7 @@ void StartUp(GameState& s, UserInterface& ui, const std::string& appFolder, cons
   BuildCardCodes(s.CardCodes);
   s.Scheme = DefaultSchemeColors();
   s.AppFolder = FolderWithSlash(appFolder);
+  if (s.ShippedFolder.empty()) s.ShippedFolder = s.AppFolder;
   s.Rows = s.Cols = 7;
   CalcCellPos(s);
 
@@ -41,6 +42,15 @@ void StartUp(GameState& s, UserInterface& ui, const std::string& appFolder, cons
   s.view.PuzNumNow.clear();
   ui.ControlsChanged();
   ui.DrawBoard();
+}
+
+void OpenPuzzleFile(GameState& s, UserInterface& ui, const std::string& file) {
+  ui.SetBusy(true);
+  std::string title;
+  LoadPuzzle(s, ui, file, 1, title, 1);
+  s.CurrentPuzzleFile = file;
+  s.CurrentPuzzleNumber = 1;
+  ui.SetBusy(false);
 }
 
 }  // namespace velmora

@@ -124,6 +124,7 @@ struct GameState {
   std::array<std::string, 1> GridBackups;
 
   std::string AppFolder;  // always ends in '/'
+  std::string ShippedFolder;  // where the help page was installed; AppFolder when empty at start-up
   std::string CurrentPuzzleFile;
   int CurrentPuzzleNumber = 0;
   int PuzzleCount = 0;

@@ -1,4 +1,4 @@
-// The about box: the rules in a few sentences and the version.
+// The about box: the rules in a few sentences, the version and the program's folder.
 #include "app/ui/about_form.h"
 
 #include <QDialog>
@@ -18,7 +18,7 @@ constexpr const char* kRulesText =
 
 }  // namespace
 
-QWidget* NewAboutForm(QWidget* parent) {
+QWidget* NewAboutForm(QWidget* parent, const std::string& folder) {
   auto* about = new QDialog(parent);
   about->setObjectName(QStringLiteral("AboutForm"));
   about->setWindowTitle(QObject::tr("About Velmora"));
@@ -28,12 +28,16 @@ QWidget* NewAboutForm(QWidget* parent) {
   rules->setWordWrap(true);
   auto* version = new QLabel(QStringLiteral("Version 1.0"), about);
   version->setObjectName(QStringLiteral("Version"));
+  auto* where = new QLabel(QStringLiteral("Folder: ") + QString::fromLocal8Bit(folder.c_str()), about);
+  where->setObjectName(QStringLiteral("AppFolder"));
+  where->setTextInteractionFlags(Qt::TextSelectableByMouse);
   auto* ok = new QDialogButtonBox(QDialogButtonBox::Ok, about);
   QObject::connect(ok, &QDialogButtonBox::accepted, about, &QDialog::accept);
   auto* layout = new QVBoxLayout(about);
   layout->addWidget(name);
   layout->addWidget(rules);
   layout->addWidget(version);
+  layout->addWidget(where);
   layout->addWidget(ok);
   layout->setSizeConstraint(QLayout::SetFixedSize);
   return about;

@@ -169,7 +169,7 @@ void Form1::closeEvent(QCloseEvent* event) {
 
 void Form1::ShowHelp() {
   if (!help_) {
-    help_ = new Form4(QString::fromLocal8Bit((s_.AppFolder + "velmora.htm").c_str()), this);
+    help_ = new Form4(QString::fromLocal8Bit((s_.ShippedFolder + "velmora.htm").c_str()), this);
     help_->setPalette(palette());
   }
   help_->show();
@@ -179,7 +179,7 @@ void Form1::ShowHelp() {
 
 void Form1::ShowAbout() {
   if (!about_) {
-    about_ = NewAboutForm(this);
+    about_ = NewAboutForm(this, s_.AppFolder);
     about_->setPalette(palette());
   }
   about_->show();

@@ -1,0 +1,109 @@
+// Which folder the programs keep their files in, and the first run of a
+// per-user folder.
+#include "app/app_folder.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+#include "app/startup.h"
+#include "files/text_file.h"
+
+namespace velmora {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kInstalledDataFolder = "/../share/velmora";
+
+std::string Env(const char* name) {
+  const char* value = std::getenv(name);
+  return value ? value : "";
+}
+
+// As Qt takes the home folder: cleaned of doubled and trailing "/", "." and
+// "..", and "/" when HOME is empty.
+std::string CleanHome(const std::string& home) {
+  if (home.empty()) return "/";
+  std::string clean = fs::path(home).lexically_normal().string();
+  while (clean.size() > 1 && clean.back() == '/') clean.pop_back();
+  return clean;
+}
+
+std::string AbsoluteFolder(const std::string& folder) {
+  std::error_code ec;
+  const fs::path absolute = fs::absolute(folder, ec);
+  return FolderWithSlash((ec ? fs::path(folder) : absolute).lexically_normal().string());
+}
+
+// A folder the program has been run from, or unpacked with its files.
+bool HoldsProgramFiles(const std::string& folder) {
+  if (folder.empty()) return false;
+  for (const char* name : {"puzzles.vlm", "all.col", kHelpPage, "velmora.cfg"}) {
+    if (FileExists(folder + "/" + name)) return true;
+  }
+  return false;
+}
+
+bool WriteAll(int fd, const std::string& contents) {
+  size_t done = 0;
+  while (done < contents.size()) {
+    const ssize_t n = ::write(fd, contents.data() + done, contents.size() - done);
+    if (n < 0 && errno == EINTR) continue;
+    if (n <= 0) return false;
+    done += static_cast<size_t>(n);
+  }
+  return true;
+}
+
+// The copy is written under a temporary name and then linked under the real
+// one: the link fails when that name exists, so a file the person already
+// has is never replaced, and a crash never leaves half a file behind.
+void CopyIfMissing(const std::string& from, const std::string& folder, const std::string& name) {
+  std::string contents;
+  if (FileExists(folder + name) || !ReadWholeFile(from, contents)) return;
+  const std::string temp = folder + "." + name + "." + std::to_string(::getpid());
+  const int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  if (fd < 0) return;
+  bool written = WriteAll(fd, contents) && ::fsync(fd) == 0;
+  written = ::close(fd) == 0 && written;
+  if (written) ::link(temp.c_str(), (folder + name).c_str());
+  ::unlink(temp.c_str());
+}
+
+}  // namespace
+
+std::string PerUserFolder() {
+  std::string base = Env("XDG_DATA_HOME");
+  if (base.empty()) base = CleanHome(Env("HOME")) + "/.local/share";
+  return base + "/" + kApplicationName + "/";
+}
+
+std::string ExecutableFolder() {
+  std::error_code ec;
+  const fs::path self = fs::read_symlink("/proc/self/exe", ec);
+  return ec ? std::string() : self.parent_path().string();
+}
+
+ProgramFolders SetUpProgramFolders(const std::string& folderOption, const std::string& programFolder) {
+  ProgramFolders folders;
+  const bool holdsFiles = HoldsProgramFiles(programFolder);
+  folders.shipped = AbsoluteFolder(holdsFiles ? programFolder : programFolder + kInstalledDataFolder);
+  if (!folderOption.empty()) {
+    folders.app = AbsoluteFolder(folderOption);
+  } else if (holdsFiles && ::access(programFolder.c_str(), W_OK) == 0) {
+    folders.app = folders.shipped;
+  } else {
+    folders.app = AbsoluteFolder(PerUserFolder());
+    std::error_code ec;
+    fs::create_directories(folders.app, ec);
+    for (const char* name : kCopiedOnFirstRun) CopyIfMissing(folders.shipped + name, folders.app, name);
+  }
+  return folders;
+}
+
+}  // namespace velmora

@@ -1,5 +1,5 @@
-// Stepping through a puzzle file of 1,000,000 records: Next and a typed
-// number, near the start and at the end of the file.
+// Stepping through a puzzle file of 1,000,000 records: Next, a typed number
+// and Delete, near the start and at the end of the file.
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
@@ -46,6 +46,7 @@ class BigFile {
     if (!folder_.empty()) std::filesystem::remove_all(folder_, ec);
   }
   bool ok() const { return ok_; }
+  const std::string& Folder() const { return folder_; }
   std::string Path() const { return folder_ + "/big.vlm"; }
 
  private:
@@ -53,14 +54,17 @@ class BigFile {
   bool ok_ = false;
 };
 
-const BigFile& TheFile() {
+// One for stepping, one for deleting from.
+const BigFile& TheFile(bool forDelete = false) {
   static const BigFile file;
-  return file;
+  if (!forDelete) return file;
+  static const BigFile deleted;
+  return deleted;
 }
 
 // A state showing record m of the big file, as the arrows find it.
-bool Showing(GameState& s, int m) {
-  const BigFile& file = TheFile();
+bool Showing(GameState& s, int m, bool forDelete = false) {
+  const BigFile& file = TheFile(forDelete);
   SilentUserInterface ui;
   std::string title;
   s.CurrentPuzzleFile = file.Path();
@@ -94,6 +98,26 @@ void BM_GotoIn1MRecords(benchmark::State& state) {
   if (s.CurrentPuzzleNumber != n) state.SkipWithError("the typed number did not load");
 }
 BENCHMARK(BM_GotoIn1MRecords)->Arg(2)->Arg(kRecords)->Unit(benchmark::kMillisecond);
+
+// Delete of record n, or of the record 100 before the end: the whole file is
+// rewritten either way, then the neighbour shown.
+void BM_DeleteIn1MRecords(benchmark::State& state) {
+  GameState s;
+  SilentUserInterface ui;
+  const int n = state.range(0) == 1 ? 1 : kRecords - 100;
+  if (!Showing(s, n, true)) return state.SkipWithError("cannot make the big file");
+  std::error_code ec;
+  const auto here = std::filesystem::current_path(ec);
+  std::filesystem::current_path(TheFile(true).Folder(), ec);  // for velmora.tmp
+  for (auto _ : state) {
+    s.view.PuzNumNow = NumText(n);
+    s.PuzzleCount = kRecords;
+    mnudelete(s, ui);
+  }
+  std::filesystem::current_path(here, ec);
+  if (s.CurrentPuzzleNumber != (n == 1 ? 1 : n - 1)) state.SkipWithError("Delete did not show the neighbour");
+}
+BENCHMARK(BM_DeleteIn1MRecords)->Arg(1)->Arg(kRecords)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace velmora

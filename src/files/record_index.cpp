@@ -131,4 +131,12 @@ void IndexAppended(const FileStamp& before, const FileStamp& after, const std::s
   }
 }
 
+void IndexWritten(const FileStamp& stamp, const std::string& text) {
+  auto index = std::make_shared<RecordIndex>();
+  index->stamp = stamp;
+  if (stamp.size == static_cast<long long>(text.size()) && StepThrough(*index, text, 0)) {
+    TheKept().Keep(std::move(index));
+  }
+}
+
 }  // namespace velmora

@@ -35,5 +35,7 @@ std::shared_ptr<const RecordIndex> IndexRecords(LineReader& reader);
 // version `before` to `after`: a kept index of `before` grows by the text
 // instead of the file being read again.
 void IndexAppended(const FileStamp& before, const FileStamp& after, const std::string& text);
+// This process wrote `text` as the whole of the file version `stamp`.
+void IndexWritten(const FileStamp& stamp, const std::string& text);
 
 }  // namespace velmora

@@ -292,6 +292,7 @@ bool LockedFile::Replace(const std::string& contents) {
   if (good && name.empty()) good = LinkTemporary(tmp, real_, name);
   if (good) good = ::rename(name.c_str(), real_.c_str()) == 0;
   const int saved = errno;
+  if (good && !StampOf(tmp, replaced_)) replaced_ = FileStamp{};
   if (!good && !name.empty()) ::unlink(name.c_str());
   ::close(tmp);
   if (!good) return Fail(saved);

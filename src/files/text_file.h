@@ -79,6 +79,8 @@ class LockedFile {
   // Replaces the contents through a nameless temporary file beside the real
   // file that is renamed over it at the end; keeps the file's permissions.
   bool Replace(const std::string& contents);
+  // The version of the file the last Replace made.
+  const FileStamp& Replaced() const { return replaced_; }
   // Appends whole or not at all: on any error the file is cut back to its
   // length before. A last line without its line end gets one first.
   bool Append(const std::string& contents);
@@ -93,6 +95,7 @@ class LockedFile {
   bool Fail(int error);
 
   std::string real_;
+  FileStamp replaced_;
   int fd_ = -1;
   int error_ = 0;
   bool created_ = false;

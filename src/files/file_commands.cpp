@@ -7,6 +7,7 @@
 
 #include "board/play.h"
 #include "files/puzzle_file.h"
+#include "files/record_index.h"
 #include "files/text_file.h"
 #include "model/commands.h"
 #include "model/text.h"
@@ -175,6 +176,7 @@ void mnudelete(GameState& s, UserInterface& ui) {
     ui.ShowMessage(std::string("Error saving to file:") + kNewLine + file);
     return;
   }
+  IndexWritten(locked.Replaced(), contents);  // the reload need not read the file again
   std::string title;
   LoadPuzzle(s, ui, file, n == 1 ? 1 : n - 1, title, 1);
   ui.ShowMessage("Done");

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "board/geometry.h"
+#include "files/record_index.h"
 #include "model/rules.h"
 #include "model/text.h"
 
@@ -38,11 +39,29 @@ int32_t SizeField(const std::string& field) {
   return *v;
 }
 
+// Puts the reader on the size line of record n, with the record's title read,
+// as reading from the top would: false when the file ends before record n,
+// and a failed load when it ends between a header and its title.
+bool SeekRecord(LineReader& reader, int n, std::string& title) {
+  const auto index = IndexRecords(reader);
+  const auto& titles = index->titles;
+  if (n >= 1 && static_cast<size_t>(n) <= titles.size()) {
+    if (!reader.Seek(titles[static_cast<size_t>(n) - 1])) throw LoadError{};
+    title = NextLine(reader);
+    return true;
+  }
+  // Reading to the end passed every title; the last one is what stays read.
+  std::string last;
+  if (!titles.empty() && reader.Seek(titles.back()) && reader.ReadLine(last)) title = last;
+  if (index->titleMissing) throw LoadError{};
+  return false;
+}
+
 }  // namespace
 
 int CountPuzzles(const std::string& file) {
   LineReader reader(file);
-  return CountPuzzles(reader);
+  return reader.IsOpen() ? IndexRecords(reader)->headerLines : 0;
 }
 
 int CountPuzzles(LineReader& reader) {
@@ -75,18 +94,10 @@ int LoadPuzzle(GameState& s, UserInterface& ui, const std::string& file, int n, 
   try {
     LineReader reader(file);
     if (!reader.IsOpen()) throw LoadError{};
-    int k = 0;
-    std::string line;
-    while (k < n || n <= 0) {
-      if (!reader.ReadLine(line)) {
-        ui.SetBusy(false);
-        return 1;
-      }
-      if (line.empty() || line[0] != '#') continue;
-      title = NextLine(reader);
-      ++k;
+    if (!SeekRecord(reader, n, title)) {
+      ui.SetBusy(false);
+      return 1;
     }
-
     const std::string size = NextLine(reader);
     const size_t comma = size.find(',');
     if (comma == std::string::npos) throw LoadError{};  // the size line has no second field
@@ -175,9 +186,13 @@ bool WritePuzzleRecord(const GameState& s, const std::string& file, int number, 
 
 int AppendPuzzleRecord(const GameState& s, const std::string& file, const std::string& title) {
   LockedFile locked(file, true);
+  const FileStamp before = locked.Stamp();
   const int n = locked.ok() ? CountPuzzles(locked.path()) + 1 : 0;
   const std::string text = n > 0 ? PuzzleRecordText(s, n, title) : std::string();
-  if (!text.empty() && locked.Append(text)) return n;
+  if (!text.empty() && locked.Append(text)) {
+    IndexAppended(before, locked.Stamp(), text);
+    return n;
+  }
   locked.RemoveIfCreated();
   return 0;
 }

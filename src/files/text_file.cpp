@@ -135,6 +135,18 @@ int OpenForLock(const std::string& path, bool create, bool& created) {
   return fd;
 }
 
+bool StampOf(int fd, FileStamp& stamp) {
+  struct stat st {};
+  if (fd < 0 || ::fstat(fd, &st) != 0) return false;
+  constexpr long long kNs = 1000000000;
+  stamp.device = st.st_dev;
+  stamp.inode = st.st_ino;
+  stamp.size = st.st_size;
+  stamp.modified = st.st_mtim.tv_sec * kNs + st.st_mtim.tv_nsec;
+  stamp.changed = st.st_ctim.tv_sec * kNs + st.st_ctim.tv_nsec;
+  return true;
+}
+
 bool SameFile(const struct stat& a, const struct stat& b) {
   return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
 }
@@ -162,6 +174,7 @@ LineReader::~LineReader() {
 
 bool LineReader::Fill() {
   if (ended_) return false;
+  start_ += static_cast<long long>(buffer_.size());
   buffer_.resize(kReadChunk);
   ssize_t n;
   do {
@@ -206,6 +219,18 @@ bool LineReader::ReadLine(std::string& line) {
   return true;
 }
 
+bool LineReader::Seek(long long offset) {
+  if (fd_ < 0 || offset < 0 || ::lseek(fd_, static_cast<off_t>(offset), SEEK_SET) < 0) return false;
+  buffer_.clear();
+  pos_ = 0;
+  start_ = offset;
+  ended_ = false;
+  error_ = 0;
+  return true;
+}
+
+bool LineReader::Stamp(FileStamp& stamp) const { return StampOf(fd_, stamp); }
+
 bool LineReader::AtEnd() { return fd_ < 0 || error_ != 0 || (pos_ >= buffer_.size() && !Fill()); }
 
 LockedFile::LockedFile(const std::string& path, bool create) : real_(RealPath(path)) {
@@ -238,6 +263,12 @@ LockedFile::LockedFile(const std::string& path, bool create) : real_(RealPath(pa
   }
 }
 
+FileStamp LockedFile::Stamp() const {
+  FileStamp stamp;
+  if (!StampOf(fd_, stamp)) stamp = FileStamp{};
+  return stamp;
+}
+
 LockedFile::~LockedFile() {
   if (fd_ >= 0) ::close(fd_);
 }
@@ -261,6 +292,7 @@ bool LockedFile::Replace(const std::string& contents) {
   if (good && name.empty()) good = LinkTemporary(tmp, real_, name);
   if (good) good = ::rename(name.c_str(), real_.c_str()) == 0;
   const int saved = errno;
+  if (good && !StampOf(tmp, replaced_)) replaced_ = FileStamp{};
   if (!good && !name.empty()) ::unlink(name.c_str());
   ::close(tmp);
   if (!good) return Fail(saved);

@@ -19,6 +19,14 @@ inline constexpr size_t kMaxLineLength = size_t{1} << 20;
 // "No such file or directory", "the file is in use by another program", ...
 std::string FileErrorText(int error);
 
+// One version of a file: a file replaced by a rename has another inode, and
+// any write changes the change time (times in nanoseconds since 1970).
+struct FileStamp {
+  unsigned long long device = 0, inode = 0;
+  long long size = -1, modified = 0, changed = 0;
+  bool operator==(const FileStamp&) const = default;
+};
+
 // Reads regular files only; a device, a pipe or a folder does not open.
 class LineReader {
  public:
@@ -32,6 +40,10 @@ class LineReader {
   // at a line longer than kMaxLineLength (then error() is kLineTooLong).
   bool ReadLine(std::string& line);
   bool AtEnd();
+  // Where the next line begins, and going back or on to such a place.
+  long long Tell() const { return start_ + static_cast<long long>(pos_); }
+  bool Seek(long long offset);
+  bool Stamp(FileStamp& stamp) const;
   // Why the file did not open or the reading stopped early; 0 when it did not.
   int error() const { return error_; }
 
@@ -42,6 +54,7 @@ class LineReader {
   int error_ = 0;
   std::string buffer_;
   size_t pos_ = 0;
+  long long start_ = 0;  // the file offset of buffer_[0]
   bool ended_ = false;
 };
 
@@ -59,11 +72,15 @@ class LockedFile {
 
   bool ok() const { return fd_ >= 0; }
   int error() const { return error_; }
+  // The locked file's version; size -1 when it has none.
+  FileStamp Stamp() const;
   // The real file: symbolic links followed.
   const std::string& path() const { return real_; }
   // Replaces the contents through a nameless temporary file beside the real
   // file that is renamed over it at the end; keeps the file's permissions.
   bool Replace(const std::string& contents);
+  // The version of the file the last Replace made.
+  const FileStamp& Replaced() const { return replaced_; }
   // Appends whole or not at all: on any error the file is cut back to its
   // length before. A last line without its line end gets one first.
   bool Append(const std::string& contents);
@@ -78,6 +95,7 @@ class LockedFile {
   bool Fail(int error);
 
   std::string real_;
+  FileStamp replaced_;
   int fd_ = -1;
   int error_ = 0;
   bool created_ = false;

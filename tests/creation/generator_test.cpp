@@ -165,23 +165,6 @@ TEST(Generator, CancelIsSeenAtTheNextColumnAttemptAndForgottenByAFreshDeal) {
   EXPECT_EQ(t.Grid, Made(kLevelEasy, 5).Grid);
 }
 
-TEST(RemoveGivens, MatchesTheWordForWordVersionAndTakesItsLevelOnce) {
-  for (uint64_t seed = 1; seed <= 20; ++seed) {
-    GameState base = Made(kLevelEasy, seed);
-    for (int level : {kLevelEasy, kLevelHard, kLevelVHard, kLevelRandom}) {
-      GameState fast = base, literal = base;
-      fast.rng = literal.rng = Random::Seeded(seed * 7);
-      int a = level, b = level;
-      SilentUserInterface ui;
-      ASSERT_TRUE(RemoveGivens(fast, ui, a));
-      ASSERT_TRUE(test::LiteralRemoveGivens(literal, ui, b));
-      EXPECT_EQ(a, b);
-      EXPECT_EQ(fast.Grid, literal.Grid) << seed << " " << level;
-      EXPECT_EQ(fast.rng.state(), literal.rng.state());
-    }
-  }
-}
-
 uint64_t FrozenClock() { return 12345678901234ULL; }
 
 TEST(Random, SeededIsSplitMix64AndTheClockNeverRepeatsADrawWithinOneTick) {

@@ -1,13 +1,13 @@
-// The board: painted into an image (outlines, a mark's symbol and rank
-// letter), and played with the mouse: real clicks on the suit panels and
+// The board: painted into an image (outlines, each suit's symbol and colour,
+// where the rank and the solution text sit), and played with the mouse: real clicks on the suit panels and
 // on Picture1, the status line on move, undo and the solving menus.
 #include <gtest/gtest.h>
 
 #include <QImage>
-#include <functional>
 #include <QListWidget>
 #include <QPainter>
 #include <QPushButton>
+#include <functional>
 
 #include "board/geometry.h"
 #include "board/ui/board_painter.h"

@@ -51,6 +51,8 @@ TEST_F(Play, StatusForAGivenAnEmptyCellACardAndASuitMarkAndNothingWhileSolving) 
   EXPECT_EQ(StatusAt(2, 5), " Cell 12, Card=QH");
   s.Grid[2][3] = -2;
   EXPECT_EQ(StatusAt(2, 3), " Cell 10, Card= H");
+  s.PuzzleGrid[2][3] = -2;  // a given mark is fixed like a given card
+  EXPECT_EQ(StatusAt(2, 3), " Cell 10, Fixed= H");
   EXPECT_EQ(StatusAt(1, 9), "");  // off the board
   s.view.pb = "kept";
   s.Solving = 1;  // while solving the status stays and a click only asks to cancel

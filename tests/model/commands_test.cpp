@@ -54,7 +54,7 @@ TEST_F(Commands, CheckFirstImpossibleCellThenCardsOrMarksOutsideTheSavedOptionsT
   EXPECT_EQ(Verdict(s), "0:");
 }
 
-TEST_F(Commands, UndoEntriesNewestFirstTakingBackRestoresTheCellItsOptionsAndListsAndTheSnapshot) {
+TEST_F(Commands, UndoEntriesNewestFirstTakingBackRestoresTheCellItsOptionsAndLists) {
   UndoLast(s, ui);  // an empty list: nothing shown, nothing painted
   EXPECT_TRUE(ui.messages.empty() && ui.cells.empty());
   s.Grid[3][5] = 0;
@@ -77,7 +77,9 @@ TEST_F(Commands, UndoEntriesNewestFirstTakingBackRestoresTheCellItsOptionsAndLis
   UndoLast(s, ui);
   EXPECT_TRUE(s.UndoList.empty());
   EXPECT_EQ(ui.cells.size(), 1u);
+}
 
+TEST_F(Commands, GridSnapshotKeepsMarksAndRestoresTheGrid) {
   s.Grid[1][1] = 9;  // the grid snapshot keeps negative values
   s.Grid[1][2] = 0;
   s.Grid[1][3] = -3;

@@ -61,6 +61,20 @@ TEST(Form3Dialog, DisplayOnlyFollowsTheNumberAndAsksForOne) {
   EXPECT_EQ(text1->text() + (check1->isChecked() ? "ticked" : ""), "1");
 }
 
+TEST(Form3Dialog, EachLevelButtonShowsItsCaptionAndChoosesItsLevel) {
+  Form3 f;
+  const std::tuple<const char*, const char*, int> buttons[] = {{"Option1", "Easy", kLevelEasy},
+                                                               {"Option2", "Hard", kLevelHard},
+                                                               {"Option3", "Very Hard", kLevelVHard},
+                                                               {"Option4", "Random", kLevelRandom}};
+  for (const auto& [name, caption, level] : buttons) {
+    auto* button = Child<QRadioButton>(&f, name);
+    EXPECT_EQ(button->text().toStdString(), caption);
+    button->click();
+    EXPECT_EQ(f.Values().level, level) << name;
+  }
+}
+
 TEST(Form1Create, OnePuzzleShowsTheNewPuzzle) {
   Window win(1);
   bool looked = false;

@@ -34,7 +34,7 @@ TEST(Form1StartUp, FirstRunSaysSoOnceAndShowsFortyNineEmptyOutlinedCells) {
   EXPECT_EQ(empty, 49);
 }
 
-TEST(Form1, RemembersFileNumberAndSchemeThenArrowsTypedNumberLoadAndHelp) {
+TEST(Form1, RemembersFileNumberAndSchemeAndPaintsCellsInSchemeColourTwo) {
   Window win(2, "sand.col");
   EXPECT_TRUE(win.hand.texts.empty());
   EXPECT_EQ(win.Text("PuzNumNow") + win.Text("MaxPuzCount") + " " + win.Text("PuzTitle"), "2 of 3 Sample 2");
@@ -57,6 +57,10 @@ TEST(Form1, RemembersFileNumberAndSchemeThenArrowsTypedNumberLoadAndHelp) {
   EXPECT_EQ(win.Pixel(840 + 400, 30 + 300), QColor(243, 234, 214));
   EXPECT_EQ(win.Pixel(10, 10), QColor(243, 234, 214));
 
+}
+
+TEST(Form1, ArrowsAndTheTypedNumber) {
+  Window win(2);
   // From the first record each press lands on a different one if the arrows or buttons were swapped.
   test::Click(win.Get("arrows0"), Qt::RightButton);
   QStringList shown;
@@ -73,7 +77,10 @@ TEST(Form1, RemembersFileNumberAndSchemeThenArrowsTypedNumberLoadAndHelp) {
     QApplication::sendEvent(number, &press);
   }
   EXPECT_EQ(win.Text("PuzTitle"), "Sample 3");
+}
 
+TEST(Form1, LoadAsksInTheProgramFolderAndHelpExplainsEveryMenuCommand) {
+  Window win(2);
   const std::string other =
       win.dir.Write("other.vlm", "#1\r\nOther one\r\n" + win.dir.Read("puzzles.vlm").substr(14));
   win.hand.names = {other};

@@ -1,5 +1,5 @@
-// The board: painted into an image (outlines, a mark's symbol and rank
-// letter), and played with the mouse: real clicks on the suit panels and
+// The board: painted into an image (outlines, each suit's symbol and colour,
+// where the rank and the solution text sit), and played with the mouse: real clicks on the suit panels and
 // on Picture1, the status line on move, undo and the solving menus.
 #include <gtest/gtest.h>
 
@@ -7,6 +7,7 @@
 #include <QListWidget>
 #include <QPainter>
 #include <QPushButton>
+#include <functional>
 
 #include "board/geometry.h"
 #include "board/ui/board_painter.h"
@@ -17,20 +18,31 @@ namespace velmora {
 namespace {
 
 const QColor kSurface(240, 240, 240);
+const QColor kBlackSuit(50, 50, 50), kRedSuit(200, 9, 9);
 
-bool IsRed(QColor c) { return c.red() > 150 && c.green() < 60 && c.blue() < 60; }
-bool IsDark(QColor c) { return c.red() < 110 && c.green() < 110 && c.blue() < 110; }
 bool IsBlack(QColor c) { return c == QColor(Qt::black); }
 
-// A board painted at 96 dpi, one pixel 15 twips.
+// A strip of four plain colours, so a painted symbol names its index.
+const QColor kStripColours[4] = {QColor(0, 200, 200), QColor(200, 0, 200), QColor(200, 200, 0),
+                                 QColor(0, 0, 200)};
+QImage PlainStrip() {
+  QImage strip(4 * 55, 55, QImage::Format_RGB32);
+  QPainter p(&strip);
+  for (int i = 0; i < 4; ++i) p.fillRect(i * 55, 0, 55, 55, kStripColours[i]);
+  return strip;
+}
+
+// A board painted at 96 dpi, one pixel 15 twips, cells filled white.
 struct Rendered {
-  explicit Rendered(const GameState& s)
+  explicit Rendered(const GameState& s, bool solution = false)
       : image(static_cast<int>(kPictureWidth / 15) + 1, static_cast<int>(kPictureHeight / 15) + 1,
               QImage::Format_RGB32) {
     image.fill(Qt::magenta);
     QPainter p(&image);
     ScaleToTwips(p, 96, 96);
-    BoardPainter(p, strip, kSurface, kSurface).DrawBoard(s);
+    BoardPainter painter(p, strip, Qt::white, kSurface);
+    painter.DrawBoard(s);
+    if (solution) painter.DrawSolution(s);
   }
   QColor At(double x, double y) const {
     return image.pixelColor(static_cast<int>(x / 15), static_cast<int>(y / 15));
@@ -43,15 +55,16 @@ struct Rendered {
         n += test(image.pixelColor(px, py));
     return n;
   }
-  SuitStrip strip;
+  int Count(double x, double y, double w, double h, QColor colour) const {
+    return Count(x, y, w, h, [colour](QColor c) { return c == colour; });
+  }
+  SuitStrip strip{PlainStrip()};
   QImage image;
 };
 
-TEST(BoardPainter, EmptyGridIs49OutlinedCellsAndADiamondMarkIsRed) {
+TEST(BoardPainter, EmptyGridIs49BlackSquaresOnTheSurface) {
   GameState s;
   CalcCellPos(s);
-  EXPECT_EQ(s.CellX[1][2], 840);  // cells share their borders
-  EXPECT_EQ(s.CellY[3][1], 1650);
   const Rendered r(s);
   int outlined = 0;
   for (int row = 1; row <= 7; ++row) {
@@ -59,20 +72,56 @@ TEST(BoardPainter, EmptyGridIs49OutlinedCellsAndADiamondMarkIsRed) {
       const double x = s.CellX[row][col], y = s.CellY[row][col];
       const bool edges = IsBlack(r.At(x, y + 405)) && IsBlack(r.At(x + 405, y)) &&
                          IsBlack(r.At(x + 810, y + 405)) && IsBlack(r.At(x + 405, y + 810));
-      outlined += edges && r.Count(x + 30, y + 30, 750, 750, [](QColor c) { return c != kSurface; }) == 0;
+      outlined += edges && r.Count(x + 30, y + 30, 750, 750, kSurface) == 50 * 50;
     }
   }
   EXPECT_EQ(outlined, 49);
-  EXPECT_TRUE(IsBlack(r.At(840, 500)) && IsBlack(r.At(500, 1650)));
-  EXPECT_EQ(r.At(840 - 60, 500), kSurface);
   EXPECT_EQ(r.At(5700 + 30, 500), kSurface);  // nothing beyond the last cell
+}
 
-  s.Grid[2][3] = -3;
-  const double x = s.CellX[2][3], y = s.CellY[2][3];
-  const Rendered mark(s);
-  EXPECT_GT(mark.Count(x + 60, y + 50, 550, 550, IsRed), 300);  // a diamond covers about half of its square
-  EXPECT_EQ(mark.Count(x + 60, y + 50, 550, 550, IsDark), 0);
-  EXPECT_GT(mark.Count(x + 560, y + 475, 240, 330, IsRed), 10);  // the "?" where the rank goes
+TEST(BoardPainter, EachSuitHasItsSymbolAndColourWithTheRankAtTheLowerRight) {
+  struct Case {
+    int grid;  // a ten of the suit, or a suit-only mark
+    int symbol;
+    QColor colour;
+  };
+  const Case cases[] = {{37, 0, kBlackSuit}, {38, 1, kRedSuit}, {39, 2, kRedSuit}, {40, 3, kBlackSuit},
+                        {-1, 0, kBlackSuit}, {-3, 2, kRedSuit}};
+  for (const Case& c : cases) {
+    GameState s;
+    CalcCellPos(s);
+    s.Grid[2][3] = c.grid;
+    const Rendered r(s);
+    const double x = s.CellX[2][3], y = s.CellY[2][3];
+    SCOPED_TRACE(c.grid);
+    EXPECT_EQ(r.At(x + 60 + 275, y + 50 + 275), kStripColours[c.symbol]);
+    const QColor other = c.colour == kRedSuit ? kBlackSuit : kRedSuit;
+    const int rank = r.Count(x + 560, y + 475, 250, 335, c.colour);
+    EXPECT_GT(rank, 5);
+    EXPECT_EQ(r.Count(x, y, 810, 810, c.colour), rank);  // nowhere else in the cell
+    EXPECT_EQ(r.Count(x, y, 810, 810, other), 0);
+  }
+}
+
+TEST(BoardPainter, SolutionTextSitsAtTheLowerLeftOfEveryCellInTheBlackSuitColour) {
+  GameState s;
+  CalcCellPos(s);
+  for (int row = 1; row <= 7; ++row)
+    for (int col = 1; col <= 7; ++col) s.SolutionGrid[row][col] = 4 * col + row % 4 + 1;
+  const Rendered r(s, true);
+  const auto ink = [](QColor c) { return c != kSurface; };
+  // Small text blends the suit colour with the surface: grey, darker at the core.
+  const auto grey = [](QColor c) { return c.red() == c.green() && c.green() == c.blue(); };
+  for (int row = 1; row <= 7; ++row) {
+    for (int col = 1; col <= 7; ++col) {
+      const double x = s.CellX[row][col], y = s.CellY[row][col];
+      const int text = r.Count(x + 50, y + 600, 450, 200, ink);
+      EXPECT_GT(text, 5) << row << "," << col;
+      EXPECT_EQ(r.Count(x + 30, y + 30, 750, 750, ink), text) << row << "," << col;
+      EXPECT_EQ(r.Count(x + 50, y + 600, 450, 200, [&](QColor c) { return !grey(c); }), 0) << row << "," << col;
+      EXPECT_GT(r.Count(x + 50, y + 600, 450, 200, [](QColor c) { return c.red() < 120; }), 0);
+    }
+  }
 }
 
 TEST(MousePlay, StatusOnMoveClicksPlaceAndRemoveUndoAndTheSolvingMenus) {

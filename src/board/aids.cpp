@@ -54,7 +54,8 @@ void mnuhint(GameState& s, UserInterface& ui) {
   if (RefusedWhileSolving(s, ui)) return;
   const Hint hint = FindHint(s);
   PlayAids& a = s.aids;
-  const Hint shown{static_cast<HintKind>(a.hintKind ? a.hintKind : kHintNone), a.hintRow, a.hintCol, a.hintCard};
+  const Hint shown{static_cast<HintKind>(a.hintKind ? a.hintKind : kHintNone), a.hintRow, a.hintCol,
+                   a.hintCard};
   if (a.hintKind != 0 && hint == shown && a.gridAtHint == s.Grid) {
     a.hintKind = 0;
     TakeStep(s, ui, hint);
@@ -67,7 +68,10 @@ void mnuhint(GameState& s, UserInterface& ui) {
   ui.ControlsChanged();
 }
 
-void mnuredo(GameState& s, UserInterface& ui) { RedoLast(s, ui); }
+void mnuredo(GameState& s, UserInterface& ui) {
+  if (RefusedWhileSolving(s, ui)) return;
+  RedoLast(s, ui);
+}
 
 void MoveCursor(GameState& s, UserInterface& ui, int rows, int cols) {
   if (s.Solving == 1 || LoopRows(s) < 1 || LoopCols(s) < 1) return;

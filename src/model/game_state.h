@@ -97,7 +97,7 @@ struct PlayAids {
   std::vector<Change> RedoList;  // newest last
   int hintKind = 0;              // a HintKind; 0 when no hint is shown
   int hintRow = 0, hintCol = 0, hintCard = 0;
-  Board<int32_t> gridAtHint{};  // the board the hint was shown for
+  Board<int32_t> gridAtHint{};       // the board the hint was shown for
   int cursorRow = 0, cursorCol = 0;  // 0: no cursor shown
   char pendingRank = 0;              // a rank letter typed, waiting for its suit
 };

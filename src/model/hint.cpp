@@ -9,7 +9,9 @@
 namespace velmora {
 namespace {
 
-std::string CardText(int card) { return std::string(RankLetter(CardRank(card))) + kSuitLetters[CardSuit(card)]; }
+std::string CardText(int card) {
+  return std::string(RankLetter(CardRank(card))) + kSuitLetters[CardSuit(card)];
+}
 
 std::string CellText(const Hint& hint) { return NumText(hint.row) + ", " + NumText(hint.col); }
 
@@ -41,7 +43,8 @@ Hint FindHint(const GameState& s) {
   for (int r = 1; r <= LoopRows(work); ++r) {
     for (int c = 1; c <= LoopCols(work); ++c) {
       const CardSet options = work.Grid[r][c] < 1 ? work.CellOptions[r][c] : 0;
-      if (options != 0 && (options & (options - 1)) == 0) return {kHintSingle, r, c, __builtin_ctzll(options) + 1};
+      if (options != 0 && (options & (options - 1)) == 0)
+        return {kHintSingle, r, c, __builtin_ctzll(options) + 1};
       for (CardSet set = options; set; set &= set - 1) {
         const int card = __builtin_ctzll(set) + 1;
         ++count[static_cast<size_t>(card)];
@@ -58,10 +61,14 @@ Hint FindHint(const GameState& s) {
 
 std::string HintText(const Hint& hint) {
   switch (hint.kind) {
-    case kHintWrong: return "the card at " + CellText(hint) + " is wrong";
-    case kHintSingle: return CellText(hint) + " can only take " + CardText(hint.card);
-    case kHintUnique: return CardText(hint.card) + " fits nowhere else but " + CellText(hint);
-    case kHintNone: break;
+    case kHintWrong:
+      return "the card at " + CellText(hint) + " is wrong";
+    case kHintSingle:
+      return CellText(hint) + " can only take " + CardText(hint.card);
+    case kHintUnique:
+      return CardText(hint.card) + " fits nowhere else but " + CellText(hint);
+    case kHintNone:
+      break;
   }
   return "No step follows from the rules alone";
 }

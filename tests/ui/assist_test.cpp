@@ -22,7 +22,8 @@ TEST(Assist, MenuBeforeHelpKeysPlaceAHintedCardAndShadingShowsForTheChosenCard) 
   const QList<QAction*> menus = win.w.menuBar()->actions();
   ASSERT_GE(menus.size(), 2);
   EXPECT_EQ(menus[menus.size() - 2]->menu()->objectName(), "mnuassist");
-  EXPECT_TRUE(win.Get<QAction>("mnushadefits")->isCheckable() && win.Get<QAction>("mnumarkgivens")->isCheckable());
+  EXPECT_TRUE(win.Get<QAction>("mnushadefits")->isCheckable() &&
+              win.Get<QAction>("mnumarkgivens")->isCheckable());
 
   // Keyboard: the cursor to the hinted cell, then its card typed.
   win.Trigger("mnuhint");
@@ -41,13 +42,15 @@ TEST(Assist, MenuBeforeHelpKeysPlaceAHintedCardAndShadingShowsForTheChosenCard) 
   // Shading: off, the widget shows the kept picture; on, the cell changes.
   auto shown = [&] {
     const QImage image = board->grab().toImage();
-    const QPointF at = board->TwipsToPixels(QPointF(win.s().CellX[hint.row][hint.col] + 200,
-                                                    win.s().CellY[hint.row][hint.col] + 200));
+    const QPointF at = board->TwipsToPixels(
+        QPointF(win.s().CellX[hint.row][hint.col] + 200, win.s().CellY[hint.row][hint.col] + 200));
     return image.pixelColor(at.toPoint());
   };
   auto* list = win.Get<QListWidget>(("Remain" + std::to_string(CardSuit(hint.card) - 1)).c_str());
-  const QString text = QString::fromLatin1(RankLetter(CardRank(hint.card))) + QChar::fromLatin1(kSuitLetters[CardSuit(hint.card)]);
-  test::Click(list->viewport(), Qt::LeftButton, list->visualItemRect(list->findItems(text, Qt::MatchExactly)[0]).center());
+  const QString text = QString::fromLatin1(RankLetter(CardRank(hint.card))) +
+                       QChar::fromLatin1(kSuitLetters[CardSuit(hint.card)]);
+  test::Click(list->viewport(), Qt::LeftButton,
+              list->visualItemRect(list->findItems(text, Qt::MatchExactly)[0]).center());
   ASSERT_EQ(win.s().SelectedCard, text.toStdString());
   const QColor plain = shown();
   win.Trigger("mnushadefits");

@@ -67,12 +67,22 @@ bool Form1::AssistKey(QKeyEvent* event) {
       event->modifiers().testFlag(Qt::AltModifier))
     return false;
   switch (event->key()) {
-    case Qt::Key_Left: MoveCursor(s_, *this, 0, -1); break;
-    case Qt::Key_Right: MoveCursor(s_, *this, 0, 1); break;
-    case Qt::Key_Up: MoveCursor(s_, *this, -1, 0); break;
-    case Qt::Key_Down: MoveCursor(s_, *this, 1, 0); break;
+    case Qt::Key_Left:
+      MoveCursor(s_, *this, 0, -1);
+      break;
+    case Qt::Key_Right:
+      MoveCursor(s_, *this, 0, 1);
+      break;
+    case Qt::Key_Up:
+      MoveCursor(s_, *this, -1, 0);
+      break;
+    case Qt::Key_Down:
+      MoveCursor(s_, *this, 1, 0);
+      break;
     case Qt::Key_Delete:
-    case Qt::Key_Backspace: ClearAtCursor(s_, *this); break;
+    case Qt::Key_Backspace:
+      ClearAtCursor(s_, *this);
+      break;
     default: {
       const QString text = event->text();
       if (text.size() != 1 || !text[0].isLetterOrNumber()) return false;

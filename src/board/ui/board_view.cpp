@@ -91,11 +91,13 @@ void BoardView::ShowAids(bool shade) {
   const int card = shade && !s_.SelectedCard.empty() ? FindCardIndex(s_.SelectedCard) : -1;
   for (int r = 1; card >= 1 && r <= LoopRows(s_); ++r) {
     for (int c = 1; c <= LoopCols(s_); ++c) {
-      aids.shaded[static_cast<size_t>(r * kGridDim + c)] = s_.Grid[r][c] < 1 && (s_.CellOptions[r][c] & CardBit(card));
+      aids.shaded[static_cast<size_t>(r * kGridDim + c)] =
+          s_.Grid[r][c] < 1 && (s_.CellOptions[r][c] & CardBit(card));
     }
   }
   // A hint frames its cell while the board is the one it was given for.
-  if (a.hintKind != 0 && a.hintRow >= 1 && a.gridAtHint == s_.Grid) aids.hint = a.hintRow * kGridDim + a.hintCol;
+  if (a.hintKind != 0 && a.hintRow >= 1 && a.gridAtHint == s_.Grid)
+    aids.hint = a.hintRow * kGridDim + a.hintCol;
   if (a.cursorRow >= 1 && a.cursorRow <= kMaxIndex && a.cursorCol >= 1 && a.cursorCol <= kMaxIndex)
     aids.cursor = a.cursorRow * kGridDim + a.cursorCol;
   if (aids == aids_) return;
@@ -108,19 +110,20 @@ void BoardView::PaintAids(QPainter& p) const {
   ScaleToTwips(p, logicalDpiX(), logicalDpiY());
   auto cell = [this](int at, int inset) {
     const int r = at / kGridDim, c = at % kGridDim;
-    return QRectF(s_.CellX[r][c] + inset, s_.CellY[r][c] + inset, kCellSize - 2 * inset, kCellSize - 2 * inset);
+    return QRectF(s_.CellX[r][c] + inset, s_.CellY[r][c] + inset, kCellSize - 2 * inset,
+                  kCellSize - 2 * inset);
   };
   for (size_t at = 0; at < aids_.shaded.size(); ++at) {
     if (aids_.shaded[at]) p.fillRect(cell(static_cast<int>(at), 15), QColor(40, 120, 230, 55));
   }
   p.setBrush(Qt::NoBrush);
   if (aids_.hint) {
-    p.setPen(QPen(QColor(230, 140, 0), 60, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    p.drawRect(cell(aids_.hint, 45));
+    p.setPen(QPen(QColor(230, 140, 0), 40, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    p.drawRect(cell(aids_.hint, 30));
   }
   if (aids_.cursor) {
-    p.setPen(QPen(QColor(20, 90, 210), 45, Qt::DashLine, Qt::SquareCap, Qt::MiterJoin));
-    p.drawRect(cell(aids_.cursor, 100));
+    p.setPen(QPen(QColor(20, 90, 210), 30, Qt::DashLine, Qt::SquareCap, Qt::MiterJoin));
+    p.drawRect(cell(aids_.cursor, 30));
   }
   p.restore();
 }

@@ -98,7 +98,7 @@ void BoardView::ShowAids(bool shade) {
   // A hint frames its cell while the board is the one it was given for.
   if (a.hintKind != 0 && a.hintRow >= 1 && a.gridAtHint == s_.Grid)
     aids.hint = a.hintRow * kGridDim + a.hintCol;
-  if (a.cursorRow >= 1 && a.cursorRow <= kMaxIndex && a.cursorCol >= 1 && a.cursorCol <= kMaxIndex)
+  if (a.cursorRow >= 1 && a.cursorRow <= LoopRows(s_) && a.cursorCol >= 1 && a.cursorCol <= LoopCols(s_))
     aids.cursor = a.cursorRow * kGridDim + a.cursorCol;
   if (aids == aids_) return;
   aids_ = aids;

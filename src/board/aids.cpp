@@ -54,9 +54,10 @@ void mnuhint(GameState& s, UserInterface& ui) {
   if (RefusedWhileSolving(s, ui)) return;
   const Hint hint = FindHint(s);
   PlayAids& a = s.aids;
-  const Hint shown{static_cast<HintKind>(a.hintKind ? a.hintKind : kHintNone), a.hintRow, a.hintCol,
-                   a.hintCard};
-  if (a.hintKind != 0 && hint == shown && a.gridAtHint == s.Grid) {
+  // hintKind 0 (none shown) matches no hint.
+  const bool again = a.hintKind == hint.kind && a.hintRow == hint.row && a.hintCol == hint.col &&
+                     a.hintCard == hint.card && a.gridAtHint == s.Grid;
+  if (again) {
     a.hintKind = 0;
     TakeStep(s, ui, hint);
   } else {

@@ -14,7 +14,6 @@ struct Hint {
   HintKind kind = kHintNone;
   int row = 0, col = 0;
   int card = 0;  // the card to place; 0 for a wrong card and for none
-  bool operator==(const Hint&) const = default;
 };
 
 // Looks at the board as it stands and changes nothing. The options are the

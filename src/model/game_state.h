@@ -88,6 +88,20 @@ struct RemovalQueue {
   int top = 0;  // items before it have been taken off the list
 };
 
+// What the play aids keep: the redo list, the hint last shown, the keyboard
+// cursor. None of it is read by the commands the aids do not add.
+struct PlayAids {
+  struct Change {
+    int row, col, value;  // the value an undo took away
+  };
+  std::vector<Change> RedoList;  // newest last
+  int hintKind = 0;              // a HintKind; 0 when no hint is shown
+  int hintRow = 0, hintCol = 0, hintCard = 0;
+  Board<int32_t> gridAtHint{};       // the board the hint was shown for
+  int cursorRow = 0, cursorCol = 0;  // 0: no cursor shown
+  char pendingRank = 0;              // a rank letter typed, waiting for its suit
+};
+
 struct GameState {
   GameState();
 
@@ -122,6 +136,7 @@ struct GameState {
 
   std::deque<std::string> UndoList;  // newest first
   std::array<std::string, 1> GridBackups;
+  PlayAids aids;
 
   std::string AppFolder;  // always ends in '/'
   std::string ShippedFolder;  // where the help page was installed; AppFolder when empty at start-up

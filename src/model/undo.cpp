@@ -31,6 +31,7 @@ std::string UndoEntry(int row, int col, int value) { return Str(row) + "," + Str
 void PushUndo(GameState& s, int row, int col) {
   if (!OnBoardArrays(row, col)) return;
   s.UndoList.push_front(UndoEntry(row, col, s.Grid[row][col]));
+  s.aids.RedoList.clear();  // a new change ends what could be redone
 }
 
 void UndoLast(GameState& s, UserInterface& ui) {
@@ -40,6 +41,7 @@ void UndoLast(GameState& s, UserInterface& ui) {
   const int col = parts.size() >= 3 ? ValInt(parts[1]).value_or(-1) : -1;
   // An entry that names no cell is dropped without a change.
   if (OnBoardArrays(row, col)) {
+    s.aids.RedoList.push_back({row, col, s.Grid[row][col]});
     s.Grid[row][col] = ValInt(parts[2]).value_or(0);
     s.CellOptions[row][col] = 0;
     UpdateOptions(s, 1);
@@ -47,6 +49,28 @@ void UndoLast(GameState& s, UserInterface& ui) {
   }
   s.SelectedCard.clear();
   s.UndoList.pop_front();
+  ui.ControlsChanged();
+}
+
+void RedoLast(GameState& s, UserInterface& ui) {
+  if (s.aids.RedoList.empty()) return;
+  const PlayAids::Change change = s.aids.RedoList.back();
+  s.aids.RedoList.pop_back();
+  const int row = change.row, col = change.col, value = change.value;
+  // Not PushUndo: that would end the rest of the redo list.
+  s.UndoList.push_front(UndoEntry(row, col, s.Grid[row][col]));
+  s.Grid[row][col] = value;
+  s.CellOptions[row][col] = 0;
+  UpdateOptions(s, 1);
+  // Unlike an undo, the cell shows what it now holds.
+  if (value >= 1 && value <= kMaxCardIndex) {
+    ui.DrawCell(s.CardCodes.Rank(value), std::string(1, s.CardCodes.SuitLetter(value)), row, col);
+  } else if (value < 0 && value >= kMinCardIndex) {
+    ui.DrawCell(-1, std::string(1, kSuitLetters[-value]), row, col);
+  } else {
+    ui.DrawCell(-1, "", row, col);
+  }
+  s.SelectedCard.clear();
   ui.ControlsChanged();
 }
 

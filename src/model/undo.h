@@ -18,6 +18,10 @@ void PushUndo(GameState& s, int row, int col);
 // painted blank whatever that value is (the next full redraw shows it).
 void UndoLast(GameState& s, UserInterface& ui);
 
+// Takes back the newest undo that no change has followed since: the cell gets
+// the value the undo took away, and the undo entry returns.
+void RedoLast(GameState& s, UserInterface& ui);
+
 // GridBackups(n) as "9;0;-3;..." rows outer; n other than 0 is ignored.
 void SaveGridSnapshot(GameState& s, int n);
 void RestoreGridSnapshot(GameState& s, int n);

@@ -48,6 +48,7 @@ Form1::Form1(QWidget* parent) : QMainWindow(parent) {
   s_.Scheme = DefaultSchemeColors();
   BuildControls();
   BuildMenus();
+  BuildAssist();
 }
 
 Form1::~Form1() {
@@ -125,6 +126,7 @@ int Form1::TransformLevel() const { return form3_ ? form3_->Values().level : kLe
 
 void Form1::StartUp(const std::string& appFolder) {
   velmora::StartUp(s_, *this, appFolder, [this] { SetCol(); });
+  LoadAssist();
   ControlsChanged();
 }
 
@@ -248,6 +250,7 @@ void Form1::ControlsChanged() {
   frame1_->setVisible(v.Frame1Visible);
   for (int i = 0; i < 4; ++i) FillRemain(i);
   ShowSelection();
+  board_->ShowAids(shadeFits_ && shadeFits_->isChecked());
 }
 
 void Form1::FillRemain(int list) {
@@ -288,18 +291,18 @@ QColor Form1::CellColor() const {
 }
 
 void Form1::DrawBoard() {
-  board_->SetCellColor(CellColor());
+  SetBoardColors();
   board_->DrawBoard();
 }
 
 void Form1::DrawCell(int rank, const std::string& suitLetter, int row, int col) {
   ++cellDraws_;
-  board_->SetCellColor(CellColor());
+  SetBoardColors();
   board_->DrawCell(rank, suitLetter, row, col);
 }
 
 void Form1::ShowSolutionOverlay() {
-  board_->SetCellColor(CellColor());
+  SetBoardColors();
   board_->ShowSolution();
 }
 

@@ -15,6 +15,7 @@
 #include "model/user_interface.h"
 
 class QFrame;
+class QKeyEvent;
 class QLabel;
 class QLayout;
 class QLineEdit;
@@ -113,6 +114,17 @@ class Form1 : public QMainWindow, public UserInterface {
   void BuildHiddenButtons(QWidget* parent);
   // Every menu and menu entry is made here, from the table of MenuRows.
   void BuildMenus();
+  // The Assist menu's check items and keys, and the keyboard on the board
+  // and the suit panels; the check items as last kept.
+  void BuildAssist();
+  void LoadAssist();
+  // Check items switched: kept in the settings file, and the board redrawn.
+  void ApplyAids();
+  // A key of keyboard play; true when it was one.
+  bool AssistKey(QKeyEvent* event);
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  // Scheme colour 2 for the cells, and a darker one for givens when marked.
+  void SetBoardColors();
   QMenu* Menu(const QString& objectName, const QString& title);
   // `yields`: the command yields to window events and runs as RunLong does.
   void AddCommand(QMenu* menu, const QString& objectName, const QString& text, Command command,
@@ -148,6 +160,8 @@ class Form1 : public QMainWindow, public UserInterface {
   QFrame* frame1_ = nullptr;
   QLabel* newLab_ = nullptr;
   QPushButton* undoEdit_ = nullptr;
+  QAction* shadeFits_ = nullptr;
+  QAction* markGivens_ = nullptr;
   QPushButton* cmdexit_ = nullptr;
   QPushButton* cmdcancel_ = nullptr;
   std::array<QPushButton*, 3> arrows_{};

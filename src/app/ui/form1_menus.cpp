@@ -3,6 +3,7 @@
 
 #include "app/ui/form1.h"
 #include "appearance/ui/form2.h"
+#include "board/aids.h"
 #include "creation/create_commands.h"
 #include "files/file_commands.h"
 #include "files/ui/sort_form.h"
@@ -36,6 +37,11 @@ void Form1::BuildMenus() {
       {"mnuprint", "P&rint", "mnuprintfile", "Puzzle &File", mnuprintfile},
       {"mnuprint", "P&rint", "mnuprintpreview", "Print Pre&view", PrintPreview},
       {"mnuoptionsmenu", "&Options", "mnuoptions", "&Colors and Size...", ShowOptions},
+      {"mnuassist", "&Assist", "mnuhint", "&Hint", mnuhint},
+      {"mnuassist", "&Assist", "mnuredo", "&Redo", mnuredo},
+      {"mnuassist", "&Assist", nullptr, nullptr, {}},
+      {"mnuassist", "&Assist", "mnushadefits", "&Shade Where the Card Fits", &Form1::ApplyAids},
+      {"mnuassist", "&Assist", "mnumarkgivens", "&Mark Givens", &Form1::ApplyAids},
       {"mnuhelpmenu", "&Help", "mnuhelp", "&Help", &Form1::ShowHelp},
       {"mnuhelpmenu", "&Help", "mnuabout", "&About", &Form1::ShowAbout},
   };

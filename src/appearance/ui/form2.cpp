@@ -33,9 +33,6 @@ const char* const kSizeNames[4] = {"Small", "Medium", "Large", "Huge"};
 constexpr double kSizeScales[4] = {0.85, 1.0, 1.2, 1.45};
 const QString kSizeKey = QStringLiteral("Options/Size");
 
-// velmora.cfg keeps its four lines; the text size lives in a file of its own.
-QString SettingsFile(const std::string& appFolder) { return Q(appFolder + "velmora.ini"); }
-
 QPushButton* MakeButton(const QString& name, const QString& text, const QString& tip, QWidget* parent) {
   auto* b = new QPushButton(text, parent);
   b->setObjectName(name);
@@ -51,6 +48,9 @@ void SetRole(QWidget* w, QPalette::ColorRole role, const QColor& colour) {
 }
 
 }  // namespace
+
+// velmora.cfg keeps its four lines; the text size lives in a file of its own.
+QString SettingsFile(const std::string& appFolder) { return Q(appFolder + "velmora.ini"); }
 
 TextSize SavedTextSize(const std::string& appFolder) {
   const QString name = QSettings(SettingsFile(appFolder), QSettings::IniFormat).value(kSizeKey).toString();

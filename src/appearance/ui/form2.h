@@ -25,6 +25,8 @@ class SchemePreview;
 // The text sizes of the size choice, smallest first; Medium is the
 // platform's own size. Kept in velmora.ini beside velmora.cfg.
 enum TextSize { kSmall, kMedium, kLarge, kHuge };
+// velmora.ini in `appFolder`: the program's settings beyond velmora.cfg.
+QString SettingsFile(const std::string& appFolder);
 TextSize SavedTextSize(const std::string& appFolder);
 void SaveTextSize(const std::string& appFolder, TextSize size);
 // Sets the font of every window for `size`; the board keeps its size.

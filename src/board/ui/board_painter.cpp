@@ -56,7 +56,9 @@ void BoardPainter::DrawCell(const GameState& s, int rank, const std::string& sui
   const int x = s.CellX[row][col], y = s.CellY[row][col];
   const QRectF cell(x, y, kCellSize, kCellSize);
   p_.setPen(Qt::NoPen);
-  p_.fillRect(cell, cell_);
+  const bool given = given_.isValid() && !suitLetter.empty() && s.PuzzleGrid[row][col] != 0 &&
+                     s.Grid[row][col] == s.PuzzleGrid[row][col];
+  p_.fillRect(cell, given ? given_ : cell_);
   Outline(cell);
   if (suitLetter.empty()) return;
 

@@ -48,8 +48,10 @@ void ScaleToTwips(QPainter& p, double dpiX, double dpiY);
 // empty cells.
 class BoardPainter {
  public:
-  BoardPainter(QPainter& p, SuitStrip& strip, QColor cellColor, QColor surfaceColor)
-      : p_(p), strip_(strip), cell_(cellColor), surface_(surfaceColor) {}
+  // `givenColor`, when valid, fills the cells whose card is still the
+  // puzzle's given instead of `cellColor`.
+  BoardPainter(QPainter& p, SuitStrip& strip, QColor cellColor, QColor surfaceColor, QColor givenColor = {})
+      : p_(p), strip_(strip), cell_(cellColor), surface_(surfaceColor), given_(givenColor) {}
 
   // One cell: filled and outlined; with a suit letter also its symbol and
   // the rank letter (rank -1 shows "?").
@@ -63,7 +65,7 @@ class BoardPainter {
   void Outline(const QRectF& r);
   QPainter& p_;
   SuitStrip& strip_;
-  QColor cell_, surface_;
+  QColor cell_, surface_, given_;
 };
 
 }  // namespace velmora

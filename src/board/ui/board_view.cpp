@@ -1,12 +1,14 @@
 // Picture1: the board picture, a kept image that cells are painted into.
 #include "board/ui/board_view.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <cmath>
 
 #include "board/geometry.h"
+#include "model/rules.h"
 
 namespace velmora {
 
@@ -15,6 +17,7 @@ BoardView::BoardView(const GameState& state, QWidget* parent) : QWidget(parent),
   setMouseTracking(true);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  setFocusPolicy(Qt::StrongFocus);  // keyboard play
 }
 
 QSize BoardView::sizeHint() const {
@@ -46,7 +49,7 @@ void BoardView::PaintOnImage(Paint&& paint) {
   QPainter p(&image_);
   p.setRenderHint(QPainter::TextAntialiasing);
   ScaleToTwips(p, logicalDpiX() * imageScale_, logicalDpiY() * imageScale_);
-  BoardPainter board(p, strip_, cell_, surface_);
+  BoardPainter board(p, strip_, cell_, surface_, given_);
   paint(board);
 }
 
@@ -77,8 +80,56 @@ void BoardView::paintEvent(QPaintEvent* event) {
   QPainter p(this);
   p.fillRect(event->rect(), surface_);
   p.drawImage(QRectF(QPointF(0, 0), QSizeF(image_.size()) / imageScale_), image_);
+  if (aids_ != Aids{}) PaintAids(p);
   p.end();
   if (onPainted) onPainted();
+}
+
+void BoardView::ShowAids(bool shade) {
+  Aids aids;
+  const PlayAids& a = s_.aids;
+  const int card = shade && !s_.SelectedCard.empty() ? FindCardIndex(s_.SelectedCard) : -1;
+  for (int r = 1; card >= 1 && r <= LoopRows(s_); ++r) {
+    for (int c = 1; c <= LoopCols(s_); ++c) {
+      aids.shaded[static_cast<size_t>(r * kGridDim + c)] =
+          s_.Grid[r][c] < 1 && (s_.CellOptions[r][c] & CardBit(card));
+    }
+  }
+  // A hint frames its cell while the board is the one it was given for.
+  if (a.hintKind != 0 && a.hintRow >= 1 && a.gridAtHint == s_.Grid)
+    aids.hint = a.hintRow * kGridDim + a.hintCol;
+  if (a.cursorRow >= 1 && a.cursorRow <= LoopRows(s_) && a.cursorCol >= 1 && a.cursorCol <= LoopCols(s_))
+    aids.cursor = a.cursorRow * kGridDim + a.cursorCol;
+  if (aids == aids_) return;
+  aids_ = aids;
+  update();
+}
+
+void BoardView::PaintAids(QPainter& p) const {
+  p.save();
+  ScaleToTwips(p, logicalDpiX(), logicalDpiY());
+  auto cell = [this](int at, int inset) {
+    const int r = at / kGridDim, c = at % kGridDim;
+    return QRectF(s_.CellX[r][c] + inset, s_.CellY[r][c] + inset, kCellSize - 2 * inset,
+                  kCellSize - 2 * inset);
+  };
+  for (size_t at = 0; at < aids_.shaded.size(); ++at) {
+    if (aids_.shaded[at]) p.fillRect(cell(static_cast<int>(at), 15), QColor(40, 120, 230, 55));
+  }
+  p.setBrush(Qt::NoBrush);
+  if (aids_.hint) {
+    p.setPen(QPen(QColor(230, 140, 0), 40, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    p.drawRect(cell(aids_.hint, 30));
+  }
+  if (aids_.cursor) {
+    p.setPen(QPen(QColor(20, 90, 210), 30, Qt::DashLine, Qt::SquareCap, Qt::MiterJoin));
+    p.drawRect(cell(aids_.cursor, 30));
+  }
+  p.restore();
+}
+
+void BoardView::keyPressEvent(QKeyEvent* event) {
+  if (!onKey || !onKey(event)) QWidget::keyPressEvent(event);
 }
 
 void BoardView::mouseReleaseEvent(QMouseEvent* event) {

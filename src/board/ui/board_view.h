@@ -4,11 +4,14 @@
 #include <QColor>
 #include <QImage>
 #include <QWidget>
+#include <array>
 #include <functional>
 #include <string>
 
 #include "board/ui/board_painter.h"
 #include "model/game_state.h"
+
+class QKeyEvent;
 
 namespace velmora {
 
@@ -23,6 +26,13 @@ class BoardView : public QWidget {
   // The picture's own background, which shows around the board and inside
   // empty cells: the window's background as the scheme was last applied.
   void SetSurfaceColor(QColor color) { surface_ = color; }
+  // Givens painted from now on in `color`; an invalid colour paints them
+  // as every other card.
+  void SetGivenColor(QColor color) { given_ = color; }
+  // The aids drawn over the picture, never into it: the cells where the
+  // selected card fits (when `shade`), the hint's cell, the keyboard cursor.
+  // Repaints when what they show has changed.
+  void ShowAids(bool shade);
   void DrawBoard();
   void DrawCell(int rank, const std::string& suitLetter, int row, int col);
   void ShowSolution();
@@ -41,23 +51,35 @@ class BoardView : public QWidget {
   std::function<void(float x, float y)> onMouseMove;
   // Called after each paint of the widget (start-up and placement timing).
   std::function<void()> onPainted;
+  // Keys pressed on the board; true when the key was used.
+  std::function<bool(QKeyEvent* event)> onKey;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   // Makes the image match the screen; true when it had to be made anew.
   bool EnsureImage();
   template <typename Paint>
   void PaintOnImage(Paint&& paint);
+  void PaintAids(QPainter& p) const;
+
+  // What the aids show: shaded cells, and the hint's and the cursor's cells.
+  struct Aids {
+    std::array<bool, kGridDim * kGridDim> shaded{};
+    int hint = 0, cursor = 0;  // row * kGridDim + col; 0 for none
+    bool operator==(const Aids&) const = default;
+  };
 
   const GameState& s_;
   SuitStrip strip_;
   QImage image_;
   qreal imageScale_ = 0;
-  QColor cell_{240, 240, 240}, surface_{240, 240, 240};
+  QColor cell_{240, 240, 240}, surface_{240, 240, 240}, given_;
+  Aids aids_;
 };
 
 }  // namespace velmora

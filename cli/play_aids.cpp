@@ -1,0 +1,44 @@
+// velmora-cli play: the play aids' script commands, hint and redo.
+#include <string>
+#include <vector>
+
+#include "board/aids.h"
+#include "model/hint.h"
+#include "play_script.h"
+
+namespace velmora::cli {
+namespace {
+
+// "hint: 3,4 QH single", "hint: 3,4 QH unique", "hint: 3,4 wrong" or
+// "hint: none"; the board is left as it is.
+bool ShowHint(PlaySession& session, const std::vector<std::string>&) {
+  const Hint hint = FindHint(session.state);
+  std::string line = "hint: ";
+  if (hint.kind == kHintNone) {
+    line += "none";
+  } else {
+    line += std::to_string(hint.row) + "," + std::to_string(hint.col) + " ";
+    if (hint.kind == kHintWrong) {
+      line += "wrong";
+    } else {
+      line += std::string(RankLetter(CardRank(hint.card))) + kSuitLetters[CardSuit(hint.card)];
+      line += hint.kind == kHintSingle ? " single" : " unique";
+    }
+  }
+  line += "\n";
+  std::fwrite(line.data(), 1, line.size(), session.out);
+  return true;
+}
+
+bool Redo(PlaySession& session, const std::vector<std::string>&) {
+  mnuredo(session.state, session.ui);
+  return true;
+}
+
+const PlayCommandRegistration kCommands({
+    {"hint", "", 0, ShowHint},
+    {"redo", "", 0, Redo},
+});
+
+}  // namespace
+}  // namespace velmora::cli

@@ -1,0 +1,113 @@
+// Main window: the Assist menu's check items and keys, and keyboard play on
+// the board and the suit panels.
+#include <QKeyEvent>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QSettings>
+#include <QShortcut>
+
+#include "app/ui/form1.h"
+#include "appearance/color_scheme.h"
+#include "appearance/ui/form2.h"
+#include "board/aids.h"
+#include "board/ui/board_view.h"
+
+namespace velmora {
+namespace {
+
+const QString kShadeKey = QStringLiteral("Assist/ShadeFits");
+const QString kGivensKey = QStringLiteral("Assist/MarkGivens");
+
+}  // namespace
+
+void Form1::BuildAssist() {
+  auto* hint = menuBar()->findChild<QAction*>(QStringLiteral("mnuhint"));
+  auto* redo = menuBar()->findChild<QAction*>(QStringLiteral("mnuredo"));
+  shadeFits_ = menuBar()->findChild<QAction*>(QStringLiteral("mnushadefits"));
+  markGivens_ = menuBar()->findChild<QAction*>(QStringLiteral("mnumarkgivens"));
+  hint->setShortcut(QKeySequence(Qt::Key_H));
+  redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+  shadeFits_->setCheckable(true);
+  markGivens_->setCheckable(true);
+  auto* undo = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z), this);
+  connect(undo, &QShortcut::activated, undoEdit_, [this] {
+    if (undoEdit_->isEnabled()) undoEdit_->click();
+  });
+  board_->onKey = [this](QKeyEvent* event) { return AssistKey(event); };
+  for (QListWidget* list : remain_) list->installEventFilter(this);
+  board_->installEventFilter(this);
+}
+
+void Form1::LoadAssist() {
+  const QSettings ini(SettingsFile(s_.AppFolder), QSettings::IniFormat);
+  shadeFits_->setChecked(ini.value(kShadeKey, false).toBool());
+  markGivens_->setChecked(ini.value(kGivensKey, false).toBool());
+  if (markGivens_->isChecked()) DrawBoard();
+}
+
+void Form1::ApplyAids() {
+  QSettings ini(SettingsFile(s_.AppFolder), QSettings::IniFormat);
+  ini.setValue(kShadeKey, shadeFits_->isChecked());
+  ini.setValue(kGivensKey, markGivens_->isChecked());
+  DrawBoard();
+}
+
+void Form1::SetBoardColors() {
+  const QColor cell = CellColor();
+  board_->SetCellColor(cell);
+  // Darker than the cells, lighter ones a little more, so a given stands out
+  // on any scheme.
+  board_->SetGivenColor(markGivens_ && markGivens_->isChecked() ? cell.darker(cell.value() > 128 ? 118 : 140)
+                                                                : QColor());
+}
+
+bool Form1::AssistKey(QKeyEvent* event) {
+  if (longCommand_ || event->modifiers().testFlag(Qt::ControlModifier) ||
+      event->modifiers().testFlag(Qt::AltModifier))
+    return false;
+  switch (event->key()) {
+    case Qt::Key_Left:
+      MoveCursor(s_, *this, 0, -1);
+      break;
+    case Qt::Key_Right:
+      MoveCursor(s_, *this, 0, 1);
+      break;
+    case Qt::Key_Up:
+      MoveCursor(s_, *this, -1, 0);
+      break;
+    case Qt::Key_Down:
+      MoveCursor(s_, *this, 1, 0);
+      break;
+    case Qt::Key_Delete:
+    case Qt::Key_Backspace:
+      ClearAtCursor(s_, *this);
+      break;
+    default: {
+      const QString text = event->text();
+      if (text.size() != 1 || !text[0].isLetterOrNumber()) return false;
+      TypeLetter(s_, *this, text[0].toLatin1());
+    }
+  }
+  ControlsChanged();
+  return true;
+}
+
+bool Form1::eventFilter(QObject* watched, QEvent* event) {
+  // A suit letter after a rank belongs to the card, not to the Hint key.
+  if (event->type() == QEvent::ShortcutOverride && s_.aids.pendingRank != 0) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->modifiers() == Qt::NoModifier && QStringLiteral("SHDCshdc").contains(key->text()) &&
+        !key->text().isEmpty()) {
+      event->accept();
+      return true;
+    }
+  }
+  // The suit panels pass the keys of keyboard play on to the board.
+  if (event->type() == QEvent::KeyPress && watched != board_ && AssistKey(static_cast<QKeyEvent*>(event))) {
+    return true;
+  }
+  return QMainWindow::eventFilter(watched, event);
+}
+
+}  // namespace velmora

@@ -1,0 +1,115 @@
+// Play aids: the Assist menu's hint and redo, and play from the keyboard.
+#include "board/aids.h"
+
+#include <algorithm>
+#include <cctype>
+#include <string>
+
+#include "board/geometry.h"
+#include "board/play.h"
+#include "model/commands.h"
+#include "model/hint.h"
+#include "model/undo.h"
+
+namespace velmora {
+namespace {
+
+// The middle of a cell, where the aids press the mouse buttons.
+float Mid(int corner) { return static_cast<float>(corner) + kCellSize / 2.0f; }
+
+// A mouse release in the middle of the cell: the very path a click takes.
+void ClickCell(GameState& s, UserInterface& ui, int button, int row, int col) {
+  Picture1MouseUp(s, ui, button, Mid(s.CellX[row][col]), Mid(s.CellY[row][col]));
+}
+
+// Chooses `text` in its suit panel as a click there would; false when no
+// panel lists it.
+bool Choose(GameState& s, UserInterface& ui, const std::string& text) {
+  for (size_t list = 0; list < s.Remain.size(); ++list) {
+    for (size_t i = 0; i < s.Remain[list].size(); ++i) {
+      if (s.Remain[list][i] != text) continue;
+      RemainClick(s, ui, static_cast<int>(list), static_cast<int>(i));
+      return true;
+    }
+  }
+  return false;
+}
+
+bool OnBoard(const GameState& s, int row, int col) {
+  return row >= 1 && row <= LoopRows(s) && col >= 1 && col <= LoopCols(s);
+}
+
+void TakeStep(GameState& s, UserInterface& ui, const Hint& hint) {
+  if (hint.kind == kHintWrong) {
+    ClickCell(s, ui, kRightButton, hint.row, hint.col);
+  } else if (hint.kind != kHintNone) {
+    const std::string text = std::string(RankLetter(CardRank(hint.card))) + kSuitLetters[CardSuit(hint.card)];
+    if (Choose(s, ui, text)) ClickCell(s, ui, kLeftButton, hint.row, hint.col);
+  }
+}
+
+}  // namespace
+
+void mnuhint(GameState& s, UserInterface& ui) {
+  if (RefusedWhileSolving(s, ui)) return;
+  const Hint hint = FindHint(s);
+  PlayAids& a = s.aids;
+  // hintKind 0 (none shown) matches no hint.
+  const bool again = a.hintKind == hint.kind && a.hintRow == hint.row && a.hintCol == hint.col &&
+                     a.hintCard == hint.card && a.gridAtHint == s.Grid;
+  if (again) {
+    a.hintKind = 0;
+    TakeStep(s, ui, hint);
+  } else {
+    a.hintKind = hint.kind;
+    a.hintRow = hint.row, a.hintCol = hint.col, a.hintCard = hint.card;
+    a.gridAtHint = s.Grid;
+    s.view.pb = HintText(hint);
+  }
+  ui.ControlsChanged();
+}
+
+void mnuredo(GameState& s, UserInterface& ui) {
+  if (RefusedWhileSolving(s, ui)) return;
+  RedoLast(s, ui);
+}
+
+void MoveCursor(GameState& s, UserInterface& ui, int rows, int cols) {
+  if (s.Solving == 1 || LoopRows(s) < 1 || LoopCols(s) < 1) return;
+  PlayAids& a = s.aids;
+  if (!OnBoard(s, a.cursorRow, a.cursorCol)) {
+    a.cursorRow = a.cursorCol = 1;
+  } else {
+    a.cursorRow = std::min(std::max(a.cursorRow + rows, 1), LoopRows(s));
+    a.cursorCol = std::min(std::max(a.cursorCol + cols, 1), LoopCols(s));
+  }
+  a.pendingRank = 0;
+  const int row = a.cursorRow, col = a.cursorCol;
+  Picture1MouseMove(s, ui, Mid(s.CellX[row][col]), Mid(s.CellY[row][col]));
+  ui.ControlsChanged();
+}
+
+void TypeLetter(GameState& s, UserInterface& ui, char letter) {
+  if (s.Solving == 1) return;
+  PlayAids& a = s.aids;
+  const char c = static_cast<char>(std::toupper(static_cast<unsigned char>(letter)));
+  const std::string ranks = "123456789TJQK", suits = "SHDC";
+  if (ranks.find(c) != std::string::npos) {
+    a.pendingRank = c;
+    return;
+  }
+  const char rank = a.pendingRank;
+  a.pendingRank = 0;
+  if (rank == 0 || suits.find(c) == std::string::npos) return;
+  if (!Choose(s, ui, std::string{rank, c})) return;
+  if (OnBoard(s, a.cursorRow, a.cursorCol)) ClickCell(s, ui, kLeftButton, a.cursorRow, a.cursorCol);
+  ui.ControlsChanged();
+}
+
+void ClearAtCursor(GameState& s, UserInterface& ui) {
+  if (s.Solving == 1 || !OnBoard(s, s.aids.cursorRow, s.aids.cursorCol)) return;
+  s.aids.pendingRank = 0;
+  ClickCell(s, ui, kRightButton, s.aids.cursorRow, s.aids.cursorCol);
+}
+
+}  // namespace velmora

@@ -1,0 +1,76 @@
+// The next step a player could take, with its reason.
+#include "model/hint.h"
+
+#include <array>
+
+#include "model/rules.h"
+#include "model/text.h"
+
+namespace velmora {
+namespace {
+
+std::string CardText(int card) {
+  return std::string(RankLetter(CardRank(card))) + kSuitLetters[CardSuit(card)];
+}
+
+std::string CellText(const Hint& hint) { return NumText(hint.row) + ", " + NumText(hint.col); }
+
+// The first card put down that the stored solution does not have there.
+// Givens as loaded are the puzzle's own and never wrong; a cell without a
+// stored card cannot be judged.
+bool FindWrong(const GameState& s, Hint& hint) {
+  for (int r = 1; r <= LoopRows(s); ++r) {
+    for (int c = 1; c <= LoopCols(s); ++c) {
+      const int v = s.Grid[r][c];
+      const int solution = s.SolutionGrid[r][c];
+      if (v == 0 || v == s.PuzzleGrid[r][c] || solution == 0 || v == solution) continue;
+      hint = {kHintWrong, r, c, 0};
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+Hint FindHint(const GameState& s) {
+  Hint hint;
+  if (FindWrong(s, hint)) return hint;
+  // UpdateOptions works on a state; a copy keeps this one as it is.
+  GameState work = s;
+  if (!UpdateOptions(work, 0)) return hint;
+  std::array<int, kMaxCardIndex + 1> count{}, place{};
+  for (int r = 1; r <= LoopRows(work); ++r) {
+    for (int c = 1; c <= LoopCols(work); ++c) {
+      const CardSet options = work.Grid[r][c] < 1 ? work.CellOptions[r][c] : 0;
+      if (options != 0 && (options & (options - 1)) == 0)
+        return {kHintSingle, r, c, __builtin_ctzll(options) + 1};
+      for (CardSet set = options; set; set &= set - 1) {
+        const int card = __builtin_ctzll(set) + 1;
+        ++count[static_cast<size_t>(card)];
+        place[static_cast<size_t>(card)] = r * kGridDim + c;
+      }
+    }
+  }
+  for (int card = 1; card <= kMaxCardIndex; ++card) {
+    const int at = place[static_cast<size_t>(card)];
+    if (count[static_cast<size_t>(card)] == 1) return {kHintUnique, at / kGridDim, at % kGridDim, card};
+  }
+  return hint;
+}
+
+std::string HintText(const Hint& hint) {
+  switch (hint.kind) {
+    case kHintWrong:
+      return "the card at " + CellText(hint) + " is wrong";
+    case kHintSingle:
+      return CellText(hint) + " can only take " + CardText(hint.card);
+    case kHintUnique:
+      return CardText(hint.card) + " fits nowhere else but " + CellText(hint);
+    case kHintNone:
+      break;
+  }
+  return "No step follows from the rules alone";
+}
+
+}  // namespace velmora

@@ -44,13 +44,4 @@ void StartUp(GameState& s, UserInterface& ui, const std::string& appFolder, cons
   ui.DrawBoard();
 }
 
-void OpenPuzzleFile(GameState& s, UserInterface& ui, const std::string& file) {
-  ui.SetBusy(true);
-  std::string title;
-  LoadPuzzle(s, ui, file, 1, title, 1);
-  s.CurrentPuzzleFile = file;
-  s.CurrentPuzzleNumber = 1;
-  ui.SetBusy(false);
-}
-
 }  // namespace velmora

@@ -21,8 +21,4 @@ std::string FolderWithSlash(const std::string& folder);
 // fallback.
 void StartUp(GameState& s, UserInterface& ui, const std::string& appFolder, const std::function<void()>& setCol);
 
-// A puzzle file named when the program is started: shown at its first
-// puzzle and made current, as File > Load does with the chosen name.
-void OpenPuzzleFile(GameState& s, UserInterface& ui, const std::string& file);
-
 }  // namespace velmora

@@ -63,17 +63,20 @@ std::string AskPuzzleFileName(const GameState& s, UserInterface& ui, const std::
   return name;
 }
 
-void mnuloadpuz(GameState& s, UserInterface& ui) {
-  const std::string name = AskPuzzleFileName(s, ui, "OPEN");
-  if (name.empty()) return;
+void OpenPuzzleFile(GameState& s, UserInterface& ui, const std::string& file) {
   ui.SetBusy(true);
   std::string title;
-  LoadPuzzle(s, ui, name, 1, title, 1);
-  // Even a failed load makes the chosen file current, with the old board
-  // still on show; the arrows then work on the new file.
-  s.CurrentPuzzleFile = name;
+  LoadPuzzle(s, ui, file, 1, title, 1);
+  // Even a failed load makes the file current, with the old board still on
+  // show; the arrows then work on the new file.
+  s.CurrentPuzzleFile = file;
   s.CurrentPuzzleNumber = 1;
   ui.SetBusy(false);
+}
+
+void mnuloadpuz(GameState& s, UserInterface& ui) {
+  const std::string name = AskPuzzleFileName(s, ui, "OPEN");
+  if (!name.empty()) OpenPuzzleFile(s, ui, name);
 }
 
 void mnusaveas(GameState& s, UserInterface& ui) {

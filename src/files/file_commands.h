@@ -32,6 +32,10 @@ int ConfirmOverwrite(UserInterface& ui, const std::string& name);
 // same afterwards.
 std::string AskPuzzleFileName(const GameState& s, UserInterface& ui, const std::string& mode);
 
+// Shows `file` at its first puzzle and makes it current, as File > Load does
+// with the chosen name (and the program with a file named when started).
+void OpenPuzzleFile(GameState& s, UserInterface& ui, const std::string& file);
+
 void mnuloadpuz(GameState& s, UserInterface& ui);    // File > "Load"
 void mnusaveas(GameState& s, UserInterface& ui);     // File > "Copy"
 void mnupuzreset(GameState& s, UserInterface& ui);   // Puzzle > "Reset"

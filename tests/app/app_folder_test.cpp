@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "app/startup.h"
+#include "files/file_commands.h"
 #include "test_support.h"
 
 namespace velmora::test {

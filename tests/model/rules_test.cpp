@@ -50,18 +50,6 @@ TEST(CardCodes, StartUpTableThenThreeAbsentCardsPerLoadWithoutStaleMarks) {
   EXPECT_FALSE(RebuildCardCodes(s));
 }
 
-TEST(UpdateOptions, ATenInTheRowLeavesTheAceAndAKingNextDoorBarsTheAce) {
-  GameState s = EmptyBoard();
-  s.Grid[2][7] = 39;  // TD far along row 2
-  s.Grid[4][3] = 49;  // KS left of (4,4)
-  ASSERT_TRUE(UpdateOptions(s, 0));
-  EXPECT_TRUE(s.CellOptions[2][1] & CardBit(2));    // 1H
-  EXPECT_FALSE(s.CellOptions[2][1] & CardBit(38));  // TH
-  EXPECT_FALSE(s.CellOptions[4][4] & CardBit(2));   // 1H
-  EXPECT_FALSE(s.CellOptions[4][4] & CardBit(46));  // QH
-  EXPECT_TRUE(s.CellOptions[4][4] & CardBit(42));   // JH
-}
-
 TEST(UpdateOptions, EmptyBoardListsTheDeckButNoAbsentCard) {
   GameState s = EmptyBoard();
   for (int i : {7, 30, 52}) s.CardCodes.Set(i, 0, 0);  // absent from this puzzle

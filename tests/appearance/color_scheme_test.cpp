@@ -153,13 +153,10 @@ TEST(DelSch, RefusesTheActiveSchemeAfterTheQuestionAndRemovesOthers) {
 TEST(ButtonContrast, MovesTheButtonFaceTowardsWhiteOrBlackAndReadsBack) {
   SchemeColors colors{};
   colors[kSchemeBackground] = Rgb(100, 150, 200);
-  for (const int contrast : {-100, -40, 0, 30, 100}) {
+  for (const int contrast : {100, 30, 0, -40, -100}) {
     SetButtonContrast(colors, contrast);
     EXPECT_NEAR(ButtonContrast(colors), contrast, 1) << contrast;
   }
-  SetButtonContrast(colors, 50);
-  EXPECT_EQ(colors[kSchemeButtonFace], Rgb(178, 203, 228));
-  SetButtonContrast(colors, -100);
   EXPECT_EQ(colors[kSchemeButtonFace], Rgb(0, 0, 0));
 }
 

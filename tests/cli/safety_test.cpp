@@ -52,6 +52,7 @@ TEST(CliSafety, FailuresSayWhyOnStandardErrorAndExitNonZero) {
       {{"count", none}, "1|velmora-cli count: " + noneText},
       {{"count", "/dev/zero"}, "1|velmora-cli count: cannot read /dev/zero: not a regular file\n"},
       {{"play", none, "1"}, "1|velmora-cli play: " + noneText},
+      {{"transform", none}, "1|velmora-cli transform: " + noneText},
       {{"generate", "/dev/full"}, "1|velmora-cli generate: cannot write to /dev/full: not a regular file\n"},
       {{"generate", file, "--title", "#Book 3"}, "2|velmora-cli generate: --title cannot begin with \"#\""},
       {{"generate", file, "--title", "a\r\n#9"}, "2|velmora-cli generate: --title cannot begin with \"#\""},

@@ -1,6 +1,7 @@
 // velmora-cli count and options, and the exit codes every subcommand shares.
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <sstream>
 
 #include "cli/cli_support.h"
@@ -22,15 +23,12 @@ TEST(CliCountOptions, WholeOutput) {
 }
 
 TEST(CliErrors, NotFoundIsExitOneAndUsageErrorsExitTwoWithNothingPrinted) {
-  test::TempDir dir;
-  // S the sample file, V the solvable one, U a letter without a card, L a short cell line.
-  const std::string u = dir.Write("u.vlm", "#1\r\nt\r\n 1, 1, 0\r\nu|A\r\n");
-  const std::string l = dir.Write("short.vlm", "#1\r\nt\r\n 1, 3, 0\r\nA|A\r\n");
-  const std::string keys = "SVUL", paths[] = {test::SampleFile(), test::SolvableFile(), u, l};
+  // S the sample file, V the solvable one.
+  const std::string keys = "SV", paths[] = {test::SampleFile(), test::SolvableFile()};
   // Exit code 1 prints "not found", 2 (a usage error) nothing on standard output.
-  for (const char* c : {"options S 4=1", "options S 0=1", "solve S -2=1", "solve S 99999999999=1",
-                        "check U 1=1", "check L 1=1", "options S=2", "options S x=2",
-                        "solve V=2", "check V one=2", "play V=2", "count=2", "frobnicate=2", "=2"}) {
+  for (const char* c :
+       {"options S 4=1", "check S 0=1", "solve S 99999999999=1", "options S=2", "options S x=2", "solve V=2",
+        "check V one=2", "play V=2", "count=2", "frobnicate=2", "=2"}) {
     const std::string line = c;
     const size_t eq = line.find('=');
     std::vector<std::string> args;
@@ -42,6 +40,43 @@ TEST(CliErrors, NotFoundIsExitOneAndUsageErrorsExitTwoWithNothingPrinted) {
               line.substr(eq + 1) + (line.back() == '1' ? ":not found\n" : ":"))
         << line;
   }
+}
+
+// Where a script must tell failure from success: a write that fails is 1, a
+// bad option (a seed that is no seed among them) 2, and neither leaves a file.
+TEST(CliExitCodes, FailedWritesExitOneAndUsageErrorsTwo) {
+  test::TempDir dir;
+  const std::string in = dir.Write("in.vlm", test::Records(2)), out = dir.File("out.vlm");
+  std::filesystem::create_directory(dir.File("in_new.vlm"));  // where transform would write
+  std::filesystem::create_directory(dir.File("folder.vlm"));
+  const std::pair<std::vector<std::string>, int> cases[] = {
+      {{"sort", in, dir.File("folder.vlm")}, 1},
+      {{"sort", in, dir.File("IN.vlm")}, 1},  // the same file, refused
+      {{"transform", in, "--seed", "1"}, 1},
+      {{"generate", dir.File("folder.vlm"), "--count", "1"}, 1},
+      {{"generate", out, "--seed", "x"}, 2},
+      {{"generate", out, "--seed", "-1"}, 2},
+      {{"generate", out, "--seed", "1.5"}, 2},
+      {{"generate", out, "--seed"}, 2},
+      {{"generate"}, 2},
+      {{"generate", out, "--level", "medium"}, 2},
+      {{"generate", out, "--count", "-1"}, 2},
+      {{"generate", out, "--jobs", "0"}, 2},
+      {{"generate", out, "--colour", "red"}, 2},
+      {{"generate", out, out}, 2},
+      {{"transform", in, "--seed", "seven"}, 2},
+      {{"transform", in, "--count", "3"}, 2},
+      {{"transform"}, 2},
+      {{"sort", in, out, "--seed", "x"}, 2},
+      {{"sort", in}, 2},
+      {{"sort", in, out, "--by", "colour"}, 2},
+      {{"sort", in, out, "--order"}, 2},
+  };
+  for (const auto& [args, code] : cases) {
+    EXPECT_EQ(test::RunCli(args).exitCode, code) << args[0] << " " << args.back();
+    EXPECT_FALSE(std::filesystem::exists(out)) << args[0] << " " << args.back();
+  }
+  EXPECT_EQ(dir.Read("in.vlm"), test::Records(2));
 }
 
 }  // namespace

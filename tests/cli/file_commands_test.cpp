@@ -50,12 +50,9 @@ TEST(CliPlay, EveryCommandInOneScript) {
           file + "\n" + "message: Puzzle#6 appended to file " + file + "\n" + State(file, 6, 6, "T3") +
           "confirm: Delete current puzzle from file:\\n" + file + "\n" + "message: Done\n" +
           State(file, 5, 5, "T5") + "confirm: Reset puzzle from file?\n" + State(fresh, 1, 1, "T3"));
-  for (const char* name : {"p.vlm", "velmora.tmp", "copy.vlm", "full.vlm"})
-    EXPECT_EQ(dir.Read(name), solvable + records) << name;
   // --no answers every question No.
   EXPECT_EQ(RunCli({"play", "--no", file, "2"}, "append\nstate\n").out,
             "confirm: Append current puzzle to file:\\n" + file + "\n" + State(file, 2, 5, "T2"));
-  EXPECT_EQ(dir.Read("p.vlm"), solvable + records);
 }
 
 }  // namespace

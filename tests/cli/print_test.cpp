@@ -12,17 +12,6 @@ namespace {
 
 using test::RunCli;
 
-// What a command prints.
-std::string Output(const std::string& command) {
-  std::string out;
-  if (std::FILE* p = ::popen((command + " 2>/dev/null").c_str(), "r")) {
-    char buffer[4096];
-    for (size_t n; (n = std::fread(buffer, 1, sizeof buffer, p)) > 0;) out.append(buffer, n);
-    ::pclose(p);
-  }
-  return out;
-}
-
 TEST(CliPrint, PagesAndTextOfTheWrittenPdf) {
   test::TempDir dir;
   const std::string pdf = dir.File("out.pdf"), sample = test::SampleFile();
@@ -42,10 +31,10 @@ TEST(CliPrint, PagesAndTextOfTheWrittenPdf) {
     std::vector<std::string> args{"print", sample, "--pdf", pdf};
     args.insert(args.end(), c.args.begin(), c.args.end());
     const auto r = RunCli(args);
-    EXPECT_EQ(r.out, "Done\n");
-    EXPECT_EQ(r.exitCode, 0);
+    EXPECT_EQ(std::to_string(r.exitCode) + r.out, "0Done\n");
+    const std::string q = test::Quote(pdf);
     const std::string text =
-        Output("pdftotext " + test::Quote(pdf) + " -") + Output("pdfinfo " + test::Quote(pdf));
+        test::RunCommand("pdftotext " + q + " -").out + test::RunCommand("pdfinfo " + q).out;
     EXPECT_NE(text.find(c.pages), std::string::npos) << text;
     for (const char* t : c.texts) EXPECT_NE(text.find(t), std::string::npos) << t;
   }

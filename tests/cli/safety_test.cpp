@@ -1,12 +1,6 @@
 // velmora-cli on a full disk, beside a second writer, with endless input, and
 // when it cannot read its file or write its output.
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <csignal>
 
 #include "cli/cli_support.h"
 #include "files/puzzle_file.h"
@@ -24,26 +18,11 @@ struct Run {
 
 // velmora-cli ARGS with standard input from `in`, standard output to `out`
 // (a file of the folder unless given) and files limited to `limit` bytes.
-Run Cli(const test::TempDir& dir, std::vector<std::string> args, const std::string& in = "/dev/null",
+Run Cli(const test::TempDir& dir, const std::vector<std::string>& args, const std::string& in = "/dev/null",
         std::string out = "", rlim_t limit = RLIM_INFINITY) {
   const bool captured = out.empty();
   if (captured) out = dir.File("out.txt");
-  const std::string err = dir.File("err.txt");
-  args.insert(args.begin(), VELMORA_CLI);
-  std::vector<char*> argv;
-  for (auto& a : args) argv.push_back(a.data());
-  argv.push_back(nullptr);
-  const pid_t child = ::fork();
-  if (child == 0) {
-    const rlimit r{limit, limit};
-    const int fds[] = {::open(in.c_str(), O_RDONLY), ::open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644),
-                       ::open(err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644)};
-    for (int i = 0; i < 3; ++i) ::dup2(fds[i], i);
-    std::signal(SIGXFSZ, SIG_IGN);  // past the limit a write fails, as on a full disk
-    ::setrlimit(RLIMIT_FSIZE, &r);
-    ::execv(argv[0], argv.data());
-    ::_exit(127);
-  }
+  const pid_t child = test::StartCli(args, in, out, dir.File("err.txt"), limit);
   int status = 0;
   ::waitpid(child, &status, 0);
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, captured ? dir.Read("out.txt") : "",
@@ -72,7 +51,6 @@ TEST(CliSafety, FailuresSayWhyOnStandardErrorAndExitNonZero) {
   const std::pair<std::vector<std::string>, std::string> cases[] = {
       {{"count", none}, "1|velmora-cli count: " + noneText},
       {{"count", "/dev/zero"}, "1|velmora-cli count: cannot read /dev/zero: not a regular file\n"},
-      {{"solve", none, "1"}, "1|velmora-cli solve: " + noneText},
       {{"play", none, "1"}, "1|velmora-cli play: " + noneText},
       {{"transform", none}, "1|velmora-cli transform: " + noneText},
       {{"generate", "/dev/full"}, "1|velmora-cli generate: cannot write to /dev/full: not a regular file\n"},

@@ -5,8 +5,10 @@
 
 #include <filesystem>
 #include <set>
+#include <tuple>
 
 #include "board/play.h"
+#include "files/showing.h"
 #include "model/text.h"
 #include "recording_ui.h"
 #include "test_support.h"
@@ -16,20 +18,9 @@ namespace {
 
 using test::Record;
 using test::Records;
+using test::Showing;
+using test::Shown;
 using Strings = std::vector<std::string>;
-
-// A state showing record n of `file`, as after start-up.
-GameState Showing(const std::string& file, int n) {
-  GameState s = test::Loaded(file, n);
-  s.AppFolder = std::filesystem::path(file).parent_path().string() + "/";
-  s.CurrentPuzzleFile = file;
-  return s;
-}
-
-// What the puzzle fields show: "2 of 3 T2".
-std::string Shown(const GameState& s) {
-  return NumText(s.CurrentPuzzleNumber) + s.view.MaxPuzCount + " " + s.view.PuzTitle;
-}
 
 // A folder whose p.vlm holds `count` records T1, T2, ..., record n on show.
 struct Desk {
@@ -176,12 +167,15 @@ class Delete : public ::testing::Test {
   test::RecordingUi ui_;
 };
 
-TEST_F(Delete, RemovesTheRecordKeepsLaterHeaderNumbersAndShowsItsNeighbour) {
-  // Deleting record n of ten shows the new first record for n = 1, else n - 1.
-  const std::pair<int, const char*> cases[] = {{1, "1 of 9 T2"}, {5, "4 of 9 T4"}, {10, "9 of 9 T9"}};
-  for (const auto& [n, shown] : cases) {
+TEST_F(Delete, RemovesTheTypedRecordKeepsLaterHeaderNumbersAndShowsItsNeighbour) {
+  // Deleting record n of ten, typed in the box whichever is shown, shows the
+  // new first record for n = 1, else n - 1.
+  const std::tuple<int, const char*, int, const char*> cases[] = {
+      {2, "1", 1, "1 of 9 T2"}, {7, "5", 5, "4 of 9 T4"}, {10, "10", 10, "9 of 9 T9"}};
+  for (const auto& [shownFirst, typed, n, shown] : cases) {
     const std::string file = dir_.Write("p.vlm", "notes before\r\n" + Records(10));
-    GameState s = Showing(file, n);
+    GameState s = Showing(file, shownFirst);
+    s.view.PuzNumNow = typed;
     mnudelete(s, ui_);
     EXPECT_EQ(ui_.questions.back(), "Delete current puzzle from file:\r\n" + file);
     EXPECT_EQ(ui_.messages.back(), "Done");

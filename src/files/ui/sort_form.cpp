@@ -261,11 +261,9 @@ void SortForm::reject() {
   if (!sorting_) QDialog::reject();
 }
 
-void mnusortpuz(GameState& s, UserInterface& ui) {
-  // The main window is the user interface; the dialog sits over it.
-  QWidget* parent = dynamic_cast<QWidget*>(&ui);
-  SortForm form(s.rng, ui, s.AppFolder, parent);
-  if (parent) form.setPalette(parent->palette());
+void mnusortpuz(GameState& s, UserInterface& ui, QWidget* mainWindow) {
+  SortForm form(s.rng, ui, s.AppFolder, mainWindow);
+  if (mainWindow) form.setPalette(mainWindow->palette());
   form.Activate(s.CurrentPuzzleFile);
   form.exec();
 }

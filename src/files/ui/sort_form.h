@@ -66,6 +66,6 @@ class SortForm : public QDialog {
 };
 
 // File > "Sort": the sort dialog over the current puzzle file, modal.
-void mnusortpuz(GameState& s, UserInterface& ui);
+void mnusortpuz(GameState& s, UserInterface& ui, QWidget* mainWindow);
 
 }  // namespace velmora

@@ -36,7 +36,21 @@ Form3::Form3(QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("Form3"));
   setWindowTitle(QStringLiteral("Create New Puzzles"));
   const Form3Values start;
+  auto* top = new QHBoxLayout;
+  top->addWidget(BuildCountFrame(start), 1);
+  top->addWidget(BuildDisplayOnlyFrame(start), 1);
+  auto* layout = new QVBoxLayout(this);
+  layout->addLayout(top);
+  layout->addWidget(BuildFileFrame());
+  layout->addWidget(BuildTitleFrame(start));
+  layout->addWidget(BuildLevelFrame(start));
+  layout->addSpacing(4);
+  layout->addLayout(BuildButtons());
+  layout->setSizeConstraint(QLayout::SetFixedSize);
+  Connect();
+}
 
+QWidget* Form3::BuildCountFrame(const Form3Values& start) {
   auto* frame1 = Group(QStringLiteral("Frame1"), QStringLiteral("# of Puzzles"), this);
   text1_ = new QLineEdit(Q(start.Text1), frame1);
   text1_->setObjectName(QStringLiteral("Text1"));
@@ -45,7 +59,10 @@ Form3::Form3(QWidget* parent) : QDialog(parent) {
   auto* frame1Layout = new QHBoxLayout(frame1);
   frame1Layout->addWidget(text1_);
   frame1Layout->addStretch(1);
+  return frame1;
+}
 
+QWidget* Form3::BuildDisplayOnlyFrame(const Form3Values& start) {
   auto* frame2 = Group(QStringLiteral("Frame2"), QStringLiteral("Single Puzzle"), this);
   check1_ = new QCheckBox(QStringLiteral("Display only"), frame2);
   check1_->setObjectName(QStringLiteral("Check1"));
@@ -54,7 +71,10 @@ Form3::Form3(QWidget* parent) : QDialog(parent) {
   auto* frame2Layout = new QHBoxLayout(frame2);
   frame2Layout->addWidget(check1_);
   frame2Layout->addStretch(1);
+  return frame2;
+}
 
+QWidget* Form3::BuildFileFrame() {
   auto* inFileFrame = Group(QStringLiteral("InFileFrame"), QStringLiteral("Output File"), this);
   fileNow_ = new FNDialog(inFileFrame);
   fileNow_->setObjectName(QStringLiteral("FileNow"));
@@ -62,13 +82,19 @@ Form3::Form3(QWidget* parent) : QDialog(parent) {
   fileNow_->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('x')) * 48);
   auto* inFileLayout = new QHBoxLayout(inFileFrame);
   inFileLayout->addWidget(fileNow_);
+  return inFileFrame;
+}
 
+QWidget* Form3::BuildTitleFrame(const Form3Values& start) {
   auto* frame4 = Group(QStringLiteral("Frame4"), QStringLiteral("Puzzle Title"), this);
   text4_ = new QLineEdit(Q(start.Text4), frame4);
   text4_->setObjectName(QStringLiteral("Text4"));
   auto* frame4Layout = new QHBoxLayout(frame4);
   frame4Layout->addWidget(text4_);
+  return frame4;
+}
 
+QWidget* Form3::BuildLevelFrame(const Form3Values& start) {
   auto* frame5 = Group(QStringLiteral("Frame5"), QStringLiteral("Difficulty Level"), this);
   auto* frame5Layout = new QHBoxLayout(frame5);
   // Shown Random first, as the level One Puzzle uses.
@@ -81,7 +107,10 @@ Form3::Form3(QWidget* parent) : QDialog(parent) {
     frame5Layout->addWidget(button);
   }
   frame5Layout->addStretch(1);
+  return frame5;
+}
 
+QLayout* Form3::BuildButtons() {
   command1_ = new QPushButton(QStringLiteral("Create"), this);
   command1_->setObjectName(QStringLiteral("Command1"));
   command1_->setToolTip(QStringLiteral("Create new puzzle(s)"));
@@ -95,19 +124,10 @@ Form3::Form3(QWidget* parent) : QDialog(parent) {
   buttons->addStretch(1);
   buttons->addWidget(command1_);
   buttons->addWidget(command2_);
+  return buttons;
+}
 
-  auto* top = new QHBoxLayout;
-  top->addWidget(frame1, 1);
-  top->addWidget(frame2, 1);
-  auto* layout = new QVBoxLayout(this);
-  layout->addLayout(top);
-  layout->addWidget(inFileFrame);
-  layout->addWidget(frame4);
-  layout->addWidget(frame5);
-  layout->addSpacing(4);
-  layout->addLayout(buttons);
-  layout->setSizeConstraint(QLayout::SetFixedSize);
-
+void Form3::Connect() {
   // Ticking "Display only" asks for one puzzle; typing a count ticks it
   // exactly when that count is 1.
   connect(check1_, &QCheckBox::clicked, this, [this](bool checked) {

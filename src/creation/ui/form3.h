@@ -10,6 +10,7 @@
 #include "creation/create_commands.h"
 
 class QCheckBox;
+class QLayout;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
@@ -38,6 +39,14 @@ class Form3 : public QDialog {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  // The frames and buttons, top to bottom; each sets its controls' members.
+  QWidget* BuildCountFrame(const Form3Values& start);
+  QWidget* BuildDisplayOnlyFrame(const Form3Values& start);
+  QWidget* BuildFileFrame();
+  QWidget* BuildTitleFrame(const Form3Values& start);
+  QWidget* BuildLevelFrame(const Form3Values& start);
+  QLayout* BuildButtons();
+  void Connect();
   void BrowseFileNow();
 
   QLineEdit* text1_ = nullptr;

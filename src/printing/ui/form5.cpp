@@ -53,45 +53,12 @@ Form5::Form5(QWidget* parent) : QDialog(parent) {
   (new QHBoxLayout(frame5))->addWidget(combo1_);
   BuildPrinterList();
 
-  auto* inFileFrame = Group(QStringLiteral("InFileFrame"), QStringLiteral("Puzzles File"),
-                            QStringLiteral("Puzzles to be printed are stored in this file"), this);
-  fileNow_ = Named(new QLineEdit(inFileFrame), QStringLiteral("FileNow"));
-  fileNow_->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('x')) * 48);
-  // gf1 lends its browse button; the name itself is typed in FileNow.
-  gf1_ = Named(new FNDialog(inFileFrame), QStringLiteral("gf1"));
-  if (auto* own = gf1_->findChild<QLineEdit*>(QStringLiteral("Text"))) own->hide();
-  auto* inFileLayout = new QHBoxLayout(inFileFrame);
-  inFileLayout->addWidget(fileNow_, 1);
-  inFileLayout->addWidget(gf1_);
-
-  auto* frame1 = Group(QStringLiteral("Frame1"), QStringLiteral("Number of Puzzles to Print"),
-                       QStringLiteral("Specify start and end puzzle numbers"), this);
-  text1_ = Named(new QLineEdit(QStringLiteral("1"), frame1), QStringLiteral("Text1"));
-  text2_ = Named(new QLineEdit(QStringLiteral("1"), frame1), QStringLiteral("Text2"));
-  for (QLineEdit* number : {text1_, text2_})
-    number->setFixedWidth(number->fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + 16);
-  auto* frame1Layout = new QHBoxLayout(frame1);
-  frame1Layout->addWidget(Named(new QLabel(QStringLiteral("From"), frame1), QStringLiteral("Label1")));
-  frame1Layout->addWidget(text1_);
-  frame1Layout->addWidget(Named(new QLabel(QStringLiteral("To"), frame1), QStringLiteral("Label2")));
-  frame1Layout->addWidget(text2_);
-
-  auto* frame2 = Group(QStringLiteral("Frame2"), QStringLiteral("Print Solution"),
-                       QStringLiteral("Print solution if it exists in file"), this);
-  check1_ = Named(new QCheckBox(QStringLiteral("Yes"), frame2), QStringLiteral("Check1"));
-  (new QHBoxLayout(frame2))->addWidget(check1_);
-
-  // The layout follows the solution choice alone, so this frame stays hidden.
-  auto* frame3 = Group(QStringLiteral("Frame3"), QStringLiteral("Puzzles per page"),
-                       QStringLiteral("Puzzle per page"), this);
-  auto* frame3Layout = new QHBoxLayout(frame3);
-  const QString perPage[3] = {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("4")};
-  for (size_t i = 0; i < option1_.size(); ++i) {
-    option1_[i] = Named(new QRadioButton(perPage[i], frame3), QStringLiteral("Option1_%1").arg(i));
-    frame3Layout->addWidget(option1_[i]);
-  }
-  option1_[0]->setChecked(true);
-  frame3->hide();
+  auto* grid = new QGridLayout(this);
+  grid->addWidget(frame5, 0, 0, 1, 2);
+  grid->addWidget(BuildFileFrame(), 1, 0, 1, 2);
+  grid->addWidget(BuildRangeFrame(), 2, 0);
+  grid->addWidget(BuildSolutionFrame(), 2, 1);
+  grid->addWidget(BuildPerPageFrame(), 3, 0, 1, 2);
 
   auto* command1 = Named(new QPushButton(QStringLiteral("Print"), this), QStringLiteral("Command1"));
   command1->setToolTip(QStringLiteral("Print puzzles and exit"));
@@ -99,13 +66,6 @@ Form5::Form5(QWidget* parent) : QDialog(parent) {
   auto* command2 = Named(new QPushButton(QStringLiteral("Exit"), this), QStringLiteral("Command2"));
   command2->setToolTip(QStringLiteral("Take no action and exit"));
   command2->setAutoDefault(false);
-
-  auto* grid = new QGridLayout(this);
-  grid->addWidget(frame5, 0, 0, 1, 2);
-  grid->addWidget(inFileFrame, 1, 0, 1, 2);
-  grid->addWidget(frame1, 2, 0);
-  grid->addWidget(frame2, 2, 1);
-  grid->addWidget(frame3, 3, 0, 1, 2);
   auto* buttons = new QHBoxLayout;
   buttons->addStretch(1);
   buttons->addWidget(command1);
@@ -119,6 +79,58 @@ Form5::Form5(QWidget* parent) : QDialog(parent) {
     answer_ = "X";
     reject();
   });
+}
+
+QWidget* Form5::BuildFileFrame() {
+  auto* inFileFrame = Group(QStringLiteral("InFileFrame"), QStringLiteral("Puzzles File"),
+                            QStringLiteral("Puzzles to be printed are stored in this file"), this);
+  fileNow_ = Named(new QLineEdit(inFileFrame), QStringLiteral("FileNow"));
+  fileNow_->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('x')) * 48);
+  // gf1 lends its browse button; the name itself is typed in FileNow.
+  gf1_ = Named(new FNDialog(inFileFrame), QStringLiteral("gf1"));
+  if (auto* own = gf1_->findChild<QLineEdit*>(QStringLiteral("Text"))) own->hide();
+  auto* inFileLayout = new QHBoxLayout(inFileFrame);
+  inFileLayout->addWidget(fileNow_, 1);
+  inFileLayout->addWidget(gf1_);
+  return inFileFrame;
+}
+
+QWidget* Form5::BuildRangeFrame() {
+  auto* frame1 = Group(QStringLiteral("Frame1"), QStringLiteral("Number of Puzzles to Print"),
+                       QStringLiteral("Specify start and end puzzle numbers"), this);
+  text1_ = Named(new QLineEdit(QStringLiteral("1"), frame1), QStringLiteral("Text1"));
+  text2_ = Named(new QLineEdit(QStringLiteral("1"), frame1), QStringLiteral("Text2"));
+  for (QLineEdit* number : {text1_, text2_})
+    number->setFixedWidth(number->fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + 16);
+  auto* frame1Layout = new QHBoxLayout(frame1);
+  frame1Layout->addWidget(Named(new QLabel(QStringLiteral("From"), frame1), QStringLiteral("Label1")));
+  frame1Layout->addWidget(text1_);
+  frame1Layout->addWidget(Named(new QLabel(QStringLiteral("To"), frame1), QStringLiteral("Label2")));
+  frame1Layout->addWidget(text2_);
+  return frame1;
+}
+
+QWidget* Form5::BuildSolutionFrame() {
+  auto* frame2 = Group(QStringLiteral("Frame2"), QStringLiteral("Print Solution"),
+                       QStringLiteral("Print solution if it exists in file"), this);
+  check1_ = Named(new QCheckBox(QStringLiteral("Yes"), frame2), QStringLiteral("Check1"));
+  (new QHBoxLayout(frame2))->addWidget(check1_);
+  return frame2;
+}
+
+QWidget* Form5::BuildPerPageFrame() {
+  // The layout follows the solution choice alone, so this frame stays hidden.
+  auto* frame3 = Group(QStringLiteral("Frame3"), QStringLiteral("Puzzles per page"),
+                       QStringLiteral("Puzzle per page"), this);
+  auto* frame3Layout = new QHBoxLayout(frame3);
+  const QString perPage[3] = {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("4")};
+  for (size_t i = 0; i < option1_.size(); ++i) {
+    option1_[i] = Named(new QRadioButton(perPage[i], frame3), QStringLiteral("Option1_%1").arg(i));
+    frame3Layout->addWidget(option1_[i]);
+  }
+  option1_[0]->setChecked(true);
+  frame3->hide();
+  return frame3;
 }
 
 void Form5::BuildPrinterList() {

@@ -38,6 +38,11 @@ class Form5 : public QDialog {
   void showEvent(QShowEvent* event) override;
 
  private:
+  // The frames below the printer, top to bottom; each sets its controls' members.
+  QWidget* BuildFileFrame();
+  QWidget* BuildRangeFrame();
+  QWidget* BuildSolutionFrame();
+  QWidget* BuildPerPageFrame();
   void BuildPrinterList();
   void Browse();
   void Print();

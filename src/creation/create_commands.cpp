@@ -97,6 +97,39 @@ int PuzzleCountOf(const std::string& text) {
   return n && *n > 0 ? *n : 0;
 }
 
+// Makes and appends the batch the dialog asked for, one puzzle at a time,
+// until it is complete, cancelled or a write fails; returns how many were written.
+int MakeBatch(GameState& s, UserInterface& ui, const Form3Values& form, int chosen) {
+  const std::string outFile = form.FileNow;
+  const int base = CountPuzzles(outFile);
+  const int n = PuzzleCountOf(form.Text1);
+  const bool ownTitle = !Trim(form.Text4).empty();
+  int made = 0;
+  for (int i = 1; i <= n; ++i) {
+    ui.SetBusy(true);
+    ui.Yield();
+    if (s.CancelRequest == 1) break;
+    const std::string ofN = Str(i) + " of" + Str(n);
+    s.view.Caption = "New" + ofN;
+    s.view.pb = " New" + ofN;
+    s.view.NewLab = "Creating Puzzle" + ofN + kNewLine + "Output File: " + outFile;
+    ui.ControlsChanged();
+    s.Cols = s.Rows;
+    CalcCellPos(s);
+    int level = chosen;
+    // A puzzle cut short by Cancel is written as it stands and counted; the
+    // loop ends at the next check.
+    CreatePuzzle(s, ui, level);
+    const std::string title = ownTitle ? form.Text4 : AutomaticTitle(level, LocalTimeNow());
+    if (!WritePuzzleRecord(s, outFile, base + i, title)) {
+      ui.ShowMessage(kAppendError + outFile);
+      break;
+    }
+    made = i;
+  }
+  return made;
+}
+
 }  // namespace
 
 void mnunewrandpuzx(GameState& s, UserInterface& ui) {
@@ -142,34 +175,8 @@ void mnumultipuzx(GameState& s, UserInterface& ui, const Form3Values& form) {
     return;
   }
 
-  const std::string outFile = form.FileNow;
-  const int base = CountPuzzles(outFile);
   const int remembered = s.CurrentPuzzleNumber;
-  const int n = PuzzleCountOf(form.Text1);
-  const bool ownTitle = !Trim(form.Text4).empty();
-  int made = 0;
-  for (int i = 1; i <= n; ++i) {
-    ui.SetBusy(true);
-    ui.Yield();
-    if (s.CancelRequest == 1) break;
-    const std::string ofN = Str(i) + " of" + Str(n);
-    s.view.Caption = "New" + ofN;
-    s.view.pb = " New" + ofN;
-    s.view.NewLab = "Creating Puzzle" + ofN + kNewLine + "Output File: " + outFile;
-    ui.ControlsChanged();
-    s.Cols = s.Rows;
-    CalcCellPos(s);
-    int level = chosen;
-    // A puzzle cut short by Cancel is written as it stands and counted; the
-    // loop ends at the next check.
-    CreatePuzzle(s, ui, level);
-    const std::string title = ownTitle ? form.Text4 : AutomaticTitle(level, LocalTimeNow());
-    if (!WritePuzzleRecord(s, outFile, base + i, title)) {
-      ui.ShowMessage(kAppendError + outFile);
-      break;
-    }
-    made = i;
-  }
+  const int made = MakeBatch(s, ui, form, chosen);
 
   ShowAgain(s, ui, s.CurrentPuzzleFile, remembered, before);
   s.CancelRequest = 0;
@@ -177,7 +184,7 @@ void mnumultipuzx(GameState& s, UserInterface& ui, const Form3Values& form) {
   s.view.pb = " Done";
   ui.ControlsChanged();
   ui.SetBusy(false);
-  ui.ShowMessage(Str(made) + " new puzzles added to file:" + kNewLine + outFile);
+  ui.ShowMessage(Str(made) + " new puzzles added to file:" + kNewLine + form.FileNow);
 }
 
 void cmdmakepuzzles(GameState& s, UserInterface& ui, int level) {

@@ -52,7 +52,7 @@ TEST_F(Commands, CheckFirstImpossibleCellThenCardsOrMarksOutsideTheSavedOptionsT
 }
 
 TEST_F(Commands, UndoRestoresTheCellItsOptionsAndListsAndDropsEntriesNamingNoCell) {
-  UndoLast(s, ui);  // an empty list: nothing painted (the one cell below is all)
+  UndoLast(s, ui);  // an empty list: nothing painted, as ui.cells below shows
   const CardSet open = s.CellOptions[1][2];
   const auto remainBefore = s.Remain;
   PushUndo(s, 1, 2);

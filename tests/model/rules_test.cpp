@@ -5,26 +5,15 @@
 #include <gtest/gtest.h>
 
 #include "board/geometry.h"
-#include "model/text.h"
 
 namespace velmora {
 namespace {
 
-GameState EmptyBoard() {
-  GameState s;
-  s.Rows = s.Cols = 7;
-  CalcCellPos(s);
-  return s;
-}
-
 // Fills the 7x7 solution row by row with the given first card onwards.
 void FillSolution(GameState& s, int first) {
   s.Rows = s.Cols = 7;
-  for (int k = 1; k <= 49; ++k) {
-    s.CellRow[k] = (k - 1) / 7 + 1;
-    s.CellCol[k] = (k - 1) % 7 + 1;
-    s.SolutionGrid[s.CellRow[k]][s.CellCol[k]] = first + k - 1;
-  }
+  CalcCellPos(s);
+  for (int k = 1; k <= 49; ++k) s.SolutionGrid[s.CellRow[k]][s.CellCol[k]] = first + k - 1;
 }
 
 TEST(CardCodes, StartUpTableThenThreeAbsentCardsPerLoadWithoutStaleMarks) {
@@ -34,19 +23,18 @@ TEST(CardCodes, StartUpTableThenThreeAbsentCardsPerLoadWithoutStaleMarks) {
 
   FillSolution(s, 1);  // cards 1..49
   ASSERT_TRUE(RebuildCardCodes(s));
-  for (int i : {50, 51, 52}) EXPECT_EQ(s.CardCodes.Code(i), "00X") << i;
-  FillSolution(s, 4);  // a second load: 1, 2, 3 are the absent ones now
+  FillSolution(s, 4);  // a second load: 1, 2, 3 are the absent ones now, 50..52 no longer
   ASSERT_TRUE(RebuildCardCodes(s));
   std::string absent;
   for (int i = 1; i <= 52; ++i) absent += s.CardCodes.IsAbsent(i) ? std::to_string(i) + " " : "";
-  EXPECT_EQ(absent, "1 2 3 ");
-  EXPECT_EQ(s.CardCodes.Code(52), "13C");
+  EXPECT_EQ(absent + s.CardCodes.Code(52), "1 2 3 13C");
   s.SolutionGrid[2][3] = 53;  // a solution value without a card
   EXPECT_FALSE(RebuildCardCodes(s));
 }
 
 TEST(UpdateOptions, EmptyBoardListsTheDeckButNoAbsentCard) {
-  GameState s = EmptyBoard();
+  GameState s;
+  s.Rows = s.Cols = 7;
   for (int i : {7, 30, 52}) s.CardCodes.Set(i, 0, 0);  // absent from this puzzle
   ASSERT_TRUE(UpdateOptions(s, 1));
   EXPECT_EQ(s.Remain[0].size() + s.Remain[1].size() + s.Remain[2].size() + s.Remain[3].size(), 49u);

@@ -9,23 +9,12 @@
 #include <functional>
 #include <random>
 
-#include "board/geometry.h"
 #include "files/puzzle_file.h"
 #include "model/undo.h"
 #include "test_support.h"
 
 namespace velmora {
 namespace {
-
-class SolvingSeen : public SilentUserInterface {
- public:
-  explicit SolvingSeen(GameState& s) : s_(s) {}
-  void Yield() override { solving = s_.Solving; }
-  int solving = -1;
-
- private:
-  GameState& s_;
-};
 
 bool InDeck(const GameState& s, int v) { return v >= 1 && v <= 52 && s.CardCodes.Code(v) != "00X"; }
 
@@ -58,30 +47,24 @@ CardSet ReferenceOptions(const GameState& s, int r, int c) {
 int ReferenceSolve(GameState& s) {
   const auto update = [&s] {
     for (int r = 1; r <= s.Rows; ++r)
-      for (int c = 1; c <= s.Cols; ++c) s.CellOptions[r][c] = s.Grid[r][c] > 0 ? 0 : ReferenceOptions(s, r, c);
+      for (int c = 1; c <= s.Cols; ++c)
+        s.CellOptions[r][c] = s.Grid[r][c] > 0 ? 0 : ReferenceOptions(s, r, c);
   };
   update();
   for (bool changed = true; changed;) {
     changed = false;
     for (int r = 1; r <= s.Rows; ++r)
       for (int c = 1; c <= s.Cols; ++c)
-        if (std::popcount(s.CellOptions[r][c]) == 1) {
-          s.Grid[r][c] = std::countr_zero(s.CellOptions[r][c]) + 1;
-          s.CellOptions[r][c] = 0;
-          changed = true;
-        }
+        if (std::popcount(s.CellOptions[r][c]) == 1)
+          s.Grid[r][c] = std::countr_zero(s.CellOptions[r][c]) + 1, changed = true;
     update();
     int count[53] = {}, row[53] = {}, col[53] = {};
     for (int r = 1; r <= s.Rows; ++r)
       for (int c = 1; c <= s.Cols; ++c)
         for (int k = 1; k <= 52; ++k)
           if (s.CellOptions[r][c] & CardBit(k)) ++count[k], row[k] = r, col[k] = c;
-    for (int k = 1; k <= 52; ++k) {
-      if (count[k] != 1) continue;
-      s.Grid[row[k]][col[k]] = k;
-      s.CellOptions[row[k]][col[k]] = 0;
-      changed = true;
-    }
+    for (int k = 1; k <= 52; ++k)
+      if (count[k] == 1) s.Grid[row[k]][col[k]] = k, s.CellOptions[row[k]][col[k]] = 0, changed = true;
   }
   for (int r = 1; r <= s.Rows; ++r)
     for (int c = 1; c <= s.Cols; ++c)
@@ -96,19 +79,6 @@ void ExpectSameAsReference(const GameState& start, const std::string& what) {
   EXPECT_EQ(SolveGrid(fast, ui), expected) << what;
   EXPECT_EQ(fast.Grid, slow.Grid) << what;
   EXPECT_EQ(fast.CellOptions, slow.CellOptions) << what;
-  EXPECT_EQ(fast.Solving, 0) << what;
-}
-
-using test::SolvableFile;
-GameState Load(const std::string& file, int n) { return test::Loaded(file, n); }
-
-TEST(SolveGrid, SolvesTheDeductionPuzzleToItsStoredSolution) {
-  GameState s = Load(SolvableFile(), 1);
-  SolvingSeen ui(s);
-  EXPECT_EQ(SolveGrid(s, ui), 0);
-  EXPECT_EQ(s.Grid, s.SolutionGrid);
-  EXPECT_EQ(ui.solving, 1);  // raised while it runs
-  EXPECT_EQ(s.Solving, 0);
 }
 
 // The solution with `blanks` random cells changed: most emptied, some made
@@ -128,8 +98,8 @@ GameState Scrambled(const GameState& full, std::mt19937& rng, int blanks) {
 
 TEST(SolveGrid, AgreesWithTheLiteralStepsOnManyBoards) {
   for (int n = 1; n <= 3; ++n)
-    ExpectSameAsReference(Load(test::SampleFile(), n), "sample " + std::to_string(n));
-  const GameState full = Load(SolvableFile(), 1);
+    ExpectSameAsReference(test::Loaded(test::SampleFile(), n), "sample " + std::to_string(n));
+  const GameState full = test::Loaded(test::SolvableFile(), 1);
   std::mt19937 rng(20240611);
   for (int trial = 0; trial < 150; ++trial) {
     ExpectSameAsReference(Scrambled(full, rng, 10 + trial % 30), "trial " + std::to_string(trial));
@@ -139,26 +109,25 @@ TEST(SolveGrid, AgreesWithTheLiteralStepsOnManyBoards) {
 
 TEST(SolveGrid, BoardsItCannotReadGiveOneWithoutACrash) {
   SilentUserInterface ui;
-  GameState s = Load(SolvableFile(), 1);
-  s.Grid[1][2] = 60;  // no card
-  EXPECT_EQ(SolveGrid(s, ui), 1);
-  EXPECT_EQ(s.Solving, 0);
-  for (int rows : {0, -3, 12}) {
-    GameState u = Load(SolvableFile(), 1);
-    u.Rows = rows;
-    EXPECT_EQ(SolveGrid(u, ui), rows == 0 || rows == -3 ? 0 : 1) << rows;
+  // {rows, value at (1, 2), result}: no such card, no board, more rows than the grid has
+  const int cases[][3] = {{7, 60, 1}, {0, 0, 0}, {-3, 0, 0}, {12, 0, 1}};
+  for (const auto& [rows, value, result] : cases) {
+    GameState s = test::Loaded(test::SolvableFile());
+    s.Rows = rows, s.Grid[1][2] = value;
+    EXPECT_EQ(SolveGrid(s, ui), result) << rows;
+    EXPECT_EQ(s.Solving, 0) << rows;
   }
 }
 
-// Commands that run while the solver yields: it goes on from the board as
-// they leave it.
+// Commands that run while the solver yields, which it flags meanwhile: it
+// goes on from the board as they leave it.
 class InterferingUi : public SilentUserInterface {
  public:
   InterferingUi(GameState& s, std::function<void(GameState&)> act) : s_(s), act_(std::move(act)) {}
   void Yield() override {
-    if (++yields == 1) act_(s_);
+    if (solving == -1) solving = s_.Solving, act_(s_);
   }
-  int yields = 0;
+  int solving = -1;
 
  private:
   GameState& s_;
@@ -166,28 +135,23 @@ class InterferingUi : public SilentUserInterface {
 };
 
 TEST(SolveGrid, GoesOnFromTheBoardALoadOrAnUndoDuringItsYieldLeaves) {
-  const int wrong = Load(SolvableFile(), 1).SolutionGrid[1][6];  // a card of the deck, wrong at (1, 2)
+  const int wrong =
+      test::Loaded(test::SolvableFile()).SolutionGrid[1][6];  // a card of the deck, wrong at (1, 2)
+  SilentUserInterface quiet;
+  std::string title;
   const std::function<void(GameState&)> acts[] = {
-      [](GameState& st) {
-        std::string title;
-        SilentUserInterface quiet;
-        ASSERT_EQ(LoadPuzzle(st, quiet, test::SampleFile(), 2, title, 0), 0);
-      },
-      [](GameState& st) {
-        SilentUserInterface quiet;
-        UndoLast(st, quiet);
-      }};
+      [&](GameState& st) { ASSERT_EQ(LoadPuzzle(st, quiet, test::SampleFile(), 2, title, 0), 0); },
+      [&](GameState& st) { UndoLast(st, quiet); }};
   for (int i = 0; i < 2; ++i) {
-    GameState s = Load(SolvableFile(), 1);
-    ASSERT_EQ(s.Grid[1][2], 0);
+    GameState s = test::Loaded(test::SolvableFile());
     s.UndoList.push_front(UndoEntry(1, 2, wrong));
     GameState expected = s;
     acts[i](expected);
-    SilentUserInterface quiet;
     const int result = SolveGrid(expected, quiet);
     InterferingUi ui(s, acts[i]);
     EXPECT_EQ(SolveGrid(s, ui), result) << i;
     EXPECT_EQ(s.Grid, expected.Grid) << i;
+    EXPECT_EQ(ui.solving, 1) << i;
   }
 }
 

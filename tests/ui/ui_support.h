@@ -8,10 +8,14 @@
 #include <QAction>
 #include <QApplication>
 #include <QFileDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QMouseEvent>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QTimer>
 #include <deque>
 #include <filesystem>
@@ -39,6 +43,17 @@ T* ModalDialog() {
   auto* dialog = qobject_cast<T*>(QApplication::activeModalWidget());
   return dialog && dialog->isVisible() ? dialog : nullptr;
 }
+
+// Runs `act` once, on the first modal dialog of type T that comes up.
+template <typename T>
+struct OnceOn : Poller {
+  explicit OnceOn(std::function<void(T*)> act)
+      : Poller([this, act] {
+          T* dialog = ModalDialog<T>();
+          if (dialog && !done) done = true, act(dialog);
+        }) {}
+  bool done = false;
+};
 
 // Notes the texts of modal message boxes and presses the next queued answer
 // (OK when none is queued; an unexpected box must not hang the test). Notes
@@ -86,6 +101,16 @@ inline void Click(QWidget* w, Qt::MouseButton button = Qt::LeftButton, QPointF p
   QApplication::sendEvent(w, &press);
   QMouseEvent release(QEvent::MouseButtonRelease, pos, global, button, Qt::NoButton, Qt::NoModifier);
   QApplication::sendEvent(w, &release);
+}
+
+// A dialog's own button `name` pressed (its file field may have one of the same name).
+inline void Press(QWidget* dialog, const char* name) {
+  Child<QPushButton>(dialog, name, Qt::FindDirectChildrenOnly)->click();
+}
+
+inline void Key(QWidget* w, int key, const QString& text = {}) {
+  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+  QApplication::sendEvent(w, &press);
 }
 
 // The main window started over a folder laid out like the program's

@@ -21,31 +21,21 @@ struct BatchHand : OnceOn<Form3> {
         }) {}
 };
 
-// Runs `look` at every pass of the event loop while a creation command runs
-// (it yields often), but not while a message box is up.
-struct DuringCommand : Poller {
-  DuringCommand(Form1& w, const std::function<void()>& look)
-      : Poller(
-            [&w, look] {
-              if (w.LongCommandRunning() && !QApplication::activeModalWidget()) look();
-            },
-            0) {}
-};
+// Whether a creation command runs (it yields often, so a Poller of interval 0
+// looks in at every pass) with no message box or dialog up.
+bool Running(const Form1& w) { return w.LongCommandRunning() && !QApplication::activeModalWidget(); }
 
 TEST(Form3Dialog, DisplayOnlyFollowsTheNumberAndAsksForOne) {
   Form3 f;
   auto* check1 = Child<QCheckBox>(&f, "Check1");
   auto* text1 = Child<QLineEdit>(&f, "Text1");
-  std::string ticked;
-  for (const char* text : {"5", " 1 puzzle"}) {
-    text1->setText(text);
-    ticked += check1->isChecked() ? "1" : "0";
+  QStringList seen;  // the number, and "+" when ticked
+  for (const std::string step : {"5", " 1 puzzle", "7", "tick", "untick"}) {
+    step.ends_with("tick") ? check1->click() : text1->setText(QString::fromStdString(step));
+    seen << text1->text() + (check1->isChecked() ? "+" : "");
   }
-  text1->setText("7");
-  check1->click();  // ticking it asks for one puzzle; unticking leaves the number alone
-  ticked += text1->text().toStdString();
-  check1->click();
-  EXPECT_EQ(ticked + text1->text().toStdString() + (check1->isChecked() ? "ticked" : ""), "0111");
+  // Typing ticks it exactly for one puzzle; ticking asks for one, unticking leaves the number alone.
+  EXPECT_EQ(seen.join('|'), "5| 1 puzzle+|7|1+|1");
 }
 
 TEST(Form3Dialog, EachLevelButtonShowsItsCaptionAndChoosesItsLevel) {
@@ -62,46 +52,42 @@ TEST(Form3Dialog, EachLevelButtonShowsItsCaptionAndChoosesItsLevel) {
   }
 }
 
-TEST(Form1Create, OnePuzzleShowsTheNewPuzzle) {
-  Window win(1);
-  win.Trigger("mnunewrandpuzx");
-  EXPECT_EQ(win.Text("PuzTitle").toStdString(), Loaded(win.dir.File("TemporaryPuzzleFile.vlm")).view.PuzTitle);
-}
-
 TEST(Form1Create, CancelStopsABatchWhileEveryOtherCommandIsDisabledAndRefused) {
   Window win(1);
   const std::string out = win.dir.File("cancelled.vlm");
   BatchHand form(out, "5", "Option1");
   bool pressed = false, held = true;
-  DuringCommand during(win.w, [&] {
-    if (pressed) return;
-    for (const char* name : {"mnuloadpuz", "mnusolveall", "mnuexit"})
-      held = held && !win.Get<QAction>(name)->isEnabled();
-    for (const char* name : {"arrows1", "UndoEdit", "cmdexit", "Autosolvex", "PuzNumNow", "Remain0"})
-      held = held && !win.Get(name)->isEnabled();
-    // The progress panel lies over the board and the cursor waits.
-    held = held && win.Get("cmdcancel")->isEnabled() && win.Get("Frame1")->isVisible() &&
-           win.w.Board()->rect().contains(win.Get("Frame1")->geometry()) &&
-           QApplication::overrideCursor() && QApplication::overrideCursor()->shape() == Qt::WaitCursor;
-    // The board stays enabled, yet a right click on a card does not empty it.
-    GameState& s = win.s();
-    for (int k = 0; k < 49 && held; ++k) {
-      const int r = k / 7 + 1, c = k % 7 + 1, card = s.Grid[r][c];
-      win.w.Board()->onMouseUp(kRightButton, s.CellX[r][c] + 400.0f, s.CellY[r][c] + 400.0f);
-      held = s.Grid[r][c] == card && s.UndoList.empty();
-    }
-    if (s.view.Caption == "New 2 of 5") {
-      pressed = true;
-      win.Get<QPushButton>("cmdcancel")->click();
-      EXPECT_EQ(win.Text("NewLab"), " Canceling...");
-    }
-  });
+  Poller during(
+      [&] {
+        if (pressed || !Running(win.w)) return;
+        for (const char* name : {"mnuloadpuz", "mnusolveall", "mnuexit", "arrows1", "UndoEdit", "cmdexit",
+                                 "Autosolvex", "PuzNumNow", "Remain0"})
+          held = held && !win.Get<QObject>(name)->property("enabled").toBool();  // menu entries and controls
+        // The progress panel lies over the board and the cursor waits.
+        held = held && win.Get("cmdcancel")->isEnabled() && win.Get("Frame1")->isVisible() &&
+               win.w.Board()->rect().contains(win.Get("Frame1")->geometry()) &&
+               QApplication::overrideCursor() && QApplication::overrideCursor()->shape() == Qt::WaitCursor;
+        // The board stays enabled, yet a right click on a card does not empty it.
+        GameState& s = win.s();
+        for (int k = 0; k < 49 && held; ++k) {
+          const int r = k / 7 + 1, c = k % 7 + 1, card = s.Grid[r][c];
+          win.w.Board()->onMouseUp(kRightButton, s.CellX[r][c] + 400.0f, s.CellY[r][c] + 400.0f);
+          held = s.Grid[r][c] == card && s.UndoList.empty();
+        }
+        if (s.view.Caption == "New 2 of 5") {
+          pressed = true;
+          win.Get<QPushButton>("cmdcancel")->click();
+          EXPECT_EQ(win.Text("NewLab"), " Canceling...");
+        }
+      },
+      0);
   win.Trigger("mnumultipuzx");
   ASSERT_TRUE(pressed);
   EXPECT_TRUE(held);
   EXPECT_EQ(CountPuzzles(out), 2);
-  // Afterwards the panel and the wait cursor are gone and the controls work again.
+  // Afterwards the panel and the wait cursor are gone, the puzzle shown before is back and the controls work.
   EXPECT_FALSE(win.Get("Frame1")->isVisible() || QApplication::overrideCursor());
+  EXPECT_EQ(win.Text("PuzTitle"), "Sample 1");
   Click(win.Get("arrows1"));
   EXPECT_EQ(win.s().CurrentPuzzleNumber, 2);
 }
@@ -111,11 +97,13 @@ TEST(Form1Create, TheCloseBoxDuringABatchCancelsItAndEndsWithoutAWord) {
   const std::string config = win.Config(), out = win.dir.File("closed.vlm");
   BatchHand form(out, "50", "Option3");
   bool stillOpen = false;
-  DuringCommand during(win.w, [&] {
-    if (stillOpen || win.s().view.Caption != "New 3 of 50") return;
-    win.w.close();
-    stillOpen = win.w.isVisible();  // the command still runs on the window
-  });
+  Poller during(
+      [&] {
+        if (stillOpen || !Running(win.w) || win.s().view.Caption != "New 3 of 50") return;
+        win.w.close();
+        stillOpen = win.w.isVisible();  // the command still runs on the window
+      },
+      0);
   win.Trigger("mnumultipuzx");
   EXPECT_TRUE(stillOpen);
   EXPECT_FALSE(win.w.isVisible());

@@ -51,8 +51,8 @@ TEST(BoardPainter, EachSuitHasItsSymbolAndColourWithTheRankAtTheLowerRight) {
     int symbol;
     QColor colour;
   };
-  const Case cases[] = {{37, 0, kBlackSuit}, {38, 1, kRedSuit}, {39, 2, kRedSuit}, {40, 3, kBlackSuit},
-                        {-1, 0, kBlackSuit}, {-3, 2, kRedSuit}};
+  const Case cases[] = {{37, 0, kBlackSuit}, {38, 1, kRedSuit},   {39, 2, kRedSuit},
+                        {40, 3, kBlackSuit}, {-1, 0, kBlackSuit}, {-3, 2, kRedSuit}};
   for (const Case& c : cases) {
     GameState s;
     CalcCellPos(s);
@@ -86,79 +86,66 @@ TEST(BoardPainter, SolutionTextSitsAtTheLowerLeftOfEveryCellInTheBlackSuitColour
   }
 }
 
-TEST(MousePlay, StatusOnMoveClicksPlaceAndRemoveUndoAndTheSolutionShown) {
-  Window p(2);
-  GameState& s = p.s();
-  const int row = 1, col = 2;  // empty in that puzzle
-  ASSERT_EQ(s.Grid[row][col], 0);
-  const QPointF centre =
-      p.w.Board()->TwipsToPixels(QPointF(s.CellX[row][col] + 405, s.CellY[row][col] + 405));
-  QMouseEvent move(QEvent::MouseMove, centre, p.w.Board()->mapToGlobal(centre), Qt::NoButton, Qt::NoButton,
-                   Qt::NoModifier);
-  QApplication::sendEvent(p.w.Board(), &move);
-  EXPECT_EQ(p.Text("pb").toStdString(), " Cell 2, Options=" + OptionText(s.CellOptionsSaved[row][col]));
-  const auto marks = [&] {  // pixels inside the cell that differ from its own background
-    const double x = s.CellX[row][col], y = s.CellY[row][col];
-    int n = 0;
-    for (int dy = 60; dy < 780; dy += 30)
-      for (int dx = 60; dx < 780; dx += 30) n += p.Pixel(x + dx, y + dy) != p.Pixel(x + 40, y + 40);
-    return n;
-  };
-  const int card = s.SolutionGrid[row][col];
-  auto* list = p.Get<QListWidget>(("Remain" + std::to_string((card - 1) % 4)).c_str());
-  const auto item = list->findItems(QString::fromStdString(ListText(s, card)), Qt::MatchExactly);
-  ASSERT_EQ(item.size(), 1);
-  Click(list->viewport(), Qt::LeftButton, list->visualItemRect(item[0]).center());
-  Click(p.w.Board(), Qt::LeftButton, centre);
-  EXPECT_EQ(s.Grid[row][col], card);
-  EXPECT_GT(marks(), 20);  // symbol and rank painted
-  Click(p.w.Board(), Qt::RightButton, centre);
-  EXPECT_EQ(s.Grid[row][col] + marks(), 0);
-  p.Get<QPushButton>("UndoEdit")->click();
-  EXPECT_EQ(s.Grid[row][col], card);
-  p.Get<QPushButton>("UndoEdit")->click();
-  p.Trigger("mnuviewsol");
-  EXPECT_GT(marks(), 0);  // the solution's letters in the empty cell
-}
-
-TEST(Assist, MenuBeforeHelpKeysPlaceAHintedCardAndShadingShowsForTheChosenCard) {
+TEST(Play, MouseKeysAndTheAssistMenuReachTheBoard) {
   Window win(1);
+  GameState& s = win.s();
+  BoardView* board = win.w.Board();
   const QList<QAction*> menus = win.w.menuBar()->actions();
   ASSERT_GE(menus.size(), 2);
-  EXPECT_EQ(menus[menus.size() - 2]->menu()->objectName(), "mnuassist");
+  EXPECT_EQ(menus[menus.size() - 2]->menu()->objectName(), "mnuassist");  // just before Help
   EXPECT_TRUE(win.Get<QAction>("mnushadefits")->isCheckable() &&
               win.Get<QAction>("mnumarkgivens")->isCheckable());
-
-  // Keyboard: the cursor to the hinted cell, then its card typed.
   win.Trigger("mnuhint");
-  const Hint hint = FindHint(win.s());
+  const Hint hint = FindHint(s);
   ASSERT_EQ(win.Text("pb").toStdString(), HintText(hint));
-  BoardView* board = win.w.Board();
-  Key(board, Qt::Key_Up);  // shows the cursor on 1, 1
-  for (int r = 1; r < hint.row; ++r) Key(board, Qt::Key_Down);
-  for (int c = 1; c < hint.col; ++c) Key(board, Qt::Key_Right);
-  const std::string name = std::string(RankLetter(CardRank(hint.card))) + kSuitLetters[CardSuit(hint.card)];
-  for (const char letter : name) Key(board, Qt::Key_A, QString(QChar::fromLatin1(letter)));
-  EXPECT_EQ(win.s().Grid[hint.row][hint.col], hint.card);
-  Key(board, Qt::Key_Delete);
-  EXPECT_EQ(win.s().Grid[hint.row][hint.col], 0);
+  const int row = hint.row, col = hint.col, card = hint.card;
+  const double x = s.CellX[row][col], y = s.CellY[row][col];
+  const QPointF centre = board->TwipsToPixels(QPointF(x + 405, y + 405));
+  QMouseEvent move(QEvent::MouseMove, centre, board->mapToGlobal(centre), Qt::NoButton, Qt::NoButton,
+                   Qt::NoModifier);
+  QApplication::sendEvent(board, &move);
+  EXPECT_TRUE(win.Text("pb").endsWith(
+      QString::fromStdString(", Options=" + OptionText(s.CellOptionsSaved[row][col]))));
 
-  // Shading: off, the widget shows the kept picture; on, the cell changes.
-  auto shown = [&] {
-    const QImage image = board->grab().toImage();
-    const QPointF at = board->TwipsToPixels(
-        QPointF(win.s().CellX[hint.row][hint.col] + 200, win.s().CellY[hint.row][hint.col] + 200));
-    return image.pixelColor(at.toPoint());
+  // Keyboard: the cursor to the cell, then its card typed; Delete empties it again.
+  Key(board, Qt::Key_Up);  // shows the cursor on 1, 1
+  for (int r = 1; r < row; ++r) Key(board, Qt::Key_Down);
+  for (int c = 1; c < col; ++c) Key(board, Qt::Key_Right);
+  const std::string name = ListText(s, card);
+  for (const char letter : name) Key(board, Qt::Key_A, QString(QChar::fromLatin1(letter)));
+  EXPECT_EQ(s.Grid[row][col], card);
+  Key(board, Qt::Key_Delete);
+  EXPECT_EQ(s.Grid[row][col], 0);
+
+  // Mouse: the card chosen in its list (shading, painted over the kept picture,
+  // shows where it fits), then the cell clicked, emptied, and undone.
+  const auto shown = [&] {
+    return board->grab().toImage().pixelColor(board->TwipsToPixels({x + 200, y + 200}).toPoint());
   };
-  auto* list = win.Get<QListWidget>(("Remain" + std::to_string(CardSuit(hint.card) - 1)).c_str());
+  auto* list = win.Get<QListWidget>(("Remain" + std::to_string(CardSuit(card) - 1)).c_str());
   const auto item = list->findItems(QString::fromStdString(name), Qt::MatchExactly);
   ASSERT_EQ(item.size(), 1);
   Click(list->viewport(), Qt::LeftButton, list->visualItemRect(item[0]).center());
-  ASSERT_EQ(win.s().SelectedCard, name);
   const QColor plain = shown();
   win.Trigger("mnushadefits");
   EXPECT_NE(shown(), plain);
   EXPECT_NE(win.dir.Read("velmora.ini").find("ShadeFits=true"), std::string::npos);
+  const auto marks = [&] {  // pixels of the kept picture inside the cell that differ from its background
+    int n = 0;
+    for (int dy = 60; dy < 780; dy += 30)
+      for (int dx = 60; dx < 780; dx += 30) n += win.Pixel(x + dx, y + dy) != win.Pixel(x + 40, y + 40);
+    return n;
+  };
+  Click(board, Qt::LeftButton, centre);
+  EXPECT_EQ(s.Grid[row][col], card);
+  EXPECT_GT(marks(), 20);  // symbol and rank painted
+  Click(board, Qt::RightButton, centre);
+  EXPECT_EQ(s.Grid[row][col] + marks(), 0);
+  win.Get<QPushButton>("UndoEdit")->click();
+  EXPECT_EQ(s.Grid[row][col], card);
+  win.Get<QPushButton>("UndoEdit")->click();
+  win.Trigger("mnuviewsol");
+  EXPECT_GT(marks(), 0);  // the solution's letters in the empty cell
 }
 
 }  // namespace

@@ -1,8 +1,5 @@
 // The options dialog from the main window: preview, Exit and Escape drop it,
 // Apply recolours the board and resizes the text, and both outlast a restart.
-#include <QGroupBox>
-#include <QScrollBar>
-
 #include "appearance/color_scheme.h"
 #include "appearance/ui/form2.h"
 #include "ui_support.h"

@@ -1,9 +1,5 @@
 // Printed pages rendered into images at known resolutions, and the Print
 // menu with its file dialog, a PDF file standing in for the printer.
-#include <QCheckBox>
-#include <QComboBox>
-#include <QGroupBox>
-#include <QMenu>
 #include <QPrintPreviewDialog>
 
 #include "printing/ui/form5.h"

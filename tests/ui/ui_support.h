@@ -4,19 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
-#include <QAction>
-#include <QApplication>
-#include <QFileDialog>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMessageBox>
-#include <QMouseEvent>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTimer>
+#include <QtWidgets>  // the tests reach into most kinds of widget
 #include <deque>
 #include <filesystem>
 #include <functional>
@@ -49,8 +37,7 @@ template <typename T>
 struct OnceOn : Poller {
   explicit OnceOn(std::function<void(T*)> act)
       : Poller([this, act] {
-          T* dialog = ModalDialog<T>();
-          if (dialog && !done) done = true, act(dialog);
+          if (T* dialog = ModalDialog<T>(); dialog && !done) done = true, act(dialog);
         }) {}
   bool done = false;
 };
@@ -59,14 +46,11 @@ struct OnceOn : Poller {
 // (OK when none is queued; an unexpected box must not hang the test). Notes
 // how each file dialog was set up ("title|filters|folder|OPEN or SAVE") and
 // answers it with the next queued name; none left cancels.
-class DialogHand {
- public:
+struct DialogHand {
   std::vector<std::string> texts, fileDialogs;
   std::deque<QMessageBox::StandardButton> answers;
   std::deque<std::string> names;
-
- private:
-  Poller poller_{[this] {
+  Poller poller{[this] {
     if (QMessageBox* box = ModalDialog<QMessageBox>()) {
       texts.push_back(box->text().toStdString());
       QAbstractButton* button = box->button(answers.empty() ? QMessageBox::Ok : answers.front());

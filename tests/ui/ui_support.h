@@ -1,5 +1,5 @@
 // Helpers for the desktop tests: the main window over its own program folder,
-// hands that answer the real message boxes and file dialogs, mouse clicks.
+// hands that answer the real message boxes and dialogs, mouse clicks and keys.
 #pragma once
 
 #include <gtest/gtest.h>

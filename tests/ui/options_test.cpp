@@ -1,85 +1,43 @@
 // The options dialog from the main window: preview, Exit and Escape drop it,
-// Apply recolours the board and the text, and both outlast a restart.
-#include <gtest/gtest.h>
-
-#include <QGroupBox>
-#include <QKeyEvent>
-#include <QListWidget>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QScrollBar>
-
+// Apply recolours the board and resizes the text, and both outlast a restart.
 #include "appearance/color_scheme.h"
 #include "appearance/ui/form2.h"
 #include "ui_support.h"
 
-namespace velmora {
+namespace velmora::test {
 namespace {
 
-using test::Child;
-using test::Window;
-
-// Opens the options dialog from its menu and runs `act` on it once it is up.
-void InOptions(Window& win, const std::function<void(Form2*)>& act) {
-  bool done = false;
-  test::Poller hand([&] {
-    Form2* f = test::ModalDialog<Form2>();
-    if (done || !f) return;
-    done = true;
-    act(f);
-  });
-  win.Trigger("mnuoptions");
-  EXPECT_TRUE(done);
-}
-
-void Key(QWidget* w, int key) {
-  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
-  QApplication::sendEvent(w, &press);
-}
-
-QColor Background(QWidget* w) { return w->palette().color(QPalette::Window); }
-
-TEST(Form2Options, PreviewThenExitOrEscapeKeepsTheActiveScheme) {
+TEST(Form2Options, PreviewThenExitOrEscapeKeepsTheSchemeApplyRecoloursAndBothOutlastARestart) {
   Window win(1, "sea.col");
-  const QColor sea(214, 230, 242), sand(243, 234, 214);
-  for (const bool escape : {false, true}) {
-    InOptions(win, [&](Form2* f) {
+  const QFont before = QApplication::font();
+  for (const char* leave : {"Command2", "Escape", "Command1"}) {
+    OnceOn<Form2> hand([&](Form2* f) {
       auto* list = Child<QListWidget>(f, "List1");
       list->setCurrentRow(2);  // "sand"
       EXPECT_EQ(Child<QGroupBox>(f, "Frame1")->title(), "Color Scheme: sand");
-      EXPECT_EQ(Background(f), sand);
+      EXPECT_EQ(f->palette().color(QPalette::Window), QColor(243, 234, 214));
       Child<QScrollBar>(f, "RedBar")->setValue(7);  // the picker edits the background at once
       EXPECT_EQ(win.s().Scheme[2], Rgb(7, 234, 214));
       Key(list, Qt::Key_Return);  // reads "sand" again
       EXPECT_EQ(win.s().Scheme[2], Rgb(243, 234, 214));
-      escape ? Key(f, Qt::Key_Escape) : Child<QPushButton>(f, "Command2")->click();
+      Child<QRadioButton>(f, "Size2")->click();  // Large
+      leave == std::string("Escape") ? Key(f, Qt::Key_Escape) : Press(f, leave);
     });
-    EXPECT_EQ(win.s().Scheme[2], Rgb(214, 230, 242)) << escape;
-    EXPECT_EQ(win.Pixel(10, 10), sea);
+    win.Trigger("mnuoptions");
+    EXPECT_TRUE(hand.done);
+    const bool applied = leave == std::string("Command1");
+    EXPECT_EQ(win.Pixel(10, 10), applied ? QColor(243, 234, 214) : QColor(214, 230, 242)) << leave;
+    EXPECT_EQ(QApplication::font().pointSizeF() > before.pointSizeF(), applied) << leave;
   }
-  EXPECT_TRUE(win.hand.texts.empty());
-}
-
-TEST(Form2Options, ApplyRecoloursTheBoardAndOutlastsARestart) {
-  Window win(1, "sea.col");
-  const QFont before = QApplication::font();
-  InOptions(win, [&](Form2* f) {
-    Child<QListWidget>(f, "List1")->setCurrentRow(3);  // "meadow"
-    Child<QRadioButton>(f, "Size2")->click();           // Large
-    Child<QPushButton>(f, "Command1")->click();
-  });
-  EXPECT_EQ(win.Pixel(10, 10), QColor(221, 238, 216));
-  EXPECT_GT(QApplication::font().pointSizeF(), before.pointSizeF());
   win.hand.answers = {QMessageBox::Yes};
   win.Trigger("mnuexit");
   ApplyTextSize(kMedium);
 
   Form1 again;  // the next start over the same folder
   again.StartUp(win.dir.path());
-  EXPECT_EQ(again.State().ColorSchemeName, "meadow.col");
-  EXPECT_EQ(again.State().Scheme[2], Rgb(221, 238, 216));
+  EXPECT_EQ(again.State().ColorSchemeName, "sand.col");
   EXPECT_EQ(SavedTextSize(again.State().AppFolder), kLarge);
 }
 
 }  // namespace
-}  // namespace velmora
+}  // namespace velmora::test

@@ -1,48 +1,31 @@
 // The board painted into an image (each suit's symbol and colour, where the rank
-// and the solution text sit), and played with the mouse through the main window.
-#include <gtest/gtest.h>
-
-#include <QImage>
-#include <QListWidget>
-#include <QPainter>
-#include <QPushButton>
-#include <functional>
-
+// and the solution text sit), played with the mouse and the keyboard through the
+// main window, and the Assist menu.
 #include "board/geometry.h"
 #include "board/ui/board_painter.h"
+#include "model/hint.h"
 #include "model/text.h"
 #include "ui_support.h"
 
-namespace velmora {
+namespace velmora::test {
 namespace {
 
-const QColor kSurface(240, 240, 240);
-const QColor kBlackSuit(50, 50, 50), kRedSuit(200, 9, 9);
+const QColor kSurface(240, 240, 240), kBlackSuit(50, 50, 50), kRedSuit(200, 9, 9);
+const QColor kStrip[4] = {QColor(0, 200, 200), QColor(200, 0, 200), QColor(200, 200, 0), QColor(0, 0, 200)};
 
-// A strip of four plain colours, so a painted symbol names its index.
-const QColor kStripColours[4] = {QColor(0, 200, 200), QColor(200, 0, 200), QColor(200, 200, 0),
-                                 QColor(0, 0, 200)};
-QImage PlainStrip() {
-  QImage strip(4 * 55, 55, QImage::Format_RGB32);
-  QPainter p(&strip);
-  for (int i = 0; i < 4; ++i) p.fillRect(i * 55, 0, 55, 55, kStripColours[i]);
-  return strip;
-}
-
-// A board painted at 96 dpi, one pixel 15 twips, cells filled white.
+// A board painted at 96 dpi (a pixel is 15 twips), cells filled white, with a
+// strip of four plain colours so that a painted symbol names its index.
 struct Rendered {
-  explicit Rendered(const GameState& s, bool solution = false)
-      : image(static_cast<int>(kPictureWidth / 15) + 1, static_cast<int>(kPictureHeight / 15) + 1,
-              QImage::Format_RGB32) {
+  explicit Rendered(const GameState& s, bool solution = false) {
+    QImage plain(4 * 55, 55, QImage::Format_RGB32);
+    for (int i = 0; i < 4; ++i) QPainter(&plain).fillRect(i * 55, 0, 55, 55, kStrip[i]);
+    SuitStrip strip(plain);
     image.fill(Qt::magenta);
     QPainter p(&image);
     ScaleToTwips(p, 96, 96);
     BoardPainter painter(p, strip, Qt::white, kSurface);
     painter.DrawBoard(s);
     if (solution) painter.DrawSolution(s);
-  }
-  QColor At(double x, double y) const {
-    return image.pixelColor(static_cast<int>(x / 15), static_cast<int>(y / 15));
   }
   // Pixels in a twips rectangle for which `test` holds.
   int Count(double x, double y, double w, double h, const std::function<bool(QColor)>& test) const {
@@ -55,8 +38,8 @@ struct Rendered {
   int Count(double x, double y, double w, double h, QColor colour) const {
     return Count(x, y, w, h, [colour](QColor c) { return c == colour; });
   }
-  SuitStrip strip{PlainStrip()};
-  QImage image;
+  QImage image{static_cast<int>(kPictureWidth / 15) + 1, static_cast<int>(kPictureHeight / 15) + 1,
+               QImage::Format_RGB32};
 };
 
 TEST(BoardPainter, EachSuitHasItsSymbolAndColourWithTheRankAtTheLowerRight) {
@@ -65,8 +48,8 @@ TEST(BoardPainter, EachSuitHasItsSymbolAndColourWithTheRankAtTheLowerRight) {
     int symbol;
     QColor colour;
   };
-  const Case cases[] = {{37, 0, kBlackSuit}, {38, 1, kRedSuit}, {39, 2, kRedSuit}, {40, 3, kBlackSuit},
-                        {-1, 0, kBlackSuit}, {-3, 2, kRedSuit}};
+  const Case cases[] = {{37, 0, kBlackSuit}, {38, 1, kRedSuit},   {39, 2, kRedSuit},
+                        {40, 3, kBlackSuit}, {-1, 0, kBlackSuit}, {-3, 2, kRedSuit}};
   for (const Case& c : cases) {
     GameState s;
     CalcCellPos(s);
@@ -74,81 +57,92 @@ TEST(BoardPainter, EachSuitHasItsSymbolAndColourWithTheRankAtTheLowerRight) {
     const Rendered r(s);
     const double x = s.CellX[2][3], y = s.CellY[2][3];
     SCOPED_TRACE(c.grid);
-    EXPECT_EQ(r.At(x + 60 + 275, y + 50 + 275), kStripColours[c.symbol]);
-    const QColor other = c.colour == kRedSuit ? kBlackSuit : kRedSuit;
+    EXPECT_EQ(r.Count(x + 335, y + 325, 15, 15, kStrip[c.symbol]), 1);  // the symbol's centre
     const int rank = r.Count(x + 560, y + 475, 250, 335, c.colour);
     EXPECT_GT(rank, 5);
     EXPECT_EQ(r.Count(x, y, 810, 810, c.colour), rank);  // nowhere else in the cell
-    EXPECT_EQ(r.Count(x, y, 810, 810, other), 0);
+    EXPECT_EQ(r.Count(x, y, 810, 810, c.colour == kRedSuit ? kBlackSuit : kRedSuit), 0);
   }
 }
 
 TEST(BoardPainter, SolutionTextSitsAtTheLowerLeftOfEveryCellInTheBlackSuitColour) {
   GameState s;
   CalcCellPos(s);
-  for (int row = 1; row <= 7; ++row)
-    for (int col = 1; col <= 7; ++col) s.SolutionGrid[row][col] = 4 * col + row % 4 + 1;
+  for (int k = 0; k < 49; ++k) s.SolutionGrid[k / 7 + 1][k % 7 + 1] = 4 * (k % 7 + 1) + (k / 7 + 1) % 4 + 1;
   const Rendered r(s, true);
   const auto ink = [](QColor c) { return c != kSurface; };
   // Small text blends the suit colour with the surface: grey, darker at the core.
-  const auto grey = [](QColor c) { return c.red() == c.green() && c.green() == c.blue(); };
-  for (int row = 1; row <= 7; ++row) {
-    for (int col = 1; col <= 7; ++col) {
-      const double x = s.CellX[row][col], y = s.CellY[row][col];
-      const int text = r.Count(x + 50, y + 600, 450, 200, ink);
-      EXPECT_GT(text, 5) << row << "," << col;
-      EXPECT_EQ(r.Count(x + 30, y + 30, 750, 750, ink), text) << row << "," << col;
-      EXPECT_EQ(r.Count(x + 50, y + 600, 450, 200, [&](QColor c) { return !grey(c); }), 0) << row << "," << col;
-      EXPECT_GT(r.Count(x + 50, y + 600, 450, 200, [](QColor c) { return c.red() < 120; }), 0);
-    }
+  const auto notGrey = [](QColor c) { return c.red() != c.green() || c.green() != c.blue(); };
+  for (int k = 0; k < 49; ++k) {
+    const double x = s.CellX[k / 7 + 1][k % 7 + 1], y = s.CellY[k / 7 + 1][k % 7 + 1];
+    const int text = r.Count(x + 50, y + 600, 450, 200, ink);
+    EXPECT_GT(text, 5) << k;
+    EXPECT_EQ(r.Count(x + 30, y + 30, 750, 750, ink), text) << k;  // the only ink in the cell
+    EXPECT_EQ(r.Count(x + 50, y + 600, 450, 200, notGrey), 0) << k;
+    EXPECT_GT(r.Count(x + 50, y + 600, 450, 200, [](QColor c) { return c.red() < 120; }), 0) << k;
   }
 }
 
-TEST(MousePlay, StatusOnMoveClicksPlaceAndRemoveUndoAndTheSolvingMenus) {
-  test::Window p(1);  // then a puzzle that deduction alone finishes
-  std::filesystem::copy_file(test::SolvableFile(), p.Puzzles(),
-                             std::filesystem::copy_options::overwrite_existing);
-  p.w.StartUp(p.dir.path());
-  GameState& s = p.s();
-  const int row = 1, col = 2;  // empty in that puzzle
-  ASSERT_EQ(s.Grid[row][col], 0);
-  const QPointF centre =
-      p.w.Board()->TwipsToPixels(QPointF(s.CellX[row][col] + 405, s.CellY[row][col] + 405));
-  QMouseEvent move(QEvent::MouseMove, centre, p.w.Board()->mapToGlobal(centre), Qt::NoButton, Qt::NoButton,
+TEST(Play, MouseKeysAndTheAssistMenuReachTheBoard) {
+  Window win(1);
+  GameState& s = win.s();
+  BoardView* board = win.w.Board();
+  const QList<QAction*> menus = win.w.menuBar()->actions();
+  EXPECT_EQ(menus.indexOf(win.Get<QMenu>("mnuassist")->menuAction()), menus.size() - 2);  // just before Help
+  EXPECT_TRUE(win.Get<QAction>("mnushadefits")->isCheckable() &&
+              win.Get<QAction>("mnumarkgivens")->isCheckable());
+  win.Trigger("mnuhint");
+  const Hint hint = FindHint(s);
+  ASSERT_EQ(win.Text("pb").toStdString(), HintText(hint));
+  const int row = hint.row, col = hint.col, card = hint.card;
+  const double x = s.CellX[row][col], y = s.CellY[row][col];
+  const QPointF centre = board->TwipsToPixels(QPointF(x + 405, y + 405));
+  QMouseEvent move(QEvent::MouseMove, centre, board->mapToGlobal(centre), Qt::NoButton, Qt::NoButton,
                    Qt::NoModifier);
-  QApplication::sendEvent(p.w.Board(), &move);
-  EXPECT_EQ(p.Text("pb").toStdString(), " Cell 2, Options=" + OptionText(s.CellOptionsSaved[row][col]));
-  const auto marks = [&] {  // pixels inside the cell that differ from its own background
-    const double x = s.CellX[row][col], y = s.CellY[row][col];
+  QApplication::sendEvent(board, &move);
+  EXPECT_TRUE(win.Text("pb").endsWith(
+      QString::fromStdString(", Options=" + OptionText(s.CellOptionsSaved[row][col]))));
+
+  // Keyboard: the cursor to the cell, then its card typed; Delete empties it again.
+  Key(board, Qt::Key_Up);  // shows the cursor on 1, 1
+  for (int r = 1; r < row; ++r) Key(board, Qt::Key_Down);
+  for (int c = 1; c < col; ++c) Key(board, Qt::Key_Right);
+  const std::string name = ListText(s, card);
+  for (const char letter : name) Key(board, Qt::Key_A, QString(QChar::fromLatin1(letter)));
+  EXPECT_EQ(s.Grid[row][col], card);
+  Key(board, Qt::Key_Delete);
+  EXPECT_EQ(s.Grid[row][col], 0);
+
+  // Mouse: the card chosen in its list (shading, painted over the kept picture,
+  // shows where it fits), then the cell clicked, emptied, and undone.
+  const auto shown = [&] {
+    return board->grab().toImage().pixelColor(board->TwipsToPixels({x + 200, y + 200}).toPoint());
+  };
+  auto* list = win.Get<QListWidget>(("Remain" + std::to_string(CardSuit(card) - 1)).c_str());
+  const auto item = list->findItems(QString::fromStdString(name), Qt::MatchExactly);
+  ASSERT_EQ(item.size(), 1);
+  Click(list->viewport(), Qt::LeftButton, list->visualItemRect(item[0]).center());
+  const QColor plain = shown();
+  win.Trigger("mnushadefits");
+  EXPECT_NE(shown(), plain);
+  EXPECT_NE(win.dir.Read("velmora.ini").find("ShadeFits=true"), std::string::npos);
+  const auto marks = [&] {  // pixels of the kept picture inside the cell that differ from its background
     int n = 0;
     for (int dy = 60; dy < 780; dy += 30)
-      for (int dx = 60; dx < 780; dx += 30) n += p.Pixel(x + dx, y + dy) != p.Pixel(x + 40, y + 40);
+      for (int dx = 60; dx < 780; dx += 30) n += win.Pixel(x + dx, y + dy) != win.Pixel(x + 40, y + 40);
     return n;
   };
-  const int card = s.SolutionGrid[row][col];
-  auto* list = p.Get<QListWidget>(("Remain" + std::to_string((card - 1) % 4)).c_str());
-  const auto item = list->findItems(QString::fromStdString(ListText(s, card)), Qt::MatchExactly);
-  ASSERT_EQ(item.size(), 1);
-  test::Click(list->viewport(), Qt::LeftButton, list->visualItemRect(item[0]).center());
-  test::Click(p.w.Board(), Qt::LeftButton, centre);
+  Click(board, Qt::LeftButton, centre);
   EXPECT_EQ(s.Grid[row][col], card);
   EXPECT_GT(marks(), 20);  // symbol and rank painted
-  test::Click(p.w.Board(), Qt::RightButton, centre);
-  EXPECT_EQ(s.Grid[row][col], 0);
-  EXPECT_EQ(marks(), 0);
-  p.Get<QPushButton>("UndoEdit")->click();
+  Click(board, Qt::RightButton, centre);
+  EXPECT_EQ(s.Grid[row][col] + marks(), 0);
+  win.Get<QPushButton>("UndoEdit")->click();
   EXPECT_EQ(s.Grid[row][col], card);
-
-  p.Get<QPushButton>("UndoEdit")->click();
-  const auto start = s.Grid;
-  p.Trigger("mnuviewsol");
-  EXPECT_GT(marks(), 0);  // the solution's letters in an empty cell
-  p.Trigger("mnusolveall");
-  EXPECT_EQ(p.hand.texts, std::vector<std::string>{"Done"});
-  EXPECT_EQ(s.Grid, s.SolutionGrid);
-  p.Trigger("mnurestore");
-  EXPECT_EQ(s.Grid, start);
+  win.Get<QPushButton>("UndoEdit")->click();
+  win.Trigger("mnuviewsol");
+  EXPECT_GT(marks(), 0);  // the solution's letters in the empty cell
 }
 
 }  // namespace
-}  // namespace velmora
+}  // namespace velmora::test

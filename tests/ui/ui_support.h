@@ -1,18 +1,10 @@
 // Helpers for the desktop tests: the main window over its own program folder,
-// hands that answer the real message boxes and file dialogs, mouse clicks.
+// hands that answer the real message boxes and dialogs, mouse clicks and keys.
 #pragma once
 
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
-#include <QAction>
-#include <QApplication>
-#include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QMouseEvent>
-#include <QTimer>
+#include <QtWidgets>  // the tests reach into most kinds of widget
 #include <deque>
 #include <filesystem>
 #include <functional>
@@ -40,18 +32,25 @@ T* ModalDialog() {
   return dialog && dialog->isVisible() ? dialog : nullptr;
 }
 
+// Runs `act` once, on the first modal dialog of type T that comes up.
+template <typename T>
+struct OnceOn : Poller {
+  explicit OnceOn(std::function<void(T*)> act)
+      : Poller([this, act] {
+          if (T* dialog = ModalDialog<T>(); dialog && !done) done = true, act(dialog);
+        }) {}
+  bool done = false;
+};
+
 // Notes the texts of modal message boxes and presses the next queued answer
 // (OK when none is queued; an unexpected box must not hang the test). Notes
 // how each file dialog was set up ("title|filters|folder|OPEN or SAVE") and
 // answers it with the next queued name; none left cancels.
-class DialogHand {
- public:
+struct DialogHand {
   std::vector<std::string> texts, fileDialogs;
   std::deque<QMessageBox::StandardButton> answers;
   std::deque<std::string> names;
-
- private:
-  Poller poller_{[this] {
+  Poller poller{[this] {
     if (QMessageBox* box = ModalDialog<QMessageBox>()) {
       texts.push_back(box->text().toStdString());
       QAbstractButton* button = box->button(answers.empty() ? QMessageBox::Ok : answers.front());
@@ -86,6 +85,16 @@ inline void Click(QWidget* w, Qt::MouseButton button = Qt::LeftButton, QPointF p
   QApplication::sendEvent(w, &press);
   QMouseEvent release(QEvent::MouseButtonRelease, pos, global, button, Qt::NoButton, Qt::NoModifier);
   QApplication::sendEvent(w, &release);
+}
+
+// A dialog's own button `name` pressed (its file field may have one of the same name).
+inline void Press(QWidget* dialog, const char* name) {
+  Child<QPushButton>(dialog, name, Qt::FindDirectChildrenOnly)->click();
+}
+
+inline void Key(QWidget* w, int key, const QString& text = {}) {
+  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+  QApplication::sendEvent(w, &press);
 }
 
 // The main window started over a folder laid out like the program's

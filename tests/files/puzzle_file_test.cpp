@@ -1,11 +1,20 @@
-// Puzzle records: counting, loading (well-formed and damaged), writing, and
-// what a written record says about suit-only marks.
+// Puzzle records: counting and loading, from the top and through the kept
+// record index, also when the file changes between two steps; damaged
+// records; writing, and what a written record says about suit-only marks.
 #include "files/puzzle_file.h"
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <tuple>
 
+#include "board/play.h"
+#include "files/file_commands.h"
+#include "files/record_index.h"
+#include "files/showing.h"
 #include "model/text.h"
 #include "recording_ui.h"
 #include "test_support.h"
@@ -13,13 +22,15 @@
 namespace velmora {
 namespace {
 
-using test::TempDir;
+namespace fs = std::filesystem;
+using test::Record;
+using test::Records;
 
 const char* kRow = "@@@@@@@|ABCDEFG";
 
-std::string Record(const std::string& header, const std::string& title, const std::string& size = " 7, 7, 49",
-                   int rows = 7, const std::string& row = kRow) {
-  std::string text = header + "\r\n" + title + "\r\n" + size + "\r\n";
+// A record "#1" titled "t" with the given size line and cell rows.
+std::string Damaged(const std::string& size, int rows = 7, const std::string& row = kRow) {
+  std::string text = "#1\r\nt\r\n" + size + "\r\n";
   for (int r = 0; r < rows; ++r) text += row + "\r\n";
   return text;
 }
@@ -34,87 +45,150 @@ int Load(GameState& s, const std::string& file, int n) {
 }
 
 TEST(LoadPuzzle, ANumberOutsideTheFileFailsAndLeavesBoardAndDisplay) {
-  TempDir dir;
-  // The title beginning with "#" is counted as a record but loads as none.
-  const std::string file =
-      dir.Write("p.vlm", "free text\r\n" + Record("#7", "#seven") + Record("#3", "three"));
+  test::TempDir dir;
+  const std::string file = dir.Write("p.vlm", Records(2));
   GameState s;
   ASSERT_EQ(Load(s, file, 2), 0);
   const GameState before = s;
   for (int n : {3, 0, -1}) EXPECT_EQ(Load(s, file, n), 1) << n;
   EXPECT_EQ(s.Grid, before.Grid);
-  EXPECT_EQ(s.view.PuzNumNow + s.view.MaxPuzCount + " " + s.view.PuzTitle, "2 of 3 three");
-  EXPECT_EQ(CountPuzzles(dir.File("missing.vlm")) + CountPuzzles(dir.path()), 0);
+  EXPECT_EQ(s.view.PuzNumNow + s.view.MaxPuzCount + " " + s.view.PuzTitle, "2 of 2 T2");
 }
 
-TEST(LoadPuzzle, ShortCellLineFailsAfterTheRowsBeforeItWereOverwritten) {
-  TempDir dir;
+TEST(LoadPuzzle, DamagedRecordsFailOrLoadWithinTheTablesWithoutACrash) {
+  test::TempDir dir;
+  const int kFails = 99;
+  const std::tuple<const char*, std::string, int> cases[] = {  // what, the record, the rows loaded
+      {"missing rows", Damaged(" 7, 7, 0", 1), kFails},
+      {"no comma", Damaged(" 7"), kFails},
+      {"ten rows", Damaged(" 10, 7, 0", 10), kFails},
+      {"ten columns", Damaged(" 7, 10, 0", 7, "@@@@@@@@@@|ABCDEFGHIJ"), kFails},
+      {"letter beyond t", Damaged(" 7, 7, 0", 7, "u@@@@@@|ABCDEFG"), kFails},
+      {"solution beyond t", Damaged(" 7, 7, 0", 7, "@@@@@@@|ABCDEFz"), kFails},
+      {"huge size", Damaged(" 99999999999, 7, 0"), kFails},
+      {"low byte", Damaged(" 7, 7, 0", 7, "@@0@@@@|ABCDEFG"), kFails},
+      {"eight rows", Damaged(" 8, 7, 0", 8), 8},  // fits the 0..9 tables
+      {"negative size", Damaged("-3,-2, 0", 0), -3},
+  };
+  for (const auto& [what, record, rows] : cases) {
+    GameState s;
+    EXPECT_EQ(Load(s, dir.Write("bad.vlm", record), 1) ? kFails : s.Rows, rows) << what;
+  }
+  // A short cell line fails after the rows before it were overwritten.
   GameState s;
   s.Solving = 1;
-  const std::string text =
-      "#1\r\nt\r\n 7, 7, 0\r\n" + std::string(kRow) + "\r\n" + kRow + "\r\nAB|ABCDEFG\r\n";
-  EXPECT_EQ(Load(s, dir.Write("short.vlm", text), 1), 1);
+  EXPECT_EQ(Load(s, dir.Write("short.vlm", Damaged(" 7, 7, 0", 2) + "AB|ABCDEFG\r\n"), 1), 1);
   EXPECT_EQ(Str(s.Grid[2][3]) + Str(s.SolutionGrid[2][3]) + Str(s.Solving), " 0 3 0");
 }
 
-TEST(LoadPuzzle, MalformedFilesFailOrLoadWithinTheTablesWithoutACrash) {
-  TempDir dir;
-  const struct {
-    const char* name;
-    std::string contents;
-    int notFound, rows;
-  } cases[] = {
-      {"missing rows", "#1\r\nt\r\n 7, 7, 0\r\n" + std::string(kRow) + "\r\n", 1, 0},
-      {"no size line", "#1\r\nt\r\n", 1, 0},
-      {"no comma", Record("#1", "t", " 7"), 1, 0},
-      {"ten rows", Record("#1", "t", " 10, 7, 0", 10), 1, 0},
-      {"ten columns", Record("#1", "t", " 7, 10, 0", 7, "@@@@@@@@@@|ABCDEFGHIJ"), 1, 0},
-      {"letter beyond t", Record("#1", "t", " 7, 7, 0", 7, "u@@@@@@|ABCDEFG"), 1, 0},
-      {"solution beyond t", Record("#1", "t", " 7, 7, 0", 7, "@@@@@@@|ABCDEFz"), 1, 0},
-      {"huge size", Record("#1", "t", " 99999999999, 7, 0"), 1, 0},
-      {"low byte", Record("#1", "t", " 7, 7, 0", 7, "@@0@@@@|ABCDEFG"), 1, 0},
-      {"empty file", "", 1, 0},
-      {"eight rows", Record("#1", "t", " 8, 7, 0", 8), 0, 8},  // fits the 0..9 tables
-      {"no cells", Record("#1", "t", " 0, 0, 0", 0), 0, 0},
-      {"negative size", Record("#1", "t", "-3,-2, 0", 0), 0, -3},
-      {"LF only", "#1\nt\n 1, 7, 0\n" + std::string(kRow) + "\n", 0, 1},
-  };
-  for (const auto& c : cases) {
-    GameState s;
-    EXPECT_EQ(Load(s, dir.Write("bad.vlm", c.contents), 1), c.notFound) << c.name;
-    EXPECT_EQ(c.notFound == 0 ? s.Rows : c.rows, c.rows) << c.name;  // the size of what loaded
-  }
-  GameState s;
-  EXPECT_EQ(Load(s, dir.File("missing.vlm"), 1), 1);
-}
-
-TEST(WritePuzzleRecord, NumberZeroReplacesTheFileWithRecordOne) {
-  TempDir dir;
-  GameState s = test::Loaded(test::SampleFile(), 1);
-  for (auto& row : s.Grid) row.fill(0);
-  const std::string file = dir.Write("x.vlm", Record("#1", "a") + Record("#2", "b"));
-  ASSERT_TRUE(WritePuzzleRecord(s, file, 0, "only"));
-  const std::string text = dir.Read("x.vlm");
-  EXPECT_EQ(text.substr(0, 23), "#1\r\nonly\r\n 7, 7, 49\r\n@@");
-  EXPECT_EQ(test::Headers(text), std::vector<std::string>{"#1"});
-  EXPECT_FALSE(WritePuzzleRecord(s, dir.path(), 0, "dir"));
-  int entries = 0;  // no temporary files are left beside it
-  for ([[maybe_unused]] const auto& e : std::filesystem::directory_iterator(dir.path())) ++entries;
-  EXPECT_EQ(entries, 1);
-}
-
-TEST(WritePuzzleRecord, SuitOnlyMarksAreWrittenEmptyButNotCountedAsBlanks) {
+// Number 0 writes the board as record 1 in place of the whole file.
+TEST(WritePuzzleRecord, NumberZeroReplacesTheFileAndSuitOnlyMarksAreWrittenEmptyButNotCountedAsBlanks) {
   test::TempDir dir;
   GameState s = test::Loaded(test::SolvableFile());  // 14 blanks, (1,2) and (1,6) among them
   s.Grid[1][2] = -2;
   s.Grid[1][6] = -4;
   s.Grid[2][1] = 0;  // a given taken away
-  const std::string file = dir.File("w.vlm");
+  const std::string file = dir.Write("w.vlm", Records(2));
   ASSERT_TRUE(WritePuzzleRecord(s, file, 0, "marks"));
   const auto lines = test::Lines(dir.Read("w.vlm"));
-  ASSERT_GE(lines.size(), 4u);
-  EXPECT_EQ(lines[2], " 7, 7, 13");
-  EXPECT_EQ(lines[3], "L@i_f@m|Lci_fPm");
+  ASSERT_EQ(lines.size(), 10u);
+  EXPECT_EQ(lines[0] + "|" + lines[1] + "|" + lines[2] + "|" + lines[3], "#1|marks| 7, 7, 13|L@i_f@m|Lci_fPm");
+}
+
+// Every record of `file`, and the one past the last, load with the title that
+// reading from the top finds (the line after a header, whatever it holds); the
+// count is that of the lines beginning with "#".
+void ExpectAsFromTop(const std::string& file, const std::string& what) {
+  std::string text;
+  ASSERT_TRUE(ReadWholeFile(file, text));
+  std::vector<std::string> titles;
+  int headers = 0;
+  bool afterHeader = false;
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    const bool header = !line.empty() && line[0] == '#';
+    if (afterHeader) titles.push_back(line);
+    afterHeader = !afterHeader && header;
+    headers += header;
+  }
+  EXPECT_EQ(CountPuzzles(file), headers) << what;
+  SilentUserInterface ui;
+  for (size_t n = 1; n <= titles.size() + 1; ++n) {
+    GameState s;
+    std::string title;
+    const int notFound = LoadPuzzle(s, ui, file, static_cast<int>(n), title, 0);
+    if (n > titles.size()) EXPECT_EQ(notFound, 1) << what;
+    else EXPECT_EQ(title, titles[n - 1]) << what << " " << n;
+  }
+}
+
+// Written an hour ago, so that the index made of it is kept.
+void AtRest(const std::string& file) {
+  fs::last_write_time(file, fs::file_time_type::clock::now() - std::chrono::hours(1));
+}
+
+// Records in both line ends, free text, a title beginning with "#", headers
+// out of order, an empty title, and a last header without its title or line end.
+std::string Mixed() {
+  std::string lf = Record(3, "three", 4);
+  for (size_t at; (at = lf.find("\r\n")) != std::string::npos;) lf.erase(at, 1);
+  return "free text\r\n" + Record(7, "#seven") + "stray\n" + lf + Record(5, "", 9) + Record(1, "tail", 13) + "#9";
+}
+
+TEST(RecordIndex, LoadsAndCountsAsReadingFromTheTopFreshKeptAndAfterOwnAppends) {
+  test::TempDir dir;
+  const std::string file = dir.Write("m.vlm", Mixed());
+  ExpectAsFromTop(file, "fresh");
+  AtRest(file);
+  ExpectAsFromTop(file, "read");
+  ExpectAsFromTop(file, "kept");
+  GameState s = test::Loaded(file, 4);  // the grid of the record asked for
+  EXPECT_EQ(s.SolutionGrid[7][7], 20);
+  for (const char* title : {"new 1", "#new 2"}) EXPECT_GT(AppendPuzzleRecord(s, file, title), 0);
+  ExpectAsFromTop(file, "appended");
+
+  // An over-long line ends the reading: what follows is neither counted nor loaded.
+  const std::string longLine =
+      dir.Write("l.vlm", Records(2) + std::string(kMaxLineLength + 1, 'x') + "\r\n" + Record(3, "beyond"));
+  AtRest(longLine);
+  std::string title;
+  SilentUserInterface ui;
+  for (int pass = 0; pass < 2; ++pass)
+    EXPECT_EQ(Str(CountPuzzles(longLine)) + Str(LoadPuzzle(s, ui, longLine, 3, title, 0)), " 2 1");
+}
+
+TEST(RecordIndex, TheFileChangedUnderneathBetweenTwoStepsGivesTheNewTruth) {
+  test::TempDir dir;
+  const std::string file = dir.Write("p.vlm", Records(5));
+  AtRest(file);
+  GameState s = test::Showing(file, 5);
+  test::RecordingUi ui;
+
+  std::ofstream(file, std::ios::app | std::ios::binary) << Record(6, "T6", 5);  // appended
+  arrowsMouseUp(s, ui, kArrowNext, kLeftButton);
+  EXPECT_EQ(test::Shown(s), "6 of 6 T6");
+
+  dir.Write("p.vlm", Records(3));  // shrunk: Next from 6 wraps to 1
+  AtRest(file);
+  arrowsMouseUp(s, ui, kArrowNext, kLeftButton);
+  EXPECT_EQ(test::Shown(s), "1 of 3 T1");
+
+  // Replaced by a rename with a file of the same size and time; then
+  // rewritten in place, the same size and the time set back again.
+  const auto time = fs::last_write_time(file);
+  const std::string other = dir.Write("q.vlm", Record(9, "U1") + Record(8, "U2") + Record(7, "U3"));
+  fs::last_write_time(other, time);
+  fs::rename(other, file);
+  s.view.PuzNumNow = "3";
+  PuzNumNowEnter(s, ui);
+  EXPECT_EQ(test::Shown(s), "3 of 3 U3");
+  std::string text = Records(3);
+  dir.Write("p.vlm", text.replace(text.find("T2"), 2, "#X"));
+  fs::last_write_time(file, time);
+  s.view.PuzNumNow = "2";
+  PuzNumNowEnter(s, ui);
+  EXPECT_EQ(test::Shown(s), "2 of 4 #X");
 }
 
 }  // namespace

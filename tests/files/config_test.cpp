@@ -48,21 +48,20 @@ TEST(ReadcfgFile, FieldsOfTheThreeRememberedValues) {
 }
 
 TEST(ReadcfgFile, FirstRunAndShortOrBadFilesShowTheMessageOnceAndWriteTheFileAnew) {
-  ConfigRun first;
-  EXPECT_EQ(first.ui.messages,
-            std::vector<std::string>{"Configuration file:\r\n" + first.dir.path() +
-                                     "/velmora.cfg\r\ncould not be accessed, new file will be created"});
-  EXPECT_EQ(first.s.CurrentPuzzleNumber, 0);
-  EXPECT_EQ(first.dir.Read("velmora.cfg"), first.Written()[0] + "\r\ndefault.col\r\n\r\n1\r\n");
-
-  ConfigRun two("x\r\nsea.col\r\n");  // the scheme read before the failure is replaced by the default
-  EXPECT_EQ(two.ui.messages.size(), 1u);
-  EXPECT_EQ(two.s.ColorSchemeName, "default.col");
-  EXPECT_EQ(two.Written()[1] + "|" + two.Written()[3], "default.col|1");
-  ConfigRun three("x\r\nsea.col\r\n/p/f.vlm\r\n");  // the file name read so far is written back
-  EXPECT_EQ(three.Written()[2], "/p/f.vlm");
-  for (const char* text : {"x\nd.col\nf\n99999999999\n", ""})
-    EXPECT_EQ(ConfigRun(text).ui.messages.size(), 1u);
+  // The file read, and the puzzle file name written anew (as read so far).
+  const std::pair<const char*, std::string> cases[] = {{nullptr, ""},
+                                                       {"", ""},
+                                                       {"x\r\nsea.col\r\n", ""},
+                                                       {"x\r\nsea.col\r\n/p/f.vlm\r\n", "/p/f.vlm"},
+                                                       {"x\nd.col\nf\n99999999999\n", "f"}};
+  for (const auto& [text, file] : cases) {
+    ConfigRun run(text);
+    EXPECT_EQ(run.ui.messages,
+              std::vector<std::string>{"Configuration file:\r\n" + run.dir.path() +
+                                       "/velmora.cfg\r\ncould not be accessed, new file will be created"});
+    EXPECT_EQ(run.s.ColorSchemeName + Str(run.s.CurrentPuzzleNumber), "default.col 0");
+    EXPECT_EQ(run.dir.Read("velmora.cfg"), run.Written().at(0) + "\r\ndefault.col\r\n" + file + "\r\n1\r\n");
+  }
 }
 
 TEST(SavecfgFile, WritesFourLinesThatReadBackOrReportsTheFolder) {
@@ -86,7 +85,7 @@ TEST(StartUp, FallsBackToTheDefaultFileAndThenToAnEmptyBoard) {
     size_t messages;
     bool shown;  // the default file's first puzzle, else an empty board
   } cases[] = {
-      {"t\r\nnone.col\r\n@/gone.vlm\r\n1\r\n", 1, true},         // the remembered file is gone
+      {"t\r\nnone.col\r\n@/gone.vlm\r\n1\r\n", 1, true},           // the remembered file is gone
       {"t\r\ndefault.col\r\n@/puzzles.vlm\r\n 9 \r\n", 0, false},  // a number past the end
       {"", 2, false},
   };

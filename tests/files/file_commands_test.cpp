@@ -168,7 +168,8 @@ TEST_F(Delete, RemovesTheTypedRecordKeepsLaterHeaderNumbersAndShowsItsNeighbour)
     GameState s = Showing(file, shownFirst);
     s.view.PuzNumNow = typed;
     mnudelete(s, ui_);
-    EXPECT_EQ(ui_.questions.back() + "|" + ui_.messages.back(), "Delete current puzzle from file:\r\n" + file + "|Done");
+    EXPECT_EQ(ui_.questions.back() + "|" + ui_.messages.back(),
+              "Delete current puzzle from file:\r\n" + file + "|Done");
     std::string expected = "notes before\r\n";
     for (int i = 1; i <= 10; ++i)
       if (i != n) expected += Record(i, "T" + std::to_string(i), i - 1);

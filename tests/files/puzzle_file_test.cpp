@@ -58,7 +58,8 @@ TEST(LoadPuzzle, ANumberOutsideTheFileFailsAndLeavesBoardAndDisplay) {
 TEST(LoadPuzzle, DamagedRecordsFailOrLoadWithinTheTablesWithoutACrash) {
   test::TempDir dir;
   const int kFails = 99;
-  const std::tuple<const char*, std::string, int> cases[] = {  // what, the record, the rows loaded
+  // What, the record, the rows loaded.
+  const std::tuple<const char*, std::string, int> cases[] = {
       {"missing rows", Damaged(" 7, 7, 0", 1), kFails},
       {"no comma", Damaged(" 7"), kFails},
       {"ten rows", Damaged(" 10, 7, 0", 10), kFails},
@@ -92,7 +93,7 @@ TEST(WritePuzzleRecord, NumberZeroReplacesTheFileAndSuitOnlyMarksAreWrittenEmpty
   ASSERT_TRUE(WritePuzzleRecord(s, file, 0, "marks"));
   const auto lines = test::Lines(dir.Read("w.vlm"));
   ASSERT_EQ(lines.size(), 10u);
-  EXPECT_EQ(lines[0] + "|" + lines[1] + "|" + lines[2] + "|" + lines[3], "#1|marks| 7, 7, 13|L@i_f@m|Lci_fPm");
+  EXPECT_EQ(lines[0] + lines[1] + "|" + lines[2] + "|" + lines[3], "#1marks| 7, 7, 13|L@i_f@m|Lci_fPm");
 }
 
 // Every record of `file`, and the one past the last, load with the title that
@@ -118,8 +119,8 @@ void ExpectAsFromTop(const std::string& file, const std::string& what) {
     GameState s;
     std::string title;
     const int notFound = LoadPuzzle(s, ui, file, static_cast<int>(n), title, 0);
-    if (n > titles.size()) EXPECT_EQ(notFound, 1) << what;
-    else EXPECT_EQ(title, titles[n - 1]) << what << " " << n;
+    const bool past = n > titles.size();
+    EXPECT_EQ(past ? Str(notFound) : title, past ? " 1" : titles[n - 1]) << what << " " << n;
   }
 }
 
@@ -133,7 +134,7 @@ void AtRest(const std::string& file) {
 std::string Mixed() {
   std::string lf = Record(3, "three", 4);
   for (size_t at; (at = lf.find("\r\n")) != std::string::npos;) lf.erase(at, 1);
-  return "free text\r\n" + Record(7, "#seven") + "stray\n" + lf + Record(5, "", 9) + Record(1, "tail", 13) + "#9";
+  return "notes\r\n" + Record(7, "#seven") + "stray\n" + lf + Record(5, "", 9) + Record(1, "t", 13) + "#9";
 }
 
 TEST(RecordIndex, LoadsAndCountsAsReadingFromTheTopFreshKeptAndAfterOwnAppends) {

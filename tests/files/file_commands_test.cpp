@@ -8,14 +8,15 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <set>
 #include <tuple>
 
 #include "board/play.h"
-#include "files/showing.h"
 #include "model/text.h"
 #include "recording_ui.h"
 #include "test_support.h"
@@ -25,10 +26,21 @@ namespace {
 
 using test::Record;
 using test::Records;
-using test::Showing;
-using test::Shown;
 using Strings = std::vector<std::string>;
 namespace fs = std::filesystem;
+
+// Record n of `file` on show as after start-up, the program folder beside it.
+GameState Showing(const std::string& file, int n) {
+  GameState s = test::Loaded(file, n);
+  s.AppFolder = fs::path(file).parent_path().string() + "/";
+  s.CurrentPuzzleFile = file;
+  return s;
+}
+
+// What the puzzle fields show: "2 of 3 T2".
+std::string Shown(const GameState& s) {
+  return NumText(s.CurrentPuzzleNumber) + s.view.MaxPuzCount + " " + s.view.PuzTitle;
+}
 
 // A folder whose p.vlm holds `count` records T1, T2, ..., record n on show.
 struct Desk {
@@ -42,14 +54,10 @@ struct Desk {
 
 TEST(Load, AsksInTheProgramFolderShowsTheFirstPuzzleAndKeepsTheNewNameEvenWhenLoadingFails) {
   Desk d(3, 3);
-  test::TempDir elsewhere;
-  test::InDirectory here(d.dir.path());
-  d.ui.onDialog = [&] { fs::current_path(elsewhere.path()); };  // a dialog that wanders off
   d.ui.names = {"", d.dir.Write("b.vlm", Record(9, "other", 20) + Record(4, "x")), d.dir.File("missing.vlm")};
   mnuloadpuz(d.s, d.ui);  // cancelled
   EXPECT_EQ(Shown(d.s), "3 of 3 T3");
   EXPECT_EQ(d.ui.requests[0].mode + d.ui.requests[0].defaultDir, "OPEN" + d.s.AppFolder);
-  EXPECT_TRUE(fs::equivalent(fs::current_path(), d.dir.path()));
   mnuloadpuz(d.s, d.ui);
   EXPECT_EQ(Shown(d.s) + Str(d.s.SolutionGrid[1][1]), "1 of 2 other 21");
   mnuloadpuz(d.s, d.ui);  // the name is kept, the old board stays on show
@@ -153,6 +161,44 @@ TEST(Arrows, StepWrapJumpCountAfreshDrawAndFallBackAndTheTypedNumber) {
     EXPECT_EQ(Str(d.s.CurrentPuzzleNumber) + "|" + d.s.view.PuzNumNow, " 1|" + std::string(typed));
   }
   EXPECT_TRUE(d.ui.messages.empty());
+}
+
+// Written an hour ago, so that the record index made of it is kept.
+void AtRest(const std::string& file) {
+  fs::last_write_time(file, fs::file_time_type::clock::now() - std::chrono::hours(1));
+}
+
+TEST(RecordIndex, TheFileChangedUnderneathBetweenTwoStepsGivesTheNewTruth) {
+  test::TempDir dir;
+  const std::string file = dir.Write("p.vlm", Records(5));
+  AtRest(file);
+  GameState s = Showing(file, 5);
+  test::RecordingUi ui;
+
+  std::ofstream(file, std::ios::app | std::ios::binary) << Record(6, "T6", 5);  // appended
+  arrowsMouseUp(s, ui, kArrowNext, kLeftButton);
+  EXPECT_EQ(Shown(s), "6 of 6 T6");
+
+  dir.Write("p.vlm", Records(3));  // shrunk: Next from 6 wraps to 1
+  AtRest(file);
+  arrowsMouseUp(s, ui, kArrowNext, kLeftButton);
+  EXPECT_EQ(Shown(s), "1 of 3 T1");
+
+  // Replaced by a rename with a file of the same size and time; then
+  // rewritten in place, the same size and the time set back again.
+  const auto time = fs::last_write_time(file);
+  const std::string other = dir.Write("q.vlm", Record(9, "U1") + Record(8, "U2") + Record(7, "U3"));
+  fs::last_write_time(other, time);
+  fs::rename(other, file);
+  s.view.PuzNumNow = "3";
+  PuzNumNowEnter(s, ui);
+  EXPECT_EQ(Shown(s), "3 of 3 U3");
+  std::string text = Records(3);
+  dir.Write("p.vlm", text.replace(text.find("T2"), 2, "#X"));
+  fs::last_write_time(file, time);
+  s.view.PuzNumNow = "2";
+  PuzNumNowEnter(s, ui);
+  EXPECT_EQ(Shown(s), "2 of 4 #X");
 }
 
 // The delete command writes its work file velmora.tmp into the current folder.

@@ -7,13 +7,9 @@
 
 #include <chrono>
 #include <filesystem>
-#include <fstream>
 #include <tuple>
 
-#include "board/play.h"
-#include "files/file_commands.h"
 #include "files/record_index.h"
-#include "files/showing.h"
 #include "model/text.h"
 #include "recording_ui.h"
 #include "test_support.h"
@@ -141,39 +137,6 @@ TEST(RecordIndex, LoadsAndCountsAsReadingFromTheTopFreshKeptAndAfterOwnAppends) 
       dir.Write("l.vlm", Records(2) + std::string(kMaxLineLength + 1, 'x') + "\r\n" + Record(3, "beyond"));
   AtRest(longLine);
   for (int pass = 0; pass < 2; ++pass) EXPECT_EQ(Loads(longLine), " 2:T1|T2|-|-|");
-}
-
-TEST(RecordIndex, TheFileChangedUnderneathBetweenTwoStepsGivesTheNewTruth) {
-  test::TempDir dir;
-  const std::string file = dir.Write("p.vlm", Records(5));
-  AtRest(file);
-  GameState s = test::Showing(file, 5);
-  test::RecordingUi ui;
-
-  std::ofstream(file, std::ios::app | std::ios::binary) << Record(6, "T6", 5);  // appended
-  arrowsMouseUp(s, ui, kArrowNext, kLeftButton);
-  EXPECT_EQ(test::Shown(s), "6 of 6 T6");
-
-  dir.Write("p.vlm", Records(3));  // shrunk: Next from 6 wraps to 1
-  AtRest(file);
-  arrowsMouseUp(s, ui, kArrowNext, kLeftButton);
-  EXPECT_EQ(test::Shown(s), "1 of 3 T1");
-
-  // Replaced by a rename with a file of the same size and time; then
-  // rewritten in place, the same size and the time set back again.
-  const auto time = fs::last_write_time(file);
-  const std::string other = dir.Write("q.vlm", Record(9, "U1") + Record(8, "U2") + Record(7, "U3"));
-  fs::last_write_time(other, time);
-  fs::rename(other, file);
-  s.view.PuzNumNow = "3";
-  PuzNumNowEnter(s, ui);
-  EXPECT_EQ(test::Shown(s), "3 of 3 U3");
-  std::string text = Records(3);
-  dir.Write("p.vlm", text.replace(text.find("T2"), 2, "#X"));
-  fs::last_write_time(file, time);
-  s.view.PuzNumNow = "2";
-  PuzNumNowEnter(s, ui);
-  EXPECT_EQ(test::Shown(s), "2 of 4 #X");
 }
 
 }  // namespace

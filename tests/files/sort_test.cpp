@@ -121,9 +121,9 @@ TEST(Sort, RefusalsAndAFailedRunLeaveTheOldOutputAlone) {
 }
 
 TEST(Sort, ProposedOutputName) {
-  EXPECT_EQ(SortedOutputName("/d/puzzles.vlm"), "/d/puzzles_sorted.vlm");
-  EXPECT_EQ(SortedOutputName("a.b.txt"), "a.b_sorted.txt");
-  EXPECT_EQ(SortedOutputName("/d/puzzles"), "");
+  EXPECT_EQ(
+      SortedOutputName("/d/puzzles.vlm") + "|" + SortedOutputName("a.b.txt") + "|" + SortedOutputName("/d/p"),
+      "/d/puzzles_sorted.vlm|a.b_sorted.txt|");
 }
 
 }  // namespace

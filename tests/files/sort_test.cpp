@@ -97,13 +97,12 @@ TEST(Sort, RowsArePaddedWithDotsAndAMissingBlanksCountIsTheNumberOfBAndW) {
 }
 
 TEST(Sort, RefusalsAndAFailedRunLeaveTheOldOutputAlone) {
-  const std::string cut = Rec("#1", "t", " 1, 1, 1") + Rec("#2", "u", " 3, 7, 5", 2);
   const std::tuple<std::string, std::string, std::string> cases[] = {
       {kA, "  ", "Specify output file name"},
       {"", "out.vlm", "Input file does not exist"},
       {kA, "IN.VLM", "Input and output files cannot be same"},
       {"text only\r\n", "out.vlm", "There are no puzzles in this file"},
-      {cut, "out.vlm", "Unable to sort file:"},
+      {Rec("#1", "t", " 1, 1, 1") + Rec("#2", "u", " 3, 7, 5", 2), "out.vlm", "Unable to sort file:"},
       {Rec("#1", "t", " 7"), "out.vlm", "Unable to sort file:"},  // no row width
   };
   for (const auto& [source, output, message] : cases) {

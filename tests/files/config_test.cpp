@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <tuple>
 
 #include "app/startup.h"
 #include "model/text.h"
@@ -72,30 +73,28 @@ TEST(SavecfgFile, WritesTheFourLinesOrReportsTheFolder) {
 }
 
 TEST(StartUp, FallsBackToTheDefaultFileAndThenToAnEmptyBoard) {
-  const struct {
-    std::string config;  // "@" stands for the folder; none: an empty folder
-    size_t messages;
-    bool shown;  // the default file's first puzzle, else an empty board
-  } cases[] = {
+  // The configuration ("@" stands for the folder; none: an empty folder), the
+  // messages shown, and whether the default file's first puzzle is shown, else an empty board.
+  const std::tuple<std::string, size_t, bool> cases[] = {
       {"t\r\nnone.col\r\n@/gone.vlm\r\n1\r\n", 1, true},           // the remembered file is gone
       {"t\r\ndefault.col\r\n@/puzzles.vlm\r\n 9 \r\n", 0, false},  // a number past the end
       {"", 2, false},
   };
-  for (const auto& c : cases) {
+  for (const auto& [config, messages, shown] : cases) {
     test::TempDir dir;
-    if (!c.config.empty()) {
+    if (!config.empty()) {
       std::filesystem::copy_file(std::string(VELMORA_DATA_DIR) + "/all.col", dir.File("all.col"));
       std::filesystem::copy_file(test::SampleFile(), dir.File("puzzles.vlm"));
-      std::string config = c.config;
-      dir.Write("velmora.cfg", config.replace(config.find('@'), 1, dir.path()));
+      std::string text = config;
+      dir.Write("velmora.cfg", text.replace(text.find('@'), 1, dir.path()));
     }
     GameState s;
     test::RecordingUi ui;
     int setCols = 0;
     StartUp(s, ui, dir.path(), [&] { ++setCols; });
-    EXPECT_EQ(ui.messages.size(), c.messages) << c.config;
-    EXPECT_EQ(s.CurrentPuzzleFile + "|" + s.view.PuzNumNow, c.shown ? dir.File("puzzles.vlm") + "|1" : "|");
-    EXPECT_EQ(CountBlanks(s) == 49 && s.CellX[7][7] == 30 + 6 * 810, !c.shown) << c.config;  // an empty 7x7
+    EXPECT_EQ(ui.messages.size(), messages) << config;
+    EXPECT_EQ(s.CurrentPuzzleFile + "|" + s.view.PuzNumNow, shown ? dir.File("puzzles.vlm") + "|1" : "|");
+    EXPECT_EQ(CountBlanks(s) == 49 && s.CellX[7][7] == 30 + 6 * 810, !shown) << config;  // an empty 7x7
     EXPECT_TRUE(setCols == 1 && !ui.busy);
   }
 }

@@ -97,8 +97,7 @@ TEST(Save, AppendsTheBoardAsAPuzzleToTheChosenFileWithoutSwitchingToIt) {
   EXPECT_EQ(d.ui.messages, (Strings{"Puzzle number 1 added to file:\r\n" + fresh,
                                     "Puzzle number 4 added to file:\r\n" + three}));
   EXPECT_EQ(d.dir.Read("fresh.vlm").substr(0, 24), "#1\r\nedited title\r\n 7, 7,");
-  const GameState back = test::Loaded(fresh);
-  EXPECT_EQ(back.Grid[1][1], d.s.SolutionGrid[1][1]);
+  EXPECT_EQ(test::Loaded(fresh).Grid[1][1], d.s.SolutionGrid[1][1]);
   EXPECT_EQ(test::Headers(d.dir.Read("three.vlm")), (Strings{"#40", "#41", "#42", "#4"}));
   EXPECT_EQ(d.s.CurrentPuzzleFile + Shown(d.s), d.file + "2 of 3 edited title");
 }
@@ -118,12 +117,11 @@ TEST(AppendAndReset, RefusedWhileSolvingOrAskFirstThenChangeTheFileOrTheBoard) {
   mnupuzreset(d.s, d.ui);
   EXPECT_EQ(d.ui.questions,
             (Strings{"Append current puzzle to file:\r\n" + d.file, "Reset puzzle from file?"}));
-  EXPECT_EQ(d.dir.Read("p.vlm"), Records(3));
-  EXPECT_EQ(d.s.Grid[3][3], d.s.SolutionGrid[3][3]);
+  EXPECT_EQ(d.dir.Read("p.vlm") + Str(d.s.Grid[3][3]), Records(3) + Str(d.s.SolutionGrid[3][3]));
   d.ui.answer = true;
   mnuappend(d.s, d.ui);  // and shows the appended record
-  EXPECT_EQ(test::Headers(d.dir.Read("p.vlm")).back() + " " + Shown(d.s), "#4 4 of 4 T2");
-  EXPECT_EQ(d.s.PuzzleGrid[3][3], d.s.SolutionGrid[3][3]);
+  EXPECT_EQ(test::Headers(d.dir.Read("p.vlm")).back() + " " + Shown(d.s) + Str(d.s.PuzzleGrid[3][3]),
+            "#4 4 of 4 T2" + Str(d.s.SolutionGrid[3][3]));  // the placed card now a given
   d.s.view.PuzNumNow = "3.9";  // Reset loads whatever the box holds, even without Enter
   mnupuzreset(d.s, d.ui);
   EXPECT_EQ(Shown(d.s), "3 of 4 T3");
@@ -229,8 +227,7 @@ TEST_F(Delete, RemovesTheTypedRecordKeepsLaterHeaderNumbersAndShowsItsNeighbour)
 }
 
 TEST_F(Delete, OnePuzzleFileAloneEvenWhenTheCountShownIsStaleAndNoRefused) {
-  const std::string one = dir_.Write("one.vlm", Record(1, "only"));
-  GameState s = Showing(one, 1);
+  GameState s = Showing(dir_.Write("one.vlm", Record(1, "only")), 1);
   s.Solving = 1;  // the arrows do nothing, without even the guard's message
   for (int arrow : {kArrowPrevious, kArrowNext, kArrowRandom}) arrowsMouseUp(s, ui_, arrow, kRightButton);
   EXPECT_EQ(Str(s.CurrentPuzzleNumber) + Str(ui_.boards) + Str(ui_.messages.size()), " 1 0 0");
@@ -350,20 +347,18 @@ TEST(FileSafety, ReplacingFollowsLinksKeepsPermissionsAndRefusesWhatIsNotAFile) 
 }
 
 TEST(FileSafety, ReadersRefuseDevicesAndPipesAndTakeAnEndlessLineAsDamage) {
-  test::TempDir dir;
-  test::InDirectory here(dir.path());
+  Desk d(2, 1);
+  test::InDirectory here(d.dir.path());
   ASSERT_EQ(::mkfifo("pipe.vlm", 0644), 0);
   for (const char* path : {"/dev/zero", "pipe.vlm", "."}) {
     EXPECT_EQ(LineReader(path).error(), kNotRegularFile) << path;
     EXPECT_EQ(CountPuzzles(path), 0);
   }
   const std::string text = Records(2) + std::string(kMaxLineLength + 1, 'x') + "\r\n" + Record(3, "T3");
-  const std::string file = dir.Write("long.vlm", text);
-  GameState s = Showing(file, 1);
-  test::RecordingUi ui;
-  mnudelete(s, ui);  // would drop the records after the long line
-  EXPECT_EQ(ui.messages.back(), "Error saving to file:\r\n" + file);
-  EXPECT_EQ(dir.Read("long.vlm"), text);
+  d.dir.Write("p.vlm", text);
+  mnudelete(d.s, d.ui);  // would drop the records after the long line
+  EXPECT_EQ(d.ui.messages.back(), "Error saving to file:\r\n" + d.file);
+  EXPECT_EQ(d.dir.Read("p.vlm"), text);
 }
 
 TEST(FileSafety, ACrashWhileReplacingLeavesTheOldFileAndNoTemporaryOne) {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <tuple>
 
 #include "app/startup.h"
 #include "model/text.h"
@@ -27,52 +28,43 @@ struct ConfigRun {
 };
 
 TEST(ReadcfgFile, FieldsOfTheThreeRememberedValues) {
-  const struct {
-    const char* text;
-    std::string scheme, file;
-    int number;
-  } cases[] = {
-      {"2024-01-01 10:00:00\r\nsea.col\r\n/home/p/my puzzles.vlm\r\n 12 \r\n", "sea.col",
-       "/home/p/my puzzles.vlm", 12},
-      {"x\n   \nf.vlm\n3\n", "default.col", "f.vlm", 3},                  // a blank scheme line: the default
-      {"x\n\"my,scheme.col\"\nf.vlm\n4\n", "my,scheme.col", "f.vlm", 4},  // a quoted comma stays
-      {"x\nab,cd\nf.vlm\n5\n", "ab", "cd", 0},  // an unquoted comma cuts; "f.vlm" is the number
+  // The file, and the scheme, puzzle file and number read from it.
+  const std::pair<const char*, const char*> cases[] = {
+      {"x\r\nsea.col\r\n/home/p/my puzzles.vlm\r\n 12 \r\n", "sea.col|/home/p/my puzzles.vlm| 12"},
+      {"x\n   \nf.vlm\n3\n", "default.col|f.vlm| 3"},                  // a blank scheme line: the default
+      {"x\n\"my,scheme.col\"\nf.vlm\n4\n", "my,scheme.col|f.vlm| 4"},  // a quoted comma stays
+      {"x\nab,cd\nf.vlm\n5\n", "ab|cd| 0"},  // an unquoted comma cuts; "f.vlm" is the number
   };
-  for (const auto& c : cases) {
-    ConfigRun run(c.text);
-    EXPECT_TRUE(run.ui.messages.empty()) << c.text;
-    EXPECT_EQ(run.s.ColorSchemeName + "|" + run.s.CurrentPuzzleFile + "|" +
-                  std::to_string(run.s.CurrentPuzzleNumber),
-              c.scheme + "|" + c.file + "|" + std::to_string(c.number));
+  for (const auto& [text, read] : cases) {
+    ConfigRun run(text);
+    EXPECT_EQ(run.s.ColorSchemeName + "|" + run.s.CurrentPuzzleFile + "|" + Str(run.s.CurrentPuzzleNumber) +
+                  (run.ui.messages.empty() ? "" : "|and a message"),
+              read);
   }
 }
 
 TEST(ReadcfgFile, FirstRunAndShortOrBadFilesShowTheMessageOnceAndWriteTheFileAnew) {
-  ConfigRun first;
-  EXPECT_EQ(first.ui.messages,
-            std::vector<std::string>{"Configuration file:\r\n" + first.dir.path() +
-                                     "/velmora.cfg\r\ncould not be accessed, new file will be created"});
-  EXPECT_EQ(first.s.CurrentPuzzleNumber, 0);
-  EXPECT_EQ(first.dir.Read("velmora.cfg"), first.Written()[0] + "\r\ndefault.col\r\n\r\n1\r\n");
-
-  ConfigRun two("x\r\nsea.col\r\n");  // the scheme read before the failure is replaced by the default
-  EXPECT_EQ(two.ui.messages.size(), 1u);
-  EXPECT_EQ(two.s.ColorSchemeName, "default.col");
-  EXPECT_EQ(two.Written()[1] + "|" + two.Written()[3], "default.col|1");
-  ConfigRun three("x\r\nsea.col\r\n/p/f.vlm\r\n");  // the file name read so far is written back
-  EXPECT_EQ(three.Written()[2], "/p/f.vlm");
-  for (const char* text : {"x\nd.col\nf\n99999999999\n", ""})
-    EXPECT_EQ(ConfigRun(text).ui.messages.size(), 1u);
+  // The file read, and the puzzle file name written anew (as read so far).
+  const std::pair<const char*, std::string> cases[] = {{nullptr, ""},
+                                                       {"", ""},
+                                                       {"x\r\nsea.col\r\n", ""},
+                                                       {"x\r\nsea.col\r\n/p/f.vlm\r\n", "/p/f.vlm"},
+                                                       {"x\nd.col\nf\n99999999999\n", "f"}};
+  for (const auto& [text, file] : cases) {
+    ConfigRun run(text);
+    EXPECT_EQ(run.ui.messages,
+              std::vector<std::string>{"Configuration file:\r\n" + run.dir.path() +
+                                       "/velmora.cfg\r\ncould not be accessed, new file will be created"});
+    EXPECT_EQ(run.s.ColorSchemeName + Str(run.s.CurrentPuzzleNumber), "default.col 0");
+    EXPECT_EQ(run.dir.Read("velmora.cfg"), run.Written().at(0) + "\r\ndefault.col\r\n" + file + "\r\n1\r\n");
+  }
 }
 
-TEST(SavecfgFile, WritesFourLinesThatReadBackOrReportsTheFolder) {
+TEST(SavecfgFile, WritesTheFourLinesOrReportsTheFolder) {
   ConfigRun run("x\nsea.col\n/data/p.vlm\n1\n");
   run.s.CurrentPuzzleNumber = 12;
   ASSERT_TRUE(SavecfgFile(run.s, run.ui));
-  EXPECT_EQ(run.Written()[2] + "|" + run.Written()[3], "/data/p.vlm| 12 ");
-  const ConfigRun back(run.dir.Read("velmora.cfg").c_str());
-  EXPECT_TRUE(back.ui.messages.empty());
-  EXPECT_EQ(back.s.ColorSchemeName + Str(back.s.CurrentPuzzleNumber), "sea.col 12");
+  EXPECT_EQ(run.Written()[1] + "|" + run.Written()[2] + "|" + run.Written()[3], "sea.col|/data/p.vlm| 12 ");
   run.s.AppFolder = run.dir.path() + "/missing/";
   EXPECT_FALSE(SavecfgFile(run.s, run.ui));
   EXPECT_EQ(run.ui.messages,
@@ -81,36 +73,29 @@ TEST(SavecfgFile, WritesFourLinesThatReadBackOrReportsTheFolder) {
 }
 
 TEST(StartUp, FallsBackToTheDefaultFileAndThenToAnEmptyBoard) {
-  const struct {
-    std::string config;  // "@" stands for the folder; none: an empty folder
-    size_t messages;
-    std::string file;
-  } cases[] = {
-      {"t\r\nnone.col\r\n@/gone.vlm\r\n1\r\n", 1, "@/puzzles.vlm"},  // the remembered file is gone
-      {"t\r\ndefault.col\r\n@/puzzles.vlm\r\n 9 \r\n", 0, ""},       // a number past the end
-      {"", 2, ""},
+  // The configuration ("@" stands for the folder; none: an empty folder), the
+  // messages shown, and whether the default file's first puzzle is shown, else an empty board.
+  const std::tuple<std::string, size_t, bool> cases[] = {
+      {"t\r\nnone.col\r\n@/gone.vlm\r\n1\r\n", 1, true},           // the remembered file is gone
+      {"t\r\ndefault.col\r\n@/puzzles.vlm\r\n 9 \r\n", 0, false},  // a number past the end
+      {"", 2, false},
   };
-  for (const auto& c : cases) {
+  for (const auto& [config, messages, shown] : cases) {
     test::TempDir dir;
-    const auto here = [&](std::string text) {
-      if (const size_t at = text.find('@'); at != std::string::npos) text.replace(at, 1, dir.path());
-      return text;
-    };
-    if (!c.config.empty()) {
+    if (!config.empty()) {
       std::filesystem::copy_file(std::string(VELMORA_DATA_DIR) + "/all.col", dir.File("all.col"));
       std::filesystem::copy_file(test::SampleFile(), dir.File("puzzles.vlm"));
-      dir.Write("velmora.cfg", here(c.config));
+      std::string text = config;
+      dir.Write("velmora.cfg", text.replace(text.find('@'), 1, dir.path()));
     }
     GameState s;
     test::RecordingUi ui;
     int setCols = 0;
     StartUp(s, ui, dir.path(), [&] { ++setCols; });
-    EXPECT_EQ(ui.messages.size(), c.messages) << c.config;
-    EXPECT_EQ(setCols, 1);
-    EXPECT_EQ(s.CurrentPuzzleFile, here(c.file)) << c.config;
-    EXPECT_EQ(s.view.PuzNumNow, c.file.empty() ? "" : "1") << c.config;
-    EXPECT_EQ(CountBlanks(s) == 49 && s.CellX[7][7] == 30 + 6 * 810, c.file.empty());  // an empty 7x7
-    EXPECT_FALSE(ui.busy);
+    EXPECT_EQ(ui.messages.size(), messages) << config;
+    EXPECT_EQ(s.CurrentPuzzleFile + "|" + s.view.PuzNumNow, shown ? dir.File("puzzles.vlm") + "|1" : "|");
+    EXPECT_EQ(CountBlanks(s) == 49 && s.CellX[7][7] == 30 + 6 * 810, !shown) << config;  // an empty 7x7
+    EXPECT_TRUE(setCols == 1 && !ui.busy);
   }
 }
 

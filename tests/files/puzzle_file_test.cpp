@@ -1,11 +1,15 @@
-// Puzzle records: counting, loading (well-formed and damaged), writing, and
-// what a written record says about suit-only marks.
+// Puzzle records: counting and loading, fresh and through the kept record
+// index; damaged records; writing, and what a written record says about
+// suit-only marks.
 #include "files/puzzle_file.h"
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
+#include <tuple>
 
+#include "files/record_index.h"
 #include "model/text.h"
 #include "recording_ui.h"
 #include "test_support.h"
@@ -13,13 +17,15 @@
 namespace velmora {
 namespace {
 
-using test::TempDir;
+namespace fs = std::filesystem;
+using test::Record;
+using test::Records;
 
 const char* kRow = "@@@@@@@|ABCDEFG";
 
-std::string Record(const std::string& header, const std::string& title, const std::string& size = " 7, 7, 49",
-                   int rows = 7, const std::string& row = kRow) {
-  std::string text = header + "\r\n" + title + "\r\n" + size + "\r\n";
+// A record "#1" titled "t" with the given size line and cell rows.
+std::string Damaged(const std::string& size, int rows = 7, const std::string& row = kRow) {
+  std::string text = "#1\r\nt\r\n" + size + "\r\n";
   for (int r = 0; r < rows; ++r) text += row + "\r\n";
   return text;
 }
@@ -34,87 +40,101 @@ int Load(GameState& s, const std::string& file, int n) {
 }
 
 TEST(LoadPuzzle, ANumberOutsideTheFileFailsAndLeavesBoardAndDisplay) {
-  TempDir dir;
-  // The title beginning with "#" is counted as a record but loads as none.
-  const std::string file =
-      dir.Write("p.vlm", "free text\r\n" + Record("#7", "#seven") + Record("#3", "three"));
-  GameState s;
-  ASSERT_EQ(Load(s, file, 2), 0);
+  const std::string file = test::SampleFile();
+  GameState s = test::Loaded(file, 2);
   const GameState before = s;
-  for (int n : {3, 0, -1}) EXPECT_EQ(Load(s, file, n), 1) << n;
+  for (int n : {CountPuzzles(file) + 1, 0, -1}) EXPECT_EQ(Load(s, file, n), 1) << n;
   EXPECT_EQ(s.Grid, before.Grid);
-  EXPECT_EQ(s.view.PuzNumNow + s.view.MaxPuzCount + " " + s.view.PuzTitle, "2 of 3 three");
-  EXPECT_EQ(CountPuzzles(dir.File("missing.vlm")) + CountPuzzles(dir.path()), 0);
+  EXPECT_EQ(s.view.PuzNumNow + s.view.MaxPuzCount + s.view.PuzTitle,
+            before.view.PuzNumNow + before.view.MaxPuzCount + before.view.PuzTitle);
 }
 
-TEST(LoadPuzzle, ShortCellLineFailsAfterTheRowsBeforeItWereOverwritten) {
-  TempDir dir;
+TEST(LoadPuzzle, DamagedRecordsFailOrLoadWithinTheTablesWithoutACrash) {
+  test::TempDir dir;
+  const int kFails = 99;
+  // What, the record, the rows loaded.
+  const std::tuple<const char*, std::string, int> cases[] = {
+      {"missing rows", Damaged(" 7, 7, 0", 1), kFails},
+      {"no comma", Damaged(" 7"), kFails},
+      {"ten rows", Damaged(" 10, 7, 0", 10), kFails},
+      {"ten columns", Damaged(" 7, 10, 0", 7, "@@@@@@@@@@|ABCDEFGHIJ"), kFails},
+      {"letter beyond t", Damaged(" 7, 7, 0", 7, "u@@@@@@|ABCDEFG"), kFails},
+      {"solution beyond t", Damaged(" 7, 7, 0", 7, "@@@@@@@|ABCDEFz"), kFails},
+      {"huge size", Damaged(" 99999999999, 7, 0"), kFails},
+      {"low byte", Damaged(" 7, 7, 0", 7, "@@0@@@@|ABCDEFG"), kFails},
+      {"eight rows", Damaged(" 8, 7, 0", 8), 8},  // fits the 0..9 tables
+      {"negative size", Damaged("-3,-2, 0", 0), -3},
+  };
+  for (const auto& [what, record, rows] : cases) {
+    GameState s;
+    EXPECT_EQ(Load(s, dir.Write("bad.vlm", record), 1) ? kFails : s.Rows, rows) << what;
+  }
+  // A short cell line fails after the rows before it were overwritten.
   GameState s;
   s.Solving = 1;
-  const std::string text =
-      "#1\r\nt\r\n 7, 7, 0\r\n" + std::string(kRow) + "\r\n" + kRow + "\r\nAB|ABCDEFG\r\n";
-  EXPECT_EQ(Load(s, dir.Write("short.vlm", text), 1), 1);
+  EXPECT_EQ(Load(s, dir.Write("short.vlm", Damaged(" 7, 7, 0", 2) + "AB|ABCDEFG\r\n"), 1), 1);
   EXPECT_EQ(Str(s.Grid[2][3]) + Str(s.SolutionGrid[2][3]) + Str(s.Solving), " 0 3 0");
 }
 
-TEST(LoadPuzzle, MalformedFilesFailOrLoadWithinTheTablesWithoutACrash) {
-  TempDir dir;
-  const struct {
-    const char* name;
-    std::string contents;
-    int notFound, rows;
-  } cases[] = {
-      {"missing rows", "#1\r\nt\r\n 7, 7, 0\r\n" + std::string(kRow) + "\r\n", 1, 0},
-      {"no size line", "#1\r\nt\r\n", 1, 0},
-      {"no comma", Record("#1", "t", " 7"), 1, 0},
-      {"ten rows", Record("#1", "t", " 10, 7, 0", 10), 1, 0},
-      {"ten columns", Record("#1", "t", " 7, 10, 0", 7, "@@@@@@@@@@|ABCDEFGHIJ"), 1, 0},
-      {"letter beyond t", Record("#1", "t", " 7, 7, 0", 7, "u@@@@@@|ABCDEFG"), 1, 0},
-      {"solution beyond t", Record("#1", "t", " 7, 7, 0", 7, "@@@@@@@|ABCDEFz"), 1, 0},
-      {"huge size", Record("#1", "t", " 99999999999, 7, 0"), 1, 0},
-      {"low byte", Record("#1", "t", " 7, 7, 0", 7, "@@0@@@@|ABCDEFG"), 1, 0},
-      {"empty file", "", 1, 0},
-      {"eight rows", Record("#1", "t", " 8, 7, 0", 8), 0, 8},  // fits the 0..9 tables
-      {"no cells", Record("#1", "t", " 0, 0, 0", 0), 0, 0},
-      {"negative size", Record("#1", "t", "-3,-2, 0", 0), 0, -3},
-      {"LF only", "#1\nt\n 1, 7, 0\n" + std::string(kRow) + "\n", 0, 1},
-  };
-  for (const auto& c : cases) {
-    GameState s;
-    EXPECT_EQ(Load(s, dir.Write("bad.vlm", c.contents), 1), c.notFound) << c.name;
-    EXPECT_EQ(c.notFound == 0 ? s.Rows : c.rows, c.rows) << c.name;  // the size of what loaded
-  }
-  GameState s;
-  EXPECT_EQ(Load(s, dir.File("missing.vlm"), 1), 1);
-}
-
-TEST(WritePuzzleRecord, NumberZeroReplacesTheFileWithRecordOne) {
-  TempDir dir;
-  GameState s = test::Loaded(test::SampleFile(), 1);
-  for (auto& row : s.Grid) row.fill(0);
-  const std::string file = dir.Write("x.vlm", Record("#1", "a") + Record("#2", "b"));
-  ASSERT_TRUE(WritePuzzleRecord(s, file, 0, "only"));
-  const std::string text = dir.Read("x.vlm");
-  EXPECT_EQ(text.substr(0, 23), "#1\r\nonly\r\n 7, 7, 49\r\n@@");
-  EXPECT_EQ(test::Headers(text), std::vector<std::string>{"#1"});
-  EXPECT_FALSE(WritePuzzleRecord(s, dir.path(), 0, "dir"));
-  int entries = 0;  // no temporary files are left beside it
-  for ([[maybe_unused]] const auto& e : std::filesystem::directory_iterator(dir.path())) ++entries;
-  EXPECT_EQ(entries, 1);
-}
-
-TEST(WritePuzzleRecord, SuitOnlyMarksAreWrittenEmptyButNotCountedAsBlanks) {
+// Number 0 writes the board as record 1 in place of the whole file.
+TEST(WritePuzzleRecord, NumberZeroReplacesTheFileAndSuitOnlyMarksAreWrittenEmptyButNotCountedAsBlanks) {
   test::TempDir dir;
   GameState s = test::Loaded(test::SolvableFile());  // 14 blanks, (1,2) and (1,6) among them
   s.Grid[1][2] = -2;
   s.Grid[1][6] = -4;
   s.Grid[2][1] = 0;  // a given taken away
-  const std::string file = dir.File("w.vlm");
+  const std::string file = dir.Write("w.vlm", Records(2));
   ASSERT_TRUE(WritePuzzleRecord(s, file, 0, "marks"));
   const auto lines = test::Lines(dir.Read("w.vlm"));
-  ASSERT_GE(lines.size(), 4u);
-  EXPECT_EQ(lines[2], " 7, 7, 13");
-  EXPECT_EQ(lines[3], "L@i_f@m|Lci_fPm");
+  ASSERT_EQ(lines.size(), 10u);
+  EXPECT_EQ(lines[0] + lines[1] + "|" + lines[2] + "|" + lines[3], "#1marks| 7, 7, 13|L@i_f@m|Lci_fPm");
+}
+
+// The count, then the title each record up to two past the count loads
+// with, "-" where it does not load.
+std::string Loads(const std::string& file) {
+  SilentUserInterface ui;
+  const int count = CountPuzzles(file);
+  std::string seen = Str(count) + ":";
+  for (int n = 1; n <= count + 2; ++n) {
+    GameState s;
+    std::string title;
+    seen += (LoadPuzzle(s, ui, file, n, title, 0) ? "-" : title) + "|";
+  }
+  return seen;
+}
+
+// Written an hour ago, so that the index made of it is kept.
+void AtRest(const std::string& file) {
+  fs::last_write_time(file, fs::file_time_type::clock::now() - std::chrono::hours(1));
+}
+
+// Records in both line ends, free text, a title beginning with "#", headers
+// out of order, an empty title, and a last header without its title or line end.
+std::string Mixed() {
+  std::string lf = Record(3, "three", 4);
+  for (size_t at; (at = lf.find("\r\n")) != std::string::npos;) lf.erase(at, 1);
+  return "notes\r\n" + Record(7, "#seven") + "stray\n" + lf + Record(5, "", 9) + Record(1, "t", 13) + "#9";
+}
+
+TEST(RecordIndex, LoadsAndCountsAsReadingFromTheTopFreshKeptAndAfterOwnAppends) {
+  test::TempDir dir;
+  const std::string file = dir.Write("m.vlm", Mixed());
+  for (const char* pass : {"fresh", "read at rest", "kept"}) {
+    if (pass[0] == 'r') AtRest(file);
+    EXPECT_EQ(Loads(file), " 6:#seven|three||t|-|-|-|-|") << pass;  // "#9" has no title
+  }
+  GameState s = test::Loaded(file, 4);  // the grid of the record asked for
+  EXPECT_EQ(s.SolutionGrid[7][7], 20);
+  // The first appended header is the title "#9" lacked; the size line then is "new 1".
+  for (const char* title : {"new 1", "#new 2"}) EXPECT_GT(AppendPuzzleRecord(s, file, title), 0);
+  EXPECT_EQ(Loads(file), " 8:#seven|three||t|-| #new 2|-|-|-|-|");
+
+  // An over-long line ends the reading: what follows is neither counted nor loaded.
+  const std::string longLine =
+      dir.Write("l.vlm", Records(2) + std::string(kMaxLineLength + 1, 'x') + "\r\n" + Record(3, "beyond"));
+  AtRest(longLine);
+  for (int pass = 0; pass < 2; ++pass) EXPECT_EQ(Loads(longLine), " 2:T1|T2|-|-|");
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <deque>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -20,7 +19,6 @@ class RecordingUi : public SilentUserInterface {
   // Answers file dialogs from `names`, then cancels.
   std::string AskFileName(const FileDialogRequest& request) override {
     requests.push_back(request);
-    if (onDialog) onDialog();
     const std::string name = names.empty() ? "" : names.front();
     if (!names.empty()) names.pop_front();
     return name;
@@ -43,7 +41,6 @@ class RecordingUi : public SilentUserInterface {
 
   bool answer = true, busy = false;
   std::deque<std::string> names, texts;
-  std::function<void()> onDialog;
   std::vector<std::string> messages, questions, cells, prompts;
   std::vector<FileDialogRequest> requests;
   int busyOn = 0, yields = 0, boards = 0, overlays = 0;

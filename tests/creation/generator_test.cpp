@@ -25,13 +25,6 @@ GameState SeededState(uint64_t seed) {
   return s;
 }
 
-int Blanks(const GameState& s) {
-  int blanks = 0;
-  for (int r = 1; r <= 7; ++r)
-    for (int c = 1; c <= 7; ++c) blanks += s.Grid[r][c] == 0;
-  return blanks;
-}
-
 GameState Made(int level, uint64_t seed, int* made = nullptr) {
   GameState s = SeededState(seed);
   SilentUserInterface ui;
@@ -61,62 +54,42 @@ TEST(Generator, MatchesTheWordForWordVersionDrawForDraw) {
   }
 }
 
-// What each level promises: the base pattern for Easy, at most four more
-// blanks for Hard, more still for Very Hard; every puzzle solves by deduction
-// alone to its stored solution, and the three "00X" cards are the ones the
-// solution leaves out.
-TEST(Generator, EachLevelKeepsItsPromises) {
-  const char* pattern[7] = {"X.XXX.X", "XX.X.XX", "X.XXX.X", "XX.X.XX", "X.XXX.X", "XX.X.XX", "X.XXX.X"};
-  std::map<int, int> drawn;
-  for (uint64_t seed = 100; seed < 140; ++seed) {
-    int made = -1;
-    const GameState random = Made(kLevelRandom, seed, &made);
-    ++drawn[made];
-    const GameState easy = Made(kLevelEasy, seed), hard = Made(kLevelHard, seed), vhard = Made(kLevelVHard, seed);
-    for (int r = 1; r <= 7; ++r)
-      for (int c = 1; c <= 7; ++c) EXPECT_EQ(easy.Grid[r][c] == 0, pattern[r - 1][c - 1] == '.') << r << "," << c;
-    EXPECT_TRUE(Blanks(hard) >= 14 && Blanks(hard) <= 18) << Blanks(hard);
-    EXPECT_GE(Blanks(vhard), 14);
-    for (const GameState* s : {&easy, &hard, &vhard, &random}) {
-      GameState solved = *s;
+// What every level promises: the puzzle solves by deduction alone to its
+// stored solution, each card of that solution fits among all the others, and
+// the three "00X" cards are the ones it leaves out. (The blanks of each level
+// are pinned by the draw-for-draw comparison.)
+TEST(Generator, EveryPuzzleSolvesToAFullBoardThatKeepsTheRules) {
+  for (uint64_t seed = 100; seed < 115; ++seed) {
+    for (int level : {kLevelEasy, kLevelHard, kLevelVHard}) {
+      const GameState made = Made(level, seed);
+      GameState s = made;
       SilentUserInterface ui;
-      EXPECT_EQ(SolveGrid(solved, ui), 0);
-      EXPECT_EQ(solved.Grid, s->SolutionGrid);
-      std::set<int> used, absent;
-      solved.Grid = s->SolutionGrid;
+      EXPECT_EQ(SolveGrid(s, ui), 0);
+      ASSERT_EQ(s.Grid, made.SolutionGrid) << "level " << level << " seed " << seed;
+      std::set<int> used;
       for (int r = 1; r <= 7; ++r)
-        for (int c = 1; c <= 7; ++c) {  // each card fits among all the others
-          const int v = solved.Grid[r][c];
+        for (int c = 1; c <= 7; ++c) {
+          const int v = s.Grid[r][c];
           used.insert(v);
-          solved.Grid[r][c] = 0;
-          UpdateOptions(solved, 0);
-          EXPECT_TRUE(solved.CellOptions[r][c] & CardBit(v)) << r << "," << c;
-          solved.Grid[r][c] = v;
+          s.Grid[r][c] = 0;
+          UpdateOptions(s, 0);
+          EXPECT_TRUE(s.CellOptions[r][c] & CardBit(v)) << r << "," << c;
+          s.Grid[r][c] = v;
         }
-      for (int k = 1; k <= 52; ++k)
-        if (s->CardCodes.Code(k) == "00X") absent.insert(k);
       EXPECT_EQ(used.size(), 49u);
-      EXPECT_EQ(absent.size(), 3u);
-      for (int k : absent) EXPECT_EQ(used.count(k), 0u) << k;
+      for (int k = 1; k <= 52; ++k) EXPECT_EQ(made.CardCodes.Code(k) == "00X", used.count(k) == 0) << k;
     }
-    if (HasFailure()) return;
   }
-  EXPECT_EQ(drawn.size(), 3u);  // Random makes every level
-  EXPECT_EQ(drawn.count(kLevelRandom), 0u);
 }
 
-// A window event that presses Cancel: set during the yield of a column attempt.
-class CancelAtYield : public SilentUserInterface {
- public:
-  explicit CancelAtYield(GameState& s, int at) : s_(s), at_(at) {}
+// Presses Cancel during the yield of column attempt `at`.
+struct CancelAtYield : SilentUserInterface {
+  CancelAtYield(GameState& state, int at) : state(state), at(at) {}
   void Yield() override {
-    if (++yields == at_) s_.CancelRequest = 1;
+    if (++yields == at) state.CancelRequest = 1;
   }
-  int yields = 0;
-
- private:
-  GameState& s_;
-  int at_;
+  GameState& state;
+  int at, yields = 0;
 };
 
 TEST(Generator, CancelIsSeenAtTheNextColumnAttemptAndForgottenByAFreshDeal) {
@@ -127,7 +100,6 @@ TEST(Generator, CancelIsSeenAtTheNextColumnAttemptAndForgottenByAFreshDeal) {
     ASSERT_EQ(CreatePuzzle(fast, a, la), 1) << at;
     ASSERT_EQ(test::LiteralCreatePuzzle(literal, b, lb), 1) << at;
     EXPECT_EQ(fast.Grid, literal.Grid) << at;  // the part dealt so far
-    EXPECT_EQ(la, kLevelVHard);
   }
   // A request standing before the call is cleared by the first fresh deal.
   GameState t = SeededState(5);
@@ -170,37 +142,30 @@ TEST(AutomaticTitle, LevelDateAndTime) {
   EXPECT_EQ(AutomaticTitle(kLevelVHard, when), "VHard 15/11/2026 10:03:33");
 }
 
-// Jobs for the paired batch: seeds 1..count at one level, results kept.
-class SeedJobs : public PuzzleJobs {
- public:
-  SeedJobs(int level, uint64_t count) : level_(level), count_(count) {}
-  bool Next(uint64_t& id, Random& rng, int& level) override {
-    if (next_ >= count_) return false;
-    id = ++next_;
-    rng = Random::Seeded(id);
-    level = level_;
+// Seeds 1..count at one level for the paired batch; the results kept.
+struct SeedJobs : PuzzleJobs {
+  SeedJobs(int level, uint64_t count) : level(level), count(count) {}
+  bool Next(uint64_t& id, Random& rng, int& jobLevel) override {
+    if (next >= count) return false;
+    id = ++next, rng = Random::Seeded(id), jobLevel = level;
     return true;
   }
-  void Made(uint64_t id, const GameState& s, int level) override { made[id] = {s, level}; }
+  void Made(uint64_t id, const GameState& s, int madeLevel) override { made[id] = {s, madeLevel}; }
+  int level;
+  uint64_t count, next = 0;
   std::map<uint64_t, std::pair<GameState, int>> made;
-
- private:
-  int level_;
-  uint64_t count_, next_ = 0;
 };
 
 TEST(CreatePuzzles, TwoAtATimeMakeWhatCreatePuzzleMakesOneAtATime) {
-  for (int level : {kLevelEasy, kLevelVHard, kLevelRandom}) {
-    SeedJobs jobs(level, 25);
-    CreatePuzzles(jobs);
-    ASSERT_EQ(jobs.made.size(), 25u);
-    for (const auto& [id, result] : jobs.made) {
-      int made = -1;
-      const GameState alone = Made(level, id, &made);
-      EXPECT_EQ(result.first.Grid, alone.Grid) << id;
-      EXPECT_EQ(result.first.SolutionGrid, alone.SolutionGrid) << id;
-      EXPECT_EQ(result.second, made) << id;
-    }
+  SeedJobs jobs(kLevelRandom, 25);  // Random: every level among them
+  CreatePuzzles(jobs);
+  ASSERT_EQ(jobs.made.size(), 25u);
+  for (const auto& [id, result] : jobs.made) {
+    int made = -1;
+    const GameState alone = Made(kLevelRandom, id, &made);
+    EXPECT_EQ(result.first.Grid, alone.Grid) << id;
+    EXPECT_EQ(result.first.SolutionGrid, alone.SolutionGrid) << id;
+    EXPECT_EQ(result.second, made) << id;
   }
   SeedJobs one(kLevelHard, 1);  // a lone puzzle has no partner to wait for
   CreatePuzzles(one);

@@ -76,29 +76,26 @@ bool LiteralRemoveGivens(GameState& s, UserInterface& ui, int& difficulty) {
 int LiteralCreatePuzzle(GameState& s, UserInterface& ui, int& difficulty) {
   SortedList list3;
   for (;;) {
-    for (int k = 1; k <= 52; ++k) s.CardCodes.Set(k, (k - 1) / 4 + 1, (k - 1) % 4 + 1);
-    s.CancelRequest = 0;
     list3.clear();
-    for (int k = 1; k <= 52; ++k) list3.Add(PlainCode(k) + TwoDigits(k));
+    for (int k = 1; k <= 52; ++k) {
+      s.CardCodes.Set(k, (k - 1) / 4 + 1, (k - 1) % 4 + 1);
+      list3.Add(PlainCode(k) + TwoDigits(k));
+    }
+    s.CancelRequest = 0;
     for (int r = 1; r <= s.Rows; ++r)
       for (int c = 1; c <= s.Cols; ++c) s.Grid[r][c] = 0;
     bool fresh = false;
     for (int c = 1; c <= s.Cols && !fresh; ++c) {
       for (int attempt = 1;; ++attempt) {
         if (s.CancelRequest == 1) return 1;
-        if (attempt == 51) {
-          fresh = true;
-          break;
-        }
+        fresh = attempt == 51;
+        if (fresh) break;
         ui.Yield();
         for (int r = 1; r <= s.Rows; ++r) s.Grid[r][c] = 0;
         bool dealt = true;
         for (int r = s.Rows; r >= 1 && dealt; --r) {
-          const int card = Pick(s, list3, ExcludedRanks(s, r, c), NeighbourSuits(s, r, c));
-          if (card == 0)
-            dealt = false;
-          else
-            s.Grid[r][c] = card;
+          s.Grid[r][c] = Pick(s, list3, ExcludedRanks(s, r, c), NeighbourSuits(s, r, c));
+          dealt = s.Grid[r][c] != 0;  // 0: no pooled card fits
         }
         if (dealt) break;
       }

@@ -18,9 +18,7 @@ struct SortedList : std::vector<std::string> {
   void Add(const std::string& item) { insert(std::upper_bound(begin(), end(), item), item); }
 };
 
-std::string TwoDigits(int n) {
-  return std::string(1, static_cast<char>('0' + n / 10)) + static_cast<char>('0' + n % 10);
-}
+std::string TwoDigits(int n) { return (n < 10 ? "0" : "") + std::to_string(n); }
 
 std::string PlainCode(int k) { return TwoDigits((k - 1) / 4 + 1) + "SHDC"[(k - 1) % 4]; }
 

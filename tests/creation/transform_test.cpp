@@ -78,15 +78,12 @@ TEST(MakePuzzlesFromFile, ErrorsEndTheRunAndKeepWhatWasMade) {
   test::TempDir dir;
   std::string cut = NumericRecord(1, kRowsA) + NumericRecord(2, kRowsB);
   cut.resize(cut.size() - 4 * 17);  // the second record stops after three of its rows
-  const struct {
-    std::string in;
-    int rows;
-    const char* message;
-    int lines;  // of the output file; -1: no such file
-  } cases[] = {{dir.Write("cut.vlm", cut), 7, "error?", 10},
-               {dir.File("none.vlm"), 7, "error?", -1},
-               {dir.Write("empty.vlm", ""), 7, " 0 puzzles made", 0},
-               {dir.Write("big.vlm", cut), 12, "error?", 0}};  // rows beyond what the grids hold
+  // The lines of the output file; -1: no such file.
+  const struct { std::string in; int rows; const char* message; int lines; } cases[] = {
+      {dir.Write("cut.vlm", cut), 7, "error?", 10},
+      {dir.File("none.vlm"), 7, "error?", -1},
+      {dir.Write("empty.vlm", ""), 7, " 0 puzzles made", 0},
+      {dir.Write("big.vlm", cut), 12, "error?", 0}};  // rows beyond what the grids hold
   for (const auto& c : cases) {
     GameState s;
     s.Rows = c.rows;

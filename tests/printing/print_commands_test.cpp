@@ -48,10 +48,7 @@ struct RecordingPage : PrintSurface {
 };
 
 struct RecordingJobs : PrintJobs {
-  std::string AskPrintFile(const std::string& file) override {
-    shownFile = file;
-    return answer;
-  }
+  std::string AskPrintFile(const std::string& file) override { return shownFile = file, answer; }
   PrintSurface* StartJob() override { return &page; }
   std::string EndJob() override { return ++ended, ""; }
   std::string answer, shownFile;
@@ -93,18 +90,14 @@ TEST(PrintPage, HeadingCellsAndRemainingCardsOfPuzzleAndSolution) {
 }
 
 TEST(PrintCurrent, QuestionsTitlesOriginsAndDone) {
-  struct Case {
-    void (*command)(GameState&, UserInterface&, PrintJobs&);
-    const char* question;
-    Strings headings;
-  };
-  const Case cases[] = {
+  using Command = void (*)(GameState&, UserInterface&, PrintJobs&);
+  const struct { Command command; const char* question; Strings headings; } cases[] = {
       {mnuprintcurrentpuz, "Print Current Puzzle?", {"T 1800,1400 8 Puz#2:Sample 2"}},
       {mnuprintcurrentsol, "Print Current solution?", {"T 1800,1400 8 Sol#2:Sample 2"}},
       {mnuprintcurrent, "Print Current Puzzle and Solution?", {"T 1800,1400 8 Puz#2:", "T 1800,8500 8 Sol#2:"}},
   };
   GameState s = test::Loaded(test::SampleFile(), 2);
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     for (bool yes : {false, true}) {
       test::RecordingUi ui;
       ui.answer = yes;
@@ -140,21 +133,16 @@ struct FileDesk {
 };
 
 TEST(PrintFile, PagesOfBothLayoutsAndTheBoardAfterwards) {
-  using Pages = std::vector<Strings>;
-  struct Case {
-    const char* fields;
-    Pages pages;
-  };
   // The lower grid sits 7000 twips below the upper one. Record 6 follows the
   // odd last number 5 and stays off the last page; the per-page choice changes nothing.
   const std::string upper = "T 1800,1400 8 ", lower = "T 1800,8400 8 ";
-  const Case cases[] = {
+  const struct { const char* fields; std::vector<Strings> pages; } cases[] = {
       {",1,5, 0, 4", {{upper + "Puz#1:T1", lower + "Puz#2:T2"}, {upper + "Puz#3:T3"}, {upper + "Puz#5:T5"}}},
       {",2,4, 1, 1", {{upper + "Puz#2:T2", lower + "Sol#2:T2"}, {upper + "Puz#3:T3", lower + "Sol#3:T3"}}},
       {",4,2, 0, 1", {}},
       {",4,2, 1, 1", {}},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     FileDesk desk;
     const Board<int32_t> shown = desk.s.Grid;
     EXPECT_EQ(desk.Print(desk.file + c.fields), c.pages) << c.fields;

@@ -44,39 +44,33 @@ TEST(MakePuzzlesFromFile, EveryRecordBlankedAsRemoveGivensDoesAtTheLevelFirstDra
   s.rng = Random::Seeded(1);
   GameState expected = s;
   test::RecordingUi ui;
-  int level = kLevelRandom;
+  int level = kLevelRandom, literalLevel = kLevelRandom;
   MakePuzzlesFromFile(s, ui, in, level);
   EXPECT_EQ(ui.messages, std::vector<std::string>{" 2 puzzles made"});
   EXPECT_EQ(s.view.Label3, "2");
-  EXPECT_NE(level, kLevelRandom);  // the first record's draw holds for the rest
-  EXPECT_NE(level, kLevelEasy);    // so the comparison below sees blanks
+  EXPECT_NE(level, kLevelEasy);  // so the comparison below sees blanks
 
   // Renumbered from 1, titled with the date and time, and blanked as the
-  // word-for-word RemoveGivens blanks the same records.
-  int literalLevel = kLevelRandom;
-  const std::vector<std::string> lines = Lines(dir.Read("set_new.vlm"));
+  // word-for-word RemoveGivens blanks the same records at the level it drew
+  // for the first record.
+  std::vector<std::string> lines = Lines(dir.Read("set_new.vlm")), want;
   ASSERT_EQ(lines.size(), 20u);
   for (int record = 0; record < 2; ++record) {
-    const auto& rows = record == 0 ? kRowsA : kRowsB;
-    EXPECT_EQ(lines[10 * record], "#" + std::to_string(record + 1));
-    const std::string& title = lines[10 * record + 1];
+    std::string& title = lines[10 * record + 1];
     EXPECT_EQ(title.substr(0, 8), "Created:");
     EXPECT_TRUE(test::IsAutomaticTitle("Easy " + title.substr(8))) << title;  // the same date and time forms
-    for (int r = 1; r <= 7; ++r)
-      for (int c = 1; c <= 7; ++c)
-        expected.SolutionGrid[r][c] = expected.Grid[r][c] = rows[r - 1][c - 1] - '0';
+    const auto& rows = record == 0 ? kRowsA : kRowsB;
+    for (int n = 0; n < 49; ++n)
+      expected.SolutionGrid[n / 7 + 1][n % 7 + 1] = expected.Grid[n / 7 + 1][n % 7 + 1] =
+          rows[n / 7][n % 7] - '0';
     test::LiteralRemoveGivens(expected, ui, literalLevel);
-    int blanks = 0;
-    for (int r = 1; r <= 7; ++r) {
-      std::string row;
-      for (int c = 1; c <= 7; ++c) {
-        row += expected.Grid[r][c] == 0 ? std::string(".") : std::to_string(expected.Grid[r][c]);
-        blanks += expected.Grid[r][c] == 0;
-      }
-      EXPECT_EQ(lines[10 * record + 2 + r], row + "|" + rows[r - 1]);
-    }
-    EXPECT_EQ(lines[10 * record + 2], " 7, 7, " + std::to_string(blanks));
+    std::string cells;  // the puzzle part, row after row
+    for (int n = 0; n < 49; ++n) cells += expected.Grid[n / 7 + 1][n % 7 + 1] ? rows[n / 7][n % 7] : '.';
+    want.insert(want.end(), {"#" + std::to_string(record + 1), title,
+                             " 7, 7, " + std::to_string(std::ranges::count(cells, '.'))});
+    for (int r = 0; r < 7; ++r) want.push_back(cells.substr(7 * static_cast<size_t>(r), 7) + "|" + rows[r]);
   }
+  EXPECT_EQ(lines, want);
   EXPECT_EQ(level, literalLevel);
 }
 
@@ -84,15 +78,12 @@ TEST(MakePuzzlesFromFile, ErrorsEndTheRunAndKeepWhatWasMade) {
   test::TempDir dir;
   std::string cut = NumericRecord(1, kRowsA) + NumericRecord(2, kRowsB);
   cut.resize(cut.size() - 4 * 17);  // the second record stops after three of its rows
-  const struct {
-    std::string in;
-    int rows;
-    const char* message;
-    int lines;  // of the output file; -1: no such file
-  } cases[] = {{dir.Write("cut.vlm", cut), 7, "error?", 10},
-               {dir.File("none.vlm"), 7, "error?", -1},
-               {dir.Write("empty.vlm", ""), 7, " 0 puzzles made", 0},
-               {dir.Write("big.vlm", cut), 12, "error?", 0}};  // rows beyond what the grids hold
+  // The lines of the output file; -1: no such file.
+  const struct { std::string in; int rows; const char* message; int lines; } cases[] = {
+      {dir.Write("cut.vlm", cut), 7, "error?", 10},
+      {dir.File("none.vlm"), 7, "error?", -1},
+      {dir.Write("empty.vlm", ""), 7, " 0 puzzles made", 0},
+      {dir.Write("big.vlm", cut), 12, "error?", 0}};  // rows beyond what the grids hold
   for (const auto& c : cases) {
     GameState s;
     s.Rows = c.rows;

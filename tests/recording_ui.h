@@ -31,7 +31,6 @@ class RecordingUi : public SilentUserInterface {
     return text;
   }
   void SetBusy(bool on) override { busyOn += (busy = on); }
-  void Yield() override { ++yields; }
   void DrawBoard() override { ++boards; }
   void DrawCell(int rank, const std::string& suit, int row, int col) override {
     cells.push_back(std::to_string(rank) + "," + suit + "," + std::to_string(row) + "," +
@@ -43,7 +42,7 @@ class RecordingUi : public SilentUserInterface {
   std::deque<std::string> names, texts;
   std::vector<std::string> messages, questions, cells, prompts;
   std::vector<FileDialogRequest> requests;
-  int busyOn = 0, yields = 0, boards = 0, overlays = 0;
+  int busyOn = 0, boards = 0, overlays = 0;
 };
 
 }  // namespace velmora::test

@@ -93,6 +93,11 @@ TEST(AddSch, AppendsTheLowerCaseNameOnlyWhenNewAndNamed) {
   std::string blue = "blue.col\r\n";
   for (int i = 0; i < 13; ++i) blue += i == 4 ? " 10; 20; 30\r\n" : " 1; 2; 3\r\n";
   EXPECT_EQ(run.File(), SchemeText("default.col", 0) + " 9; 9; 9\r\n" + blue);
+  std::filesystem::remove(run.dir.File("all.col"));  // a folder in its place cannot be added to
+  std::filesystem::create_directory(run.dir.File("all.col"));
+  run.ui.texts = {"green"};
+  EXPECT_FALSE(AddSch(run.s, run.ui, run.list));
+  EXPECT_EQ(run.ui.messages.back(), "Error in adding Color Scheme:\r\n" + run.dir.File("all.col"));
 }
 
 TEST(RepSch, ReplacesOnlyTheChosenSchemesColourLinesThroughTheWorkFile) {

@@ -17,7 +17,7 @@
 #include "app/startup.h"
 #include "app/ui/about_form.h"
 #include "app/ui/help_window.h"
-#include "app/ui/local_text.h"
+#include "controls/ui/local_text.h"
 #include "appearance/color_scheme.h"
 #include "board/ui/board_view.h"
 #include "controls/ui/fndialog.h"

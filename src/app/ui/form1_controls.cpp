@@ -9,7 +9,7 @@
 
 #include "app/app_commands.h"
 #include "app/ui/form1.h"
-#include "app/ui/local_text.h"
+#include "controls/ui/local_text.h"
 #include "board/geometry.h"
 #include "board/play.h"
 #include "board/ui/board_view.h"

@@ -18,13 +18,10 @@
 #include "appearance/color_scheme.h"
 #include "appearance/ui/scheme_preview.h"
 #include "controls/ui/color_picker.h"
+#include "controls/ui/local_text.h"
 
 namespace velmora {
 namespace {
-
-QString Q(const std::string& text) {
-  return QString::fromLocal8Bit(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 QColor ToColor(uint32_t c) { return QColor(RedOf(c), GreenOf(c), BlueOf(c)); }
 uint32_t FromColor(const QColor& c) { return Rgb(c.red(), c.green(), c.blue()); }
@@ -50,7 +47,7 @@ void SetRole(QWidget* w, QPalette::ColorRole role, const QColor& colour) {
 }  // namespace
 
 // velmora.cfg keeps its four lines; the text size lives in a file of its own.
-QString SettingsFile(const std::string& appFolder) { return Q(appFolder + "velmora.ini"); }
+QString SettingsFile(const std::string& appFolder) { return QText(appFolder + "velmora.ini"); }
 
 TextSize SavedTextSize(const std::string& appFolder) {
   const QString name = QSettings(SettingsFile(appFolder), QSettings::IniFormat).value(kSizeKey).toString();
@@ -81,7 +78,8 @@ Form2::Form2(GameState& s, UserInterface& ui, QWidget* mainWindow)
   setObjectName(QStringLiteral("Form2"));
   setWindowTitle(QStringLiteral("Velmora Options"));
   // Controls are made in their tab order.
-  command1_ = MakeButton(QStringLiteral("Command1"), QStringLiteral("Apply"), QStringLiteral("Apply changes"), this);
+  command1_ =
+      MakeButton(QStringLiteral("Command1"), QStringLiteral("Apply"), QStringLiteral("Apply changes"), this);
   command2_ = MakeButton(QStringLiteral("Command2"), QStringLiteral("Exit"),
                          QStringLiteral("Exit without applying changes"), this);
   connect(command1_, &QPushButton::clicked, this, &Form2::Apply);
@@ -100,7 +98,8 @@ Form2::Form2(GameState& s, UserInterface& ui, QWidget* mainWindow)
   auto* sizeLayout = new QHBoxLayout(sizeFrame);
   const TextSize saved = SavedTextSize(s_.AppFolder);
   for (int i = 0; i < 4; ++i) {
-    QRadioButton* option = sizes_[static_cast<size_t>(i)] = new QRadioButton(QLatin1String(kSizeNames[i]), sizeFrame);
+    QRadioButton* option = sizes_[static_cast<size_t>(i)] =
+        new QRadioButton(QLatin1String(kSizeNames[i]), sizeFrame);
     option->setObjectName(QStringLiteral("Size%1").arg(i));
     option->setChecked(i == saved);
     sizeLayout->addWidget(option);
@@ -115,7 +114,7 @@ Form2::Form2(GameState& s, UserInterface& ui, QWidget* mainWindow)
 
   FillList();
   shownName_ = s_.ColorSchemeName;
-  frame_->setTitle(Q("Color Scheme: " + shownName_));
+  frame_->setTitle(QText("Color Scheme: " + shownName_));
   colPik1_->SetColor(ToColor(s_.Scheme[kSchemeBackground]));
   contrastV_->setValue(ButtonContrast(s_.Scheme));
   ShowColors();
@@ -213,7 +212,7 @@ void Form2::FillList() {
   const QSignalBlocker quiet(list1_);
   FillSchemeList(s_, list_);
   list1_->clear();
-  for (const std::string& item : list_.items) list1_->addItem(Q(item));
+  for (const std::string& item : list_.items) list1_->addItem(QText(item));
 }
 
 void Form2::Choose() {
@@ -222,7 +221,7 @@ void Form2::Choose() {
   const std::string name = list_.Selected();
   ChooseScheme(s_, ui_, list_);
   shownName_ = name + ".col";
-  frame_->setTitle(Q("Color Scheme: " + name));
+  frame_->setTitle(QText("Color Scheme: " + name));
   colPik1_->SetColor(ToColor(s_.Scheme[kSchemeBackground]));
   const QSignalBlocker quiet(contrastV_);
   contrastV_->setValue(ButtonContrast(s_.Scheme));
@@ -239,7 +238,8 @@ void Form2::ShowColors() {
   for (QPushButton* b : {command1_, command2_}) SetRole(b, QPalette::Button, ToColor(c[kSchemeButtonFace]));
   for (QPushButton* b : schemeButtons_) SetRole(b, QPalette::Button, ToColor(c[kSchemeButtonFace]));
   SetRole(list1_, QPalette::Base, ToColor(c[kSchemeTitleBox]));
-  preview_->SetColors(ToColor(c[kSchemeBackground]), ToColor(c[kSchemeTitleBox]), ToColor(c[kSchemeButtonFace]));
+  preview_->SetColors(ToColor(c[kSchemeBackground]), ToColor(c[kSchemeTitleBox]),
+                      ToColor(c[kSchemeButtonFace]));
 }
 
 void Form2::Apply() {

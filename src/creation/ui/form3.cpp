@@ -12,17 +12,12 @@
 #include <QVBoxLayout>
 
 #include "controls/ui/fndialog.h"
+#include "controls/ui/local_text.h"
 #include "files/file_commands.h"
 #include "model/text.h"
 
 namespace velmora {
 namespace {
-
-// Texts travel as the platform's 8-bit text, as in the main window.
-QString Q(const std::string& text) {
-  return QString::fromLocal8Bit(text.data(), static_cast<qsizetype>(text.size()));
-}
-std::string S(const QString& text) { return text.toLocal8Bit().toStdString(); }
 
 QGroupBox* Group(const QString& objectName, const QString& title, QWidget* parent) {
   auto* box = new QGroupBox(title, parent);
@@ -52,7 +47,7 @@ Form3::Form3(QWidget* parent) : QDialog(parent) {
 
 QWidget* Form3::BuildCountFrame(const Form3Values& start) {
   auto* frame1 = Group(QStringLiteral("Frame1"), QStringLiteral("# of Puzzles"), this);
-  text1_ = new QLineEdit(Q(start.Text1), frame1);
+  text1_ = new QLineEdit(QText(start.Text1), frame1);
   text1_->setObjectName(QStringLiteral("Text1"));
   text1_->setToolTip(QStringLiteral("Enter number of puzzles to be saved to output file"));
   text1_->setFixedWidth(text1_->fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + 16);
@@ -87,7 +82,7 @@ QWidget* Form3::BuildFileFrame() {
 
 QWidget* Form3::BuildTitleFrame(const Form3Values& start) {
   auto* frame4 = Group(QStringLiteral("Frame4"), QStringLiteral("Puzzle Title"), this);
-  text4_ = new QLineEdit(Q(start.Text4), frame4);
+  text4_ = new QLineEdit(QText(start.Text4), frame4);
   text4_->setObjectName(QStringLiteral("Text4"));
   auto* frame4Layout = new QHBoxLayout(frame4);
   frame4Layout->addWidget(text4_);
@@ -147,8 +142,8 @@ void Form3::Connect() {
 }
 
 Form3Values Form3::Ask(const std::string& currentFile, const std::string& appFolder) {
-  fileNow_->SetText(Q(currentFile));
-  appFolder_ = Q(appFolder);
+  fileNow_->SetText(QText(currentFile));
+  appFolder_ = QText(appFolder);
   result_ = QStringLiteral("X");
   text1_->setFocus();
   text1_->selectAll();

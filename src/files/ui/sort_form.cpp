@@ -17,16 +17,11 @@
 #include <utility>
 
 #include "controls/ui/fndialog.h"
+#include "controls/ui/local_text.h"
 #include "files/file_commands.h"
 
 namespace velmora {
 namespace {
-
-// Texts travel as the platform's 8-bit text, as in the main window.
-QString Q(const std::string& text) {
-  return QString::fromLocal8Bit(text.data(), static_cast<qsizetype>(text.size()));
-}
-std::string S(const QString& text) { return text.toLocal8Bit().toStdString(); }
 
 const QString kStartCaption = QStringLiteral("Start#");
 
@@ -116,7 +111,7 @@ class FramePaced : public UserInterface {
 }  // namespace
 
 SortForm::SortForm(Random& rng, UserInterface& ui, const std::string& appFolder, QWidget* parent)
-    : QDialog(parent), rng_(rng), ui_(ui), appFolder_(Q(appFolder)) {
+    : QDialog(parent), rng_(rng), ui_(ui), appFolder_(QText(appFolder)) {
   setObjectName(QStringLiteral("SortForm"));
   setWindowTitle(QStringLiteral("Sort Puzzle File"));
   frames_ = {Frame("Frame4", "Source Puzzles File", "File name of the source puzzles", this),
@@ -179,12 +174,12 @@ SortForm::SortForm(Random& rng, UserInterface& ui, const std::string& appFolder,
 }
 
 void SortForm::Activate(const std::string& sourceFile) {
-  gf2_->SetText(Q(sourceFile));
-  Propose(Q(sourceFile));
+  gf2_->SetText(QText(sourceFile));
+  Propose(QText(sourceFile));
 }
 
 void SortForm::Propose(const QString& source) {
-  const QString proposed = Q(SortedOutputName(S(source)));
+  const QString proposed = QText(SortedOutputName(S(source)));
   if (proposed.isEmpty()) return;
   gf1_->SetText(proposed);
   gf1_->setToolTip(proposed);
@@ -238,7 +233,7 @@ void SortForm::Sort() {
   SortPuzzleFile(settings, rng_, ui, [&count](long long n) { count = n; });
   Hold(false);
   check1_->setChecked(settings.resequence);
-  text3_->setText(Q(settings.start));
+  text3_->setText(QText(settings.start));
   label1_->setText(kStartCaption);
 }
 

@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include "controls/ui/fndialog.h"
+#include "controls/ui/local_text.h"
 #include "files/file_commands.h"
 #include "files/puzzle_file.h"
 #include "model/text.h"
@@ -22,11 +23,6 @@
 
 namespace velmora {
 namespace {
-
-QString Q(const std::string& text) {
-  return QString::fromLocal8Bit(text.data(), static_cast<qsizetype>(text.size()));
-}
-std::string S(const QString& text) { return text.toLocal8Bit().toStdString(); }
 
 QGroupBox* Group(const QString& objectName, const QString& title, const QString& tip, QWidget* parent) {
   auto* box = new QGroupBox(title, parent);
@@ -144,8 +140,8 @@ void Form5::BuildPrinterList() {
 
 std::string Form5::Ask(UserInterface& ui, const std::string& file, const std::string& appFolder) {
   ui_ = &ui;
-  fileNow_->setText(Q(file));
-  appFolder_ = Q(appFolder);
+  fileNow_->setText(QText(file));
+  appFolder_ = QText(appFolder);
   answer_.clear();
   combo1_->setCurrentText(currentPrinter_);
   exec();
@@ -154,7 +150,7 @@ std::string Form5::Ask(UserInterface& ui, const std::string& file, const std::st
 }
 
 void Form5::showEvent(QShowEvent* event) {
-  text2_->setText(Q(NumText(CountPuzzles(S(fileNow_->text())))));
+  text2_->setText(QText(NumText(CountPuzzles(S(fileNow_->text())))));
   QDialog::showEvent(event);
 }
 

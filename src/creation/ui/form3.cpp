@@ -12,20 +12,12 @@
 #include <QVBoxLayout>
 
 #include "controls/ui/fndialog.h"
+#include "controls/ui/frames.h"
 #include "controls/ui/local_text.h"
 #include "files/file_commands.h"
 #include "model/text.h"
 
 namespace velmora {
-namespace {
-
-QGroupBox* Group(const QString& objectName, const QString& title, QWidget* parent) {
-  auto* box = new QGroupBox(title, parent);
-  box->setObjectName(objectName);
-  return box;
-}
-
-}  // namespace
 
 Form3::Form3(QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("Form3"));
@@ -46,7 +38,7 @@ Form3::Form3(QWidget* parent) : QDialog(parent) {
 }
 
 QWidget* Form3::BuildCountFrame(const Form3Values& start) {
-  auto* frame1 = Group(QStringLiteral("Frame1"), QStringLiteral("# of Puzzles"), this);
+  auto* frame1 = Frame(QStringLiteral("Frame1"), QStringLiteral("# of Puzzles"), {}, this);
   text1_ = new QLineEdit(QText(start.Text1), frame1);
   text1_->setObjectName(QStringLiteral("Text1"));
   text1_->setToolTip(QStringLiteral("Enter number of puzzles to be saved to output file"));
@@ -58,7 +50,7 @@ QWidget* Form3::BuildCountFrame(const Form3Values& start) {
 }
 
 QWidget* Form3::BuildDisplayOnlyFrame(const Form3Values& start) {
-  auto* frame2 = Group(QStringLiteral("Frame2"), QStringLiteral("Single Puzzle"), this);
+  auto* frame2 = Frame(QStringLiteral("Frame2"), QStringLiteral("Single Puzzle"), {}, this);
   check1_ = new QCheckBox(QStringLiteral("Display only"), frame2);
   check1_->setObjectName(QStringLiteral("Check1"));
   check1_->setToolTip(QStringLiteral("Click if one new puzzle to be displayed only"));
@@ -70,7 +62,7 @@ QWidget* Form3::BuildDisplayOnlyFrame(const Form3Values& start) {
 }
 
 QWidget* Form3::BuildFileFrame() {
-  auto* inFileFrame = Group(QStringLiteral("InFileFrame"), QStringLiteral("Output File"), this);
+  auto* inFileFrame = Frame(QStringLiteral("InFileFrame"), QStringLiteral("Output File"), {}, this);
   fileNow_ = new FNDialog(inFileFrame);
   fileNow_->setObjectName(QStringLiteral("FileNow"));
   fileNow_->setToolTip(QStringLiteral("New Puzzles will be stored in this file"));
@@ -81,7 +73,7 @@ QWidget* Form3::BuildFileFrame() {
 }
 
 QWidget* Form3::BuildTitleFrame(const Form3Values& start) {
-  auto* frame4 = Group(QStringLiteral("Frame4"), QStringLiteral("Puzzle Title"), this);
+  auto* frame4 = Frame(QStringLiteral("Frame4"), QStringLiteral("Puzzle Title"), {}, this);
   text4_ = new QLineEdit(QText(start.Text4), frame4);
   text4_->setObjectName(QStringLiteral("Text4"));
   auto* frame4Layout = new QHBoxLayout(frame4);
@@ -90,7 +82,7 @@ QWidget* Form3::BuildTitleFrame(const Form3Values& start) {
 }
 
 QWidget* Form3::BuildLevelFrame(const Form3Values& start) {
-  auto* frame5 = Group(QStringLiteral("Frame5"), QStringLiteral("Difficulty Level"), this);
+  auto* frame5 = Frame(QStringLiteral("Frame5"), QStringLiteral("Difficulty Level"), {}, this);
   auto* frame5Layout = new QHBoxLayout(frame5);
   // Shown Random first, as the level One Puzzle uses.
   for (const int level : {kLevelRandom, kLevelEasy, kLevelHard, kLevelVHard}) {

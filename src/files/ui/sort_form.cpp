@@ -17,6 +17,7 @@
 #include <utility>
 
 #include "controls/ui/fndialog.h"
+#include "controls/ui/frames.h"
 #include "controls/ui/local_text.h"
 #include "files/file_commands.h"
 
@@ -24,13 +25,6 @@ namespace velmora {
 namespace {
 
 const QString kStartCaption = QStringLiteral("Start#");
-
-QGroupBox* Frame(const char* name, const char* title, const char* tip, QWidget* parent) {
-  auto* box = new QGroupBox(QString::fromLatin1(title), parent);
-  box->setObjectName(QString::fromLatin1(name));
-  box->setToolTip(QString::fromLatin1(tip));
-  return box;
-}
 
 // A file-name box filling its frame; its text field takes the name the
 // dialog knows it by.

@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include "controls/ui/fndialog.h"
+#include "controls/ui/frames.h"
 #include "controls/ui/local_text.h"
 #include "files/file_commands.h"
 #include "files/puzzle_file.h"
@@ -22,28 +23,12 @@
 #include "printing/print_commands.h"
 
 namespace velmora {
-namespace {
-
-QGroupBox* Group(const QString& objectName, const QString& title, const QString& tip, QWidget* parent) {
-  auto* box = new QGroupBox(title, parent);
-  box->setObjectName(objectName);
-  box->setToolTip(tip);
-  return box;
-}
-
-template <typename T>
-T* Named(T* widget, const QString& objectName) {
-  widget->setObjectName(objectName);
-  return widget;
-}
-
-}  // namespace
 
 Form5::Form5(QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("Form5"));
   setWindowTitle(QStringLiteral("Print Puzzles From File"));
 
-  auto* frame5 = Group(QStringLiteral("Frame5"), QStringLiteral("Printer"),
+  auto* frame5 = Frame(QStringLiteral("Frame5"), QStringLiteral("Printer"),
                        QStringLiteral("Select a printer for output"), this);
   combo1_ = Named(new QComboBox(frame5), QStringLiteral("Combo1"));
   (new QHBoxLayout(frame5))->addWidget(combo1_);
@@ -78,7 +63,7 @@ Form5::Form5(QWidget* parent) : QDialog(parent) {
 }
 
 QWidget* Form5::BuildFileFrame() {
-  auto* inFileFrame = Group(QStringLiteral("InFileFrame"), QStringLiteral("Puzzles File"),
+  auto* inFileFrame = Frame(QStringLiteral("InFileFrame"), QStringLiteral("Puzzles File"),
                             QStringLiteral("Puzzles to be printed are stored in this file"), this);
   fileNow_ = Named(new QLineEdit(inFileFrame), QStringLiteral("FileNow"));
   fileNow_->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('x')) * 48);
@@ -92,7 +77,7 @@ QWidget* Form5::BuildFileFrame() {
 }
 
 QWidget* Form5::BuildRangeFrame() {
-  auto* frame1 = Group(QStringLiteral("Frame1"), QStringLiteral("Number of Puzzles to Print"),
+  auto* frame1 = Frame(QStringLiteral("Frame1"), QStringLiteral("Number of Puzzles to Print"),
                        QStringLiteral("Specify start and end puzzle numbers"), this);
   text1_ = Named(new QLineEdit(QStringLiteral("1"), frame1), QStringLiteral("Text1"));
   text2_ = Named(new QLineEdit(QStringLiteral("1"), frame1), QStringLiteral("Text2"));
@@ -107,7 +92,7 @@ QWidget* Form5::BuildRangeFrame() {
 }
 
 QWidget* Form5::BuildSolutionFrame() {
-  auto* frame2 = Group(QStringLiteral("Frame2"), QStringLiteral("Print Solution"),
+  auto* frame2 = Frame(QStringLiteral("Frame2"), QStringLiteral("Print Solution"),
                        QStringLiteral("Print solution if it exists in file"), this);
   check1_ = Named(new QCheckBox(QStringLiteral("Yes"), frame2), QStringLiteral("Check1"));
   (new QHBoxLayout(frame2))->addWidget(check1_);
@@ -116,7 +101,7 @@ QWidget* Form5::BuildSolutionFrame() {
 
 QWidget* Form5::BuildPerPageFrame() {
   // The layout follows the solution choice alone, so this frame stays hidden.
-  auto* frame3 = Group(QStringLiteral("Frame3"), QStringLiteral("Puzzles per page"),
+  auto* frame3 = Frame(QStringLiteral("Frame3"), QStringLiteral("Puzzles per page"),
                        QStringLiteral("Puzzle per page"), this);
   auto* frame3Layout = new QHBoxLayout(frame3);
   const QString perPage[3] = {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("4")};

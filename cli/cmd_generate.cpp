@@ -212,17 +212,15 @@ int RunGenerate(const std::vector<std::string>& args) {
   if (const int bad = ParseGenerate(kGenerate, args, o, true); bad != 0) return bad;
   // Locked for the whole run: the records are numbered from the count taken here.
   LockedFile file(o.file, true);
-  LineReader existing(file.path());
-  const int base = CountPuzzles(existing);
-  if (!file.ok() || existing.error() != 0) {
+  int error = file.error();
+  // A new file is made by the first record written.
+  const int base = file.Exists() ? CountPuzzles(file.path(), &error) : 0;
+  if (!file.ok() || error != 0) {
     std::fprintf(stderr, "velmora-cli generate: cannot write to %s: %s\n", o.file.c_str(),
-                 FileErrorText(file.ok() ? existing.error() : file.error()).c_str());
+                 FileErrorText(error).c_str());
     return 1;
   }
-  if (o.count > 2147483647LL - base) {
-    file.RemoveIfCreated();
-    return UsageError(kGenerate, "--count is too large for the record numbers");
-  }
+  if (o.count > 2147483647LL - base) return UsageError(kGenerate, "--count is too large for the record numbers");
   const int jobs = o.jobs > 0 ? o.jobs : static_cast<int>(std::max(1u, std::thread::hardware_concurrency()));
   std::signal(SIGINT, OnInterrupt);
   GenerateRun run(o, file, base);
@@ -235,6 +233,7 @@ int RunGenerate(const std::vector<std::string>& args) {
   // A full disk or another write error: the run adds nothing, so the file is
   // exactly what it was before the command.
   if (run.failed() && file.CutBack(before)) written = 0;
+  if (written == 0) file.RemoveIfCreated();
   std::signal(SIGINT, SIG_DFL);
   std::printf("%s new puzzles added to file:\n%s\n", Str(static_cast<long long>(written)).c_str(),
               o.file.c_str());

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "files/puzzle_file.h"
+#include "files/text_file.h"
 #include "model/text.h"
 #include "printing/print_commands.h"
 #include "printing/ui/page_painter.h"
@@ -40,13 +41,16 @@ class PdfPrintJobs : public PrintJobs {
   PdfPrintJobs(std::string answer, std::string out, QPageSize paper)
       : answer_(std::move(answer)), out_(std::move(out)), paper_(std::move(paper)) {}
   std::string AskPrintFile(const std::string&) override { return answer_; }
-  PrintSurface* StartJob() override {
+  PrintSurface* StartJob(const std::string&) override {
     job_ = std::make_unique<PdfJob>(paper_, strip_);
     return &job_->Surface();
   }
+  // A run that printed nothing says so instead of "Done": an older file of
+  // that name must not pass for its result.
   std::string EndJob() override {
-    failed_ = !job_->Save(out_);
-    return failed_ ? kPdfWriteError + out_ : "";
+    failed_ = !job_->Save(out_) || job_->Pages() == 0;
+    if (!failed_) return "";
+    return job_->Pages() == 0 ? "Nothing to print: " + out_ + " was not written" : kPdfWriteError + out_;
   }
   bool Failed() const { return failed_; }
 
@@ -106,6 +110,11 @@ std::unique_ptr<QGuiApplication> PageApplication() {
   return std::make_unique<QGuiApplication>(argc, argv);
 }
 
+int Failure(const std::string& text) {
+  std::fprintf(stderr, "velmora-cli print: %s\n", text.c_str());
+  return 1;
+}
+
 int PrintCurrent(const PrintArgs& a, PdfPrintJobs& jobs, PrintUi& ui) {
   GameState s;
   std::string title;
@@ -125,6 +134,11 @@ int PrintCurrent(const PrintArgs& a, PdfPrintJobs& jobs, PrintUi& ui) {
 int RunPrint(const std::vector<std::string>& args) {
   PrintArgs a;
   if (const std::string problem = Parse(args, a); !problem.empty()) return UsageError(kPrint, problem);
+  // A damaged file is not printed as if its records before the damage were all.
+  int error = 0;
+  CountPuzzles(a.file, &error);
+  if (error != 0) return Failure("cannot read " + a.file + ": " + FileErrorText(error));
+  if (SameFile(a.file, a.pdf)) return Failure(kSameFileText);
   const auto app = PageApplication();
   const QPageSize paper(a.paper == "letter" ? QPageSize::Letter : QPageSize::A4);
   PrintUi ui;

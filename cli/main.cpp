@@ -4,6 +4,8 @@
 #include <csignal>
 #include <cstdio>
 #include <cstring>
+#include <exception>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -82,7 +84,14 @@ int main(int argc, char** argv) {
       std::printf("usage: velmora-cli %s\n%s\n", c.usage, c.summary);
       return Finish(0);
     }
-    return Finish(c.run(rest));
+    try {
+      return Finish(c.run(rest));
+    } catch (const std::bad_alloc&) {  // said, not a crash; every file is whole or untouched
+      std::fprintf(stderr, "velmora-cli %s: out of memory\n", c.name);
+    } catch (const std::exception& e) {
+      std::fprintf(stderr, "velmora-cli %s: %s\n", c.name, e.what());
+    }
+    return Finish(1);
   }
   std::fprintf(stderr, "velmora-cli: unknown command '%s' (see velmora-cli --help)\n", args[0].c_str());
   return kUsageError;

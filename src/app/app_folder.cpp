@@ -79,7 +79,8 @@ void CopyIfMissing(const std::string& from, const std::string& folder, const std
 
 std::string PerUserFolder() {
   std::string base = Env("XDG_DATA_HOME");
-  if (base.empty()) base = CleanHome(Env("HOME")) + "/.local/share";
+  // Only an absolute path counts; a relative one would follow the folder the program starts in.
+  if (base.empty() || base[0] != '/') base = CleanHome(Env("HOME")) + "/.local/share";
   return base + "/" + kApplicationName + "/";
 }
 

@@ -12,6 +12,8 @@ namespace velmora {
 namespace {
 
 constexpr int kSchemeLines = 13;
+// Some hundred bytes a scheme: a file far longer is damaged and is not read.
+constexpr long long kMaxSchemeFileBytes = 16 << 20;
 
 // A field's numeric value (text that is no number counts 0), kept to 0..255.
 int Channel(std::string_view field) {
@@ -36,7 +38,7 @@ std::string ColorLine(uint32_t color) {
 }
 
 bool ReadLines(const std::string& path, std::vector<std::string>& lines) {
-  LineReader reader(path);
+  LineReader reader(path, kMaxSchemeFileBytes);
   if (!reader.IsOpen()) return false;
   std::string line;
   while (reader.ReadLine(line)) lines.push_back(line);
@@ -55,7 +57,7 @@ size_t OldColorLines(const std::vector<std::string>& lines, size_t i) {
 // whose lock the caller holds since it read the file.
 bool Rewrite(LockedFile& schemeFile, const std::string& workFile, const std::vector<std::string>& lines) {
   const std::string text = JoinLines(lines);
-  return WriteFileAtomically(workFile, text) && schemeFile.Replace(text);
+  return schemeFile.Replaceable() && WriteWorkFile(workFile, text) && schemeFile.Replace(text);
 }
 
 }  // namespace
@@ -79,7 +81,7 @@ SchemeColors EffectiveColors(const SchemeColors& scheme, const std::string& name
 }
 
 bool ReadColorScheme(GameState& s, UserInterface& ui, const std::string& name) {
-  LineReader reader(s.AppFolder + kSchemeFileName);
+  LineReader reader(s.AppFolder + kSchemeFileName, kMaxSchemeFileBytes);
   std::string line;
   bool found = false;
   while (!found && reader.ReadLine(line)) found = line == name;
@@ -99,7 +101,7 @@ bool ReadColorScheme(GameState& s, UserInterface& ui, const std::string& name) {
 
 std::vector<std::string> SchemeNames(const std::string& schemeFile) {
   std::vector<std::string> names;
-  LineReader reader(schemeFile);
+  LineReader reader(schemeFile, kMaxSchemeFileBytes);
   std::string line;
   while (reader.ReadLine(line)) {
     const size_t at = line.find(".col");
@@ -119,11 +121,14 @@ bool AppendScheme(const std::string& schemeFile, const std::string& name, const 
   return AppendToFile(schemeFile, JoinLines(SchemeLines(name, colors)));
 }
 
-bool ReplaceScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine,
-                   const SchemeColors& colors) {
+bool IsSchemeName(const std::string& name) { return ToLower(name).find(".col") == std::string::npos; }
+
+SchemeEdit ReplaceScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine,
+                         const SchemeColors& colors) {
   LockedFile locked(schemeFile, false);
   std::vector<std::string> old;
-  if (!locked.ok() || !ReadLines(locked.path(), old)) return false;
+  if (!locked.ok() || !ReadLines(locked.path(), old)) return SchemeEdit::kFileError;
+  if (std::find(old.begin(), old.end(), nameLine) == old.end()) return SchemeEdit::kNotFound;
   std::vector<std::string> out;
   for (size_t i = 0; i < old.size(); ++i) {
     out.push_back(old[i]);
@@ -131,13 +136,14 @@ bool ReplaceScheme(const std::string& schemeFile, const std::string& workFile, c
     for (const uint32_t c : colors) out.push_back(ColorLine(c));
     i += OldColorLines(old, i);
   }
-  return Rewrite(locked, workFile, out);
+  return Rewrite(locked, workFile, out) ? SchemeEdit::kDone : SchemeEdit::kFileError;
 }
 
-bool DeleteScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine) {
+SchemeEdit DeleteScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine) {
   LockedFile locked(schemeFile, false);
   std::vector<std::string> old;
-  if (!locked.ok() || !ReadLines(locked.path(), old)) return false;
+  if (!locked.ok() || !ReadLines(locked.path(), old)) return SchemeEdit::kFileError;
+  if (std::find(old.begin(), old.end(), nameLine) == old.end()) return SchemeEdit::kNotFound;
   std::vector<std::string> out;
   for (size_t i = 0; i < old.size(); ++i) {
     if (old[i] == nameLine) {
@@ -146,7 +152,7 @@ bool DeleteScheme(const std::string& schemeFile, const std::string& workFile, co
       out.push_back(old[i]);
     }
   }
-  return Rewrite(locked, workFile, out);
+  return Rewrite(locked, workFile, out) ? SchemeEdit::kDone : SchemeEdit::kFileError;
 }
 
 }  // namespace velmora

@@ -53,11 +53,17 @@ std::vector<std::string> SchemeLines(const std::string& name, const SchemeColors
 // by writing the whole file anew; false on a file error.
 bool AppendScheme(const std::string& schemeFile, const std::string& name, const SchemeColors& colors);
 
+// Whether a name can be written as a scheme of its own: a name holding
+// ".col" would be listed cut short at it, and could never be found again.
+bool IsSchemeName(const std::string& name);
+
 // Rewrites the file through the work file with the 13 colour lines after
 // `nameLine` replaced (ReplaceScheme) or the scheme left out (DeleteScheme).
 // A short scheme loses only its own lines, never the next scheme's name.
-bool ReplaceScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine,
-                   const SchemeColors& colors);
-bool DeleteScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine);
+// A file without `nameLine` is left as it is.
+enum class SchemeEdit { kDone, kNotFound, kFileError };
+SchemeEdit ReplaceScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine,
+                         const SchemeColors& colors);
+SchemeEdit DeleteScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine);
 
 }  // namespace velmora

@@ -17,6 +17,13 @@ std::string WorkFile(const GameState& s) { return s.AppFolder + kSchemeWorkFileN
 // The file's path on a line of its own says which file failed.
 std::string FileError(const char* text, const GameState& s) { return text + std::string(kNewLine) + SchemeFile(s); }
 
+// Says why a replacement or deletion did not happen.
+bool Edited(UserInterface& ui, const std::string& name, const GameState& s, SchemeEdit edit) {
+  if (edit == SchemeEdit::kNotFound) ui.ShowMessage("Color Scheme: " + name + " not found");
+  if (edit == SchemeEdit::kFileError) ui.ShowMessage(FileError("Error in updating Color Scheme:", s));
+  return edit == SchemeEdit::kDone;
+}
+
 int Brightness(uint32_t c) { return (RedOf(c) * 299 + GreenOf(c) * 587 + BlueOf(c) * 114) / 1000; }
 
 }  // namespace
@@ -42,6 +49,10 @@ bool AddSch(GameState& s, UserInterface& ui, SchemeListBox& list) {
     ui.ShowMessage("Color Scheme: " + name + " already exists");
     return false;
   }
+  if (!IsSchemeName(name)) {
+    ui.ShowMessage("Color Scheme: " + name + " not added: a name cannot hold \".col\"");
+    return false;
+  }
   if (!AppendScheme(SchemeFile(s), name, s.Scheme)) {
     ui.ShowMessage(FileError("Error in adding Color Scheme:", s));
     return false;
@@ -58,10 +69,7 @@ bool RepSch(GameState& s, UserInterface& ui, const SchemeListBox& list) {
   }
   const std::string& name = list.Selected();
   if (!ui.AskYesNo("Replace color scheme: " + name)) return false;
-  if (!ReplaceScheme(SchemeFile(s), WorkFile(s), name + ".col", s.Scheme)) {
-    ui.ShowMessage(FileError("Error in updating Color Scheme:", s));
-    return false;
-  }
+  if (!Edited(ui, name, s, ReplaceScheme(SchemeFile(s), WorkFile(s), name + ".col", s.Scheme))) return false;
   ui.ShowMessage("Color Scheme: " + name + " replaced");
   return true;
 }
@@ -77,10 +85,7 @@ bool DelSch(GameState& s, UserInterface& ui, SchemeListBox& list) {
     ui.ShowMessage("Cannot delete currently active Color Scheme");
     return false;
   }
-  if (!DeleteScheme(SchemeFile(s), WorkFile(s), name + ".col")) {
-    ui.ShowMessage(FileError("Error in updating Color Scheme:", s));
-    return false;
-  }
+  if (!Edited(ui, name, s, DeleteScheme(SchemeFile(s), WorkFile(s), name + ".col"))) return false;
   FillSchemeList(s, list);
   ui.ShowMessage("Color Scheme: " + name + " deleted");
   return true;

@@ -65,6 +65,9 @@ class FieldReader {
 
 std::string ConfigPath(const GameState& s) { return s.AppFolder + kConfigFileName; }
 
+// Four short lines; a file far longer is damaged, and is not read into memory.
+constexpr long long kMaxConfigBytes = 64 * 1024;
+
 std::string AccessMessage(const std::string& path, const char* consequence) {
   return std::string("Configuration file:") + kNewLine + path + kNewLine + consequence;
 }
@@ -103,14 +106,14 @@ std::string ConfiguredSchemeName(const std::string& appFolder) {
   GameState s;
   s.AppFolder = appFolder;
   std::string contents;
-  if (ReadWholeFile(ConfigPath(s), contents) && ParseConfig(std::move(contents), s)) return s.ColorSchemeName;
+  if (ReadWholeFile(ConfigPath(s), contents, nullptr, kMaxConfigBytes) && ParseConfig(std::move(contents), s)) return s.ColorSchemeName;
   return "default.col";
 }
 
 void ReadcfgFile(GameState& s, UserInterface& ui) {
   const std::string path = ConfigPath(s);
   std::string contents;
-  if (ReadWholeFile(path, contents) && ParseConfig(std::move(contents), s)) return;
+  if (ReadWholeFile(path, contents, nullptr, kMaxConfigBytes) && ParseConfig(std::move(contents), s)) return;
   ui.ShowMessage(AccessMessage(path, "could not be accessed, new file will be created"));
   s.ColorSchemeName = "default.col";
   // A file that cannot be created is noticed again at the next save.

@@ -174,8 +174,8 @@ void mnudelete(GameState& s, UserInterface& ui) {
   // The new contents are complete before anything is replaced, and the file
   // itself is swapped in one rename: a crash leaves the old or the new file.
   std::string contents;
-  if (!locked.ok() || !FileWithoutRecord(locked.path(), n, contents) ||
-      !WriteFileAtomically(kDeleteWorkFile, contents) || !locked.Replace(contents)) {
+  if (!locked.ok() || !locked.Replaceable() || !FileWithoutRecord(locked.path(), n, contents) ||
+      !WriteWorkFile(kDeleteWorkFile, contents) || !locked.Replace(contents)) {
     ui.ShowMessage(std::string("Error saving to file:") + kNewLine + file);
     return;
   }

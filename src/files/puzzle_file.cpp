@@ -1,6 +1,7 @@
 // Reading and writing puzzle records.
 #include "files/puzzle_file.h"
 
+#include <cerrno>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -44,6 +45,7 @@ int32_t SizeField(const std::string& field) {
 // and a failed load when it ends between a header and its title.
 bool SeekRecord(LineReader& reader, int n, std::string& title) {
   const auto index = IndexRecords(reader);
+  if (!index->complete) throw LoadError{};
   const auto& titles = index->titles;
   if (n >= 1 && static_cast<size_t>(n) <= titles.size()) {
     if (!reader.Seek(titles[static_cast<size_t>(n) - 1])) throw LoadError{};
@@ -59,9 +61,12 @@ bool SeekRecord(LineReader& reader, int n, std::string& title) {
 
 }  // namespace
 
-int CountPuzzles(const std::string& file) {
+int CountPuzzles(const std::string& file, int* error) {
   LineReader reader(file);
-  return reader.IsOpen() ? IndexRecords(reader)->headerLines : 0;
+  const auto index = reader.IsOpen() ? IndexRecords(reader) : nullptr;
+  const bool whole = index && index->complete;
+  if (error) *error = whole ? 0 : (reader.error() != 0 ? reader.error() : EIO);
+  return whole ? index->headerLines : 0;
 }
 
 int CountPuzzles(LineReader& reader) {
@@ -187,14 +192,14 @@ bool WritePuzzleRecord(const GameState& s, const std::string& file, int number, 
 int AppendPuzzleRecord(const GameState& s, const std::string& file, const std::string& title) {
   LockedFile locked(file, true);
   const FileStamp before = locked.Stamp();
-  const int n = locked.ok() ? CountPuzzles(locked.path()) + 1 : 0;
+  // A damaged file has no count to number the record from.
+  int error = 0;
+  const int count = locked.Exists() ? CountPuzzles(locked.path(), &error) : 0;
+  const int n = locked.ok() && error == 0 ? count + 1 : 0;
   const std::string text = n > 0 ? PuzzleRecordText(s, n, title) : std::string();
-  if (!text.empty() && locked.Append(text)) {
-    IndexAppended(before, locked.Stamp(), text);
-    return n;
-  }
-  locked.RemoveIfCreated();
-  return 0;
+  if (text.empty() || !locked.Append(text)) return 0;
+  IndexAppended(before, locked.Stamp(), text);
+  return n;
 }
 
 std::string TitleLine(const std::string& title) {

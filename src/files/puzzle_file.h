@@ -9,8 +9,10 @@
 
 namespace velmora {
 
-// Lines beginning with "#"; 0 for a missing or unreadable file.
-int CountPuzzles(const std::string& file);
+// Lines beginning with "#"; 0 for a missing or unreadable file, and for a
+// damaged one (a line over 1 MiB stops the reading): its records are not shown
+// as if the records before the damage were all. `error` tells which.
+int CountPuzzles(const std::string& file, int* error = nullptr);
 // The same from the reader's position on; reader.error() tells a damaged file.
 int CountPuzzles(LineReader& reader);
 
@@ -20,8 +22,9 @@ int CountPuzzles(LineReader& reader);
 int FindPuzzleHeader(LineReader& reader, int n, int& number);
 
 // Loads record n (1-based ordinal) into the grids and shows it. Returns
-// notFound: 0 when loaded, 1 when there is no such record or reading failed;
-// what a failed load already wrote into the state stays.
+// notFound: 0 when loaded, 1 when there is no such record or reading failed
+// (a damaged file, as CountPuzzles tells, loads no record at all); what a
+// failed load already wrote into the state stays.
 int LoadPuzzle(GameState& s, UserInterface& ui, const std::string& file, int n, std::string& title,
                int drawFlag);
 

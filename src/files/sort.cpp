@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <exception>
-#include <filesystem>
 #include <string_view>
 #include <vector>
 
@@ -209,18 +208,14 @@ bool OutputText(SortSettings& settings, const SortBuffer& items, UserInterface& 
   return true;
 }
 
-bool SameFile(const std::string& a, const std::string& b) {
-  std::error_code ec;
-  return std::filesystem::equivalent(a, b, ec) && !ec;
-}
-
 const char* Refusal(const SortSettings& settings) {
   if (Trim(settings.output).empty()) return "Specify output file name";
   if (!FileExists(settings.source)) return "Input file does not exist";
   // Two spellings of one file would also overwrite the source.
-  if (ToLower(settings.source) == ToLower(settings.output) || SameFile(settings.source, settings.output))
-    return "Input and output files cannot be same";
-  if (CountPuzzles(settings.source) == 0) return "There are no puzzles in this file";
+  if (SameFile(settings.source, settings.output)) return "Input and output files cannot be same";
+  // A damaged file fails in the reading, with the message of a failed sort.
+  int error = 0;
+  if (CountPuzzles(settings.source, &error) == 0 && error == 0) return "There are no puzzles in this file";
   return nullptr;
 }
 

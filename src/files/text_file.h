@@ -12,6 +12,10 @@ namespace velmora {
 inline constexpr int kFileInUse = -1;       // another program holds the file's lock
 inline constexpr int kNotRegularFile = -2;  // a device, a pipe or a folder
 inline constexpr int kLineTooLong = -3;     // a line longer than kMaxLineLength
+inline constexpr int kFileTooLong = -4;     // longer than its reader allows
+inline constexpr int kOtherOwner = -5;      // a replacement could not keep the file's owner
+inline constexpr int kHardLinked = -6;      // a replacement would split the file's other names from it
+inline constexpr int kForeignLink = -7;     // a link another user put in a shared folder
 // No line the program writes comes near this; a longer one is damage (or a
 // file that never ends) and stops the reading.
 inline constexpr size_t kMaxLineLength = size_t{1} << 20;
@@ -30,7 +34,8 @@ struct FileStamp {
 // Reads regular files only; a device, a pipe or a folder does not open.
 class LineReader {
  public:
-  explicit LineReader(const std::string& path);
+  // A file longer than `maxBytes` (when given) stops the reading with kFileTooLong.
+  explicit LineReader(const std::string& path, long long maxBytes = -1);
   ~LineReader();
   LineReader(const LineReader&) = delete;
   LineReader& operator=(const LineReader&) = delete;
@@ -52,6 +57,7 @@ class LineReader {
 
   int fd_ = -1;
   int error_ = 0;
+  long long maxBytes_ = -1;
   std::string buffer_;
   size_t pos_ = 0;
   long long start_ = 0;  // the file offset of buffer_[0]
@@ -61,21 +67,29 @@ class LineReader {
 // An advisory lock (flock) on the real file behind a path, for a whole
 // read-modify-write. The system drops it when the process ends, however it
 // ends, so it is never left stuck. A second writer waits a short time, then
-// gets kFileInUse.
+// gets kFileInUse. Only a file the user may write is opened (kept read-only
+// files stay as they are), and a link another user put into a shared folder
+// (sticky and world-writable, like /tmp) is not followed.
 class LockedFile {
  public:
-  // With `create`, a missing file is made (empty) so that it can be locked.
+  // With `create`, a missing file is no error: the first Replace or Append
+  // makes it whole, so a crash before that leaves no file at all.
   LockedFile(const std::string& path, bool create);
   ~LockedFile();
   LockedFile(const LockedFile&) = delete;
   LockedFile& operator=(const LockedFile&) = delete;
 
-  bool ok() const { return fd_ >= 0; }
+  bool ok() const { return fd_ >= 0 || absent_; }
+  // False while a missing file has not been made yet.
+  bool Exists() const { return fd_ >= 0; }
   int error() const { return error_; }
   // The locked file's version; size -1 when it has none.
   FileStamp Stamp() const;
   // The real file: symbolic links followed.
   const std::string& path() const { return real_; }
+  // Whether Replace may swap the file: it keeps its owner and its other
+  // names (hard links), else kOtherOwner or kHardLinked.
+  bool Replaceable();
   // Replaces the contents through a nameless temporary file beside the real
   // file that is renamed over it at the end; keeps the file's permissions.
   bool Replace(const std::string& contents);
@@ -84,7 +98,7 @@ class LockedFile {
   // Appends whole or not at all: on any error the file is cut back to its
   // length before. A last line without its line end gets one first.
   bool Append(const std::string& contents);
-  // The file was made by this lock and nothing was written yet: remove it.
+  // The file was made by this lock and is empty again: remove it.
   void RemoveIfCreated();
   // Length in bytes (-1 when it cannot be measured), and cutting the file back
   // to a length it had, for a run of appends that must land whole or not at all.
@@ -93,24 +107,35 @@ class LockedFile {
 
  private:
   bool Fail(int error);
+  bool Create(const std::string& contents);
 
   std::string real_;
   FileStamp replaced_;
   int fd_ = -1;
   int error_ = 0;
-  bool created_ = false;
+  bool absent_ = false;   // missing, to be made by the first write
+  bool created_ = false;  // made by this lock
 };
 
 // Replaces a file's contents under its lock (see LockedFile::Replace); a
-// crash leaves either the old or the new contents, never a temporary file.
+// crash leaves either the old or the new contents (or, for a new file, none),
+// never a temporary file.
 bool WriteFileAtomically(const std::string& path, const std::string& contents, int* error = nullptr);
 // Appends under the file's lock, whole or not at all (see LockedFile::Append).
 bool AppendToFile(const std::string& path, const std::string& contents, int* error = nullptr);
-// Regular files only.
-bool ReadWholeFile(const std::string& path, std::string& contents, int* error = nullptr);
+// A work file the program leaves behind (velmora.tmp, newall.cox): written
+// whole under its own name, never through a link, nor over a file that is
+// not the user's own plain file.
+bool WriteWorkFile(const std::string& path, const std::string& contents, int* error = nullptr);
+// Regular files only; one longer than `maxBytes` is refused with kFileTooLong.
+bool ReadWholeFile(const std::string& path, std::string& contents, int* error = nullptr,
+                   long long maxBytes = -1);
 bool FileExists(const std::string& path);
 // Size in bytes, or -1 when the file cannot be measured.
 long long FileLength(const std::string& path);
+// Two names of one file: equal ignoring case, or one file behind links, hard
+// links and spellings such as "./".
+bool SameFile(const std::string& a, const std::string& b);
 
 // Lines of a text in CR LF form ("a\r\nb\r\n").
 std::string JoinLines(const std::vector<std::string>& lines);

@@ -47,9 +47,9 @@ int NumberValue(const std::string& text) {
 
 // The Current commands: the question, one page, the end of the job and "Done".
 template <typename Draw>
-void PrintCurrent(UserInterface& ui, PrintJobs& jobs, const char* question, Draw draw) {
+void PrintCurrent(const GameState& s, UserInterface& ui, PrintJobs& jobs, const char* question, Draw draw) {
   if (!ui.AskYesNo(question)) return;
-  PrintSurface* page = jobs.StartJob();
+  PrintSurface* page = jobs.StartJob(s.CurrentPuzzleFile);
   if (!page) return;
   draw(*page);
   const std::string failure = jobs.EndJob();
@@ -158,15 +158,15 @@ void PrintPuzzleAndSolution(const GameState& s, PrintSurface& p) {
 }
 
 void mnuprintcurrentpuz(GameState& s, UserInterface& ui, PrintJobs& jobs) {
-  PrintCurrent(ui, jobs, "Print Current Puzzle?", [&](PrintSurface& p) { PrintCurrentPage(s, p, 0); });
+  PrintCurrent(s, ui, jobs, "Print Current Puzzle?", [&](PrintSurface& p) { PrintCurrentPage(s, p, 0); });
 }
 
 void mnuprintcurrentsol(GameState& s, UserInterface& ui, PrintJobs& jobs) {
-  PrintCurrent(ui, jobs, "Print Current solution?", [&](PrintSurface& p) { PrintCurrentPage(s, p, 1); });
+  PrintCurrent(s, ui, jobs, "Print Current solution?", [&](PrintSurface& p) { PrintCurrentPage(s, p, 1); });
 }
 
 void mnuprintcurrent(GameState& s, UserInterface& ui, PrintJobs& jobs) {
-  PrintCurrent(ui, jobs, "Print Current Puzzle and Solution?",
+  PrintCurrent(s, ui, jobs, "Print Current Puzzle and Solution?",
                [&](PrintSurface& p) { PrintPuzzleAndSolution(s, p); });
 }
 
@@ -203,7 +203,7 @@ void mnuprintfile(GameState& s, UserInterface& ui, PrintJobs& jobs) {
   ui.Yield();
   PrintFileChoice choice;
   if (answer.empty() || answer == "X" || !ParseAnswer(answer, choice)) return;
-  PrintSurface* page = jobs.StartJob();
+  PrintSurface* page = jobs.StartJob(choice.file);
   if (!page) return;
   ui.SetBusy(true);
   const std::string rememberedFile = s.CurrentPuzzleFile;

@@ -13,6 +13,8 @@ inline constexpr int kPrintSymbolSize = 367;
 inline constexpr const char* kPrintFooter = "Velmora Version 1.0";
 // Form5's printer list ends with this item; it asks for a file name instead.
 inline constexpr const char* kPdfPrinterName = "PDF file";
+// A PDF file named as the puzzle file it would be printed from is refused so.
+inline constexpr const char* kSameFileText = "Input and output files cannot be same";
 
 // A printer as the print commands use it: positions in twips from the page's
 // top-left corner, font sizes in points, everything in black.
@@ -35,8 +37,10 @@ class PrintJobs {
   virtual ~PrintJobs() = default;
   // Form5 with `file` in FileNow, run modally; its answer text.
   virtual std::string AskPrintFile(const std::string& file) = 0;
-  // A job on the current printer; nullptr when none was started (a cancelled file dialog).
-  virtual PrintSurface* StartJob() = 0;
+  // A job on the current printer, printing from the puzzle file `source`;
+  // nullptr when none was started (a cancelled file dialog, or a PDF file
+  // that would replace the puzzle file, which is refused).
+  virtual PrintSurface* StartJob(const std::string& source) = 0;
   // Ends the job: the pages go out. "" when done, otherwise what went wrong.
   virtual std::string EndJob() = 0;
 };

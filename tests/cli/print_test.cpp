@@ -30,7 +30,7 @@ TEST(CliPrint, WritesThePagesAskedForOrNoFile) {
       {{"--current", "2", "--what", "solution"}, "0Done\n", {"Pages:           1", "Sol#2:Sample 2"}},
       {{"--from", "0"}, "1Invalid from or to puzzle number\n", {}},
       {{"--current", "4"}, "1not found\n", {}},
-      {{"--from", "3", "--to", "2"}, "0Done\n", {}},
+      {{"--from", "3", "--to", "2"}, "1Nothing to print: " + pdf + " was not written\n", {}},
       {{"--current", "1", "--from", "1"}, "2", {}},
   };
   for (const Case& c : cases) {
@@ -46,6 +46,28 @@ TEST(CliPrint, WritesThePagesAskedForOrNoFile) {
   EXPECT_EQ(RunCli({"print", none, "--pdf", pdf}), "1No puzzles in this file: " + none + "\n");
   EXPECT_EQ(RunCli({"print", sample, "--pdf", lost}), "1Error writing file: " + lost + "\n");
   EXPECT_FALSE(std::filesystem::exists(pdf));
+}
+
+TEST(CliPrint, NeverPrintsOverItsOwnBookNorPrintsADamagedOneAsWhole) {
+  test::TempDir dir;
+  const std::string book = dir.Write("book.vlm", test::Records(3));
+  std::filesystem::create_symlink("book.vlm", dir.File("link.pdf"));
+  std::filesystem::create_hard_link(book, dir.File("hard.pdf"));
+  for (const std::string& out : {book, dir.path() + "/./book.vlm", dir.File("link.pdf"), dir.File("hard.pdf"),
+                                dir.File("BOOK.VLM")}) {
+    const auto r = test::RunCli({"print", book, "--pdf", out, "--current", "2"});
+    EXPECT_EQ(std::to_string(r.exitCode) + r.out + r.err,
+              "1velmora-cli print: Input and output files cannot be same\n")
+        << out;
+  }
+  EXPECT_EQ(dir.Read("book.vlm"), test::Records(3));
+  // A crash left a run of NULs between two records.
+  const std::string damaged =
+      dir.Write("d.vlm", test::Records(2) + std::string(2000000, '\0') + "\r\n" + test::Record(3, "T3"));
+  const auto r = test::RunCli({"print", damaged, "--pdf", dir.File("d.pdf")});
+  EXPECT_EQ(std::to_string(r.exitCode) + r.out + r.err,
+            "1velmora-cli print: cannot read " + damaged + ": a line is longer than 1 MiB\n");
+  EXPECT_FALSE(std::filesystem::exists(dir.File("d.pdf")));
 }
 
 }  // namespace

@@ -244,21 +244,26 @@ TEST_F(Delete, OnePuzzleFileAloneEvenWhenTheCountShownIsStaleAndNoRefused) {
   EXPECT_FALSE(FileExists(work_.File("velmora.tmp")));
 }
 
-TEST_F(Delete, OriginalFileIsIntactWhenTheWorkFileOrTheReplacementCannotBeWritten) {
-  // A name so long that no temporary file fits beside it (this fails for
-  // root too), then a folder where the work file should be.
-  for (const std::string& name : {std::string(250, 'p') + ".vlm", std::string("p.vlm")}) {
-    const std::string file = dir_.Write(name, Records(3));
-    GameState s = Showing(file, 2);
+TEST_F(Delete, WorksOnTheLongestNameAndLeavesTheFileWholeWhenTheWorkFileCannotBeWritten) {
+  const std::string longest = dir_.Write(std::string(251, 'p') + ".vlm", Records(3));
+  GameState s = Showing(longest, 2);
+  mnudelete(s, ui_);
+  EXPECT_EQ(ui_.messages.back() + " " + Shown(s), "Done 1 of 2 T1");
+  // Where the work file should be: a folder, or a link to a file of the user's.
+  const std::string kept = dir_.Write("kept.txt", "not puzzles");
+  for (bool link : {false, true}) {
+    fs::remove_all(work_.File("velmora.tmp"));
+    if (link) fs::create_symlink(kept, work_.File("velmora.tmp"));
+    if (!link) fs::create_directory(work_.File("velmora.tmp"));
+    const std::string file = dir_.Write("p.vlm", Records(3));
+    s = Showing(file, 2);
     mnudelete(s, ui_);
     EXPECT_EQ(ui_.messages.back(), "Error saving to file:\r\n" + file);
-    EXPECT_EQ(dir_.Read(name), Records(3));
+    EXPECT_EQ(dir_.Read("p.vlm") + dir_.Read("kept.txt"), Records(3) + "not puzzles");
     EXPECT_EQ(Shown(s), "2 of 3 T2");
-    fs::remove(work_.File("velmora.tmp"));
-    fs::create_directory(work_.File("velmora.tmp"));
   }
   for (const auto& entry : fs::directory_iterator(dir_.path()))  // no temporary file left
-    EXPECT_EQ(entry.path().extension(), ".vlm");
+    EXPECT_NE(entry.path().filename().string()[0], '.');
 }
 
 // Puzzle files stay whole: full disks, a second writer, links, devices,
@@ -366,7 +371,7 @@ TEST(FileSafety, ACrashWhileReplacingLeavesTheOldFileAndNoTemporaryOne) {
   const std::string file = dir.Write("p.vlm", Records(3));
   EXPECT_FALSE(Limited(100000, true, [&] { return WriteFileAtomically(file, std::string(400000, 'x')); }));
   EXPECT_EQ(dir.Read("p.vlm"), Records(3));
-  dir.Write("p.vlm.velmora-Ab12Cd", "left by a writer that crashed where no nameless file could be made");
+  dir.Write(".p.vlm.velmora-Ab12Cd", "left by a writer that crashed where no nameless file could be made");
   EXPECT_TRUE(WriteFileAtomically(file, Records(2)));
   for (const auto& entry : fs::directory_iterator(dir.path())) EXPECT_EQ(entry.path().filename(), "p.vlm");
 }

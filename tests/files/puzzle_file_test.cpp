@@ -130,11 +130,12 @@ TEST(RecordIndex, LoadsAndCountsAsReadingFromTheTopFreshKeptAndAfterOwnAppends) 
   for (const char* title : {"new 1", "#new 2"}) EXPECT_GT(AppendPuzzleRecord(s, file, title), 0);
   EXPECT_EQ(Loads(file), " 8:#seven|three||t|-| #new 2|-|-|-|-|");
 
-  // An over-long line ends the reading: what follows is neither counted nor loaded.
+  // An over-long line is damage: the records before it are not shown as if
+  // they were the whole file, and none after it is lost track of silently.
   const std::string longLine =
-      dir.Write("l.vlm", Records(2) + std::string(kMaxLineLength + 1, 'x') + "\r\n" + Record(3, "beyond"));
+      dir.Write("l.vlm", Records(2) + std::string(kMaxLineLength + 1, '\0') + "\r\n" + Record(3, "beyond"));
   AtRest(longLine);
-  for (int pass = 0; pass < 2; ++pass) EXPECT_EQ(Loads(longLine), " 2:T1|T2|-|-|");
+  for (int pass = 0; pass < 2; ++pass) EXPECT_EQ(Loads(longLine), " 0:-|-|");
 }
 
 }  // namespace

@@ -49,7 +49,7 @@ struct RecordingPage : PrintSurface {
 
 struct RecordingJobs : PrintJobs {
   std::string AskPrintFile(const std::string& file) override { return shownFile = file, answer; }
-  PrintSurface* StartJob() override { return &page; }
+  PrintSurface* StartJob(const std::string&) override { return &page; }
   std::string EndJob() override { return ++ended, ""; }
   std::string answer, shownFile;
   RecordingPage page;

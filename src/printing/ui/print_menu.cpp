@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "files/file_commands.h"
+#include "files/text_file.h"
 #include "printing/ui/form5.h"
 #include "printing/ui/page_painter.h"
 
@@ -30,11 +31,11 @@ class DesktopPrintJobs : public PrintJobs {
 
   std::string AskPrintFile(const std::string& file) override { return form5_->Ask(ui_, file, s_.AppFolder); }
 
-  PrintSurface* StartJob() override {
+  PrintSurface* StartJob(const std::string& source) override {
     const QString name = form5_->CurrentPrinter();
     if (name == QString::fromLatin1(kPdfPrinterName) ||
         !QPrinterInfo::availablePrinterNames().contains(name)) {
-      return StartPdf();
+      return StartPdf(source);
     }
     printer_ = std::make_unique<QPrinter>(QPrinterInfo::printerInfo(name), QPrinter::HighResolution);
     printer_->setFullPage(true);  // positions count from the paper's corner
@@ -49,11 +50,17 @@ class DesktopPrintJobs : public PrintJobs {
   }
 
  private:
-  PrintSurface* StartPdf() {
+  PrintSurface* StartPdf(const std::string& source) {
     FileDialogRequest request{"SAVE", "Print to PDF file", "*.pdf", "PDF Files", s_.AppFolder};
     pdfPath_ = ui_.AskFileName(request);
     if (pdfPath_.empty()) return nullptr;
     if (QFileInfo(QString::fromLocal8Bit(pdfPath_.c_str())).suffix().isEmpty()) pdfPath_ += ".pdf";
+    // The board is reloaded from the current file after printing: neither
+    // puzzle file may become the PDF.
+    if (SameFile(pdfPath_, source) || SameFile(pdfPath_, s_.CurrentPuzzleFile)) {
+      ui_.ShowMessage(kSameFileText);
+      return nullptr;
+    }
     if (ConfirmOverwrite(ui_, pdfPath_) == 0) return nullptr;
     pdf_ = std::make_unique<PdfJob>(LocalPaper(), strip_);
     return &pdf_->Surface();

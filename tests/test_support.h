@@ -3,11 +3,16 @@
 
 #include <gtest/gtest.h>
 
+#include <grp.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -78,6 +83,30 @@ class ScopedEnv {
   const char* name_;
   std::optional<std::string> old_;
 };
+
+// The ordinary user tests act as; they run as root in CI.
+inline constexpr uid_t kNobody = 65534;
+
+// Runs `body` in a child process as the user nobody and returns what it
+// returned ("" when the child could not become nobody or died).
+inline std::string AsNobody(const std::function<std::string()>& body) {
+  int pipe[2];
+  if (::pipe(pipe) != 0) return "";
+  const pid_t child = ::fork();
+  if (child == 0) {
+    ::close(pipe[0]);
+    const bool dropped = ::setgroups(0, nullptr) == 0 && ::setgid(kNobody) == 0 && ::setuid(kNobody) == 0;
+    const std::string seen = dropped ? body() : "";
+    ::_exit(::write(pipe[1], seen.data(), seen.size()) == static_cast<ssize_t>(seen.size()) ? 0 : 1);
+  }
+  ::close(pipe[1]);
+  std::string seen;
+  char buffer[4096];
+  for (ssize_t n; (n = ::read(pipe[0], buffer, sizeof buffer)) > 0;) seen.append(buffer, static_cast<size_t>(n));
+  ::close(pipe[0]);
+  ::waitpid(child, nullptr, 0);
+  return seen;
+}
 
 inline std::string SampleFile() { return std::string(VELMORA_TEST_DATA_DIR) + "/sample.vlm"; }
 // One record that deduction alone solves.

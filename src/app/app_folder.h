@@ -16,7 +16,8 @@ inline constexpr const char* kHelpPage = "velmora.htm";
 // The folder Qt's AppDataLocation names on Linux for this program:
 // $XDG_DATA_HOME, else $HOME/.local/share, then the application name; with
 // a "/" at its end. The desktop program and velmora-cli both use it, and
-// velmora-cli has no Qt.
+// velmora-cli has no Qt. Unlike Qt, a relative $XDG_DATA_HOME is ignored, as
+// the XDG rules say.
 std::string PerUserFolder();
 
 // The folder the running executable lies in; "" when it cannot be told.

@@ -33,6 +33,9 @@ TEST(AppFolder, FolderOptionThenOwnWritableFolderThenPerUserFolder) {
   EXPECT_EQ(i.data.Read("Velmora/puzzles.vlm") + "|" + i.data.Read("Velmora/all.col"),
             "shipped puzzles.vlm|shipped all.col");
   EXPECT_FALSE(std::filesystem::exists(i.data.File("Velmora/velmora.htm")));  // read where installed
+  // A relative XDG_DATA_HOME is no folder of the user's: ignored.
+  ScopedEnv relative("XDG_DATA_HOME", "data"), home("HOME", "/home/ann");
+  EXPECT_EQ(PerUserFolder(), "/home/ann/.local/share/Velmora/");
 }
 
 TEST(AppFolder, FirstRunNeverReplacesThePersonsFilesAndLeavesNoWorkFiles) {

@@ -99,5 +99,17 @@ TEST(StartUp, FallsBackToTheDefaultFileAndThenToAnEmptyBoard) {
   }
 }
 
+TEST(StartUp, AbsurdlyLongConfigurationAndSchemeFilesAreTakenAsDamagedNotReadWhole) {
+  test::TempDir dir;
+  for (const char* name : {"velmora.cfg", "all.col"}) std::filesystem::resize_file(dir.Write(name, "x"), 50LL << 30);
+  GameState s;
+  test::RecordingUi ui;
+  StartUp(s, ui, dir.path(), nullptr);
+  EXPECT_EQ(ui.messages, (std::vector<std::string>{"Configuration file:\r\n" + dir.File("velmora.cfg") +
+                                                       "\r\ncould not be accessed, new file will be created",
+                                                   "Color Scheme: default.col not found"}));
+  EXPECT_EQ(test::Lines(dir.Read("velmora.cfg")).size(), 4u);  // made anew
+}
+
 }  // namespace
 }  // namespace velmora

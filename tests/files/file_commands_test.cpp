@@ -16,7 +16,10 @@
 #include <set>
 #include <tuple>
 
+#include "appearance/color_scheme.h"
+#include "appearance/scheme_options.h"
 #include "board/play.h"
+#include "files/sort.h"
 #include "model/text.h"
 #include "recording_ui.h"
 #include "test_support.h"
@@ -373,7 +376,87 @@ TEST(FileSafety, ACrashWhileReplacingLeavesTheOldFileAndNoTemporaryOne) {
   EXPECT_EQ(dir.Read("p.vlm"), Records(3));
   dir.Write(".p.vlm.velmora-Ab12Cd", "left by a writer that crashed where no nameless file could be made");
   EXPECT_TRUE(WriteFileAtomically(file, Records(2)));
+  // A new file has no name until it is whole.
+  EXPECT_FALSE(Limited(100000, true, [&] { return WriteFileAtomically(dir.File("new.vlm"), std::string(400000, 'x')); }));
   for (const auto& entry : fs::directory_iterator(dir.path())) EXPECT_EQ(entry.path().filename(), "p.vlm");
+}
+
+std::string Joined(const Strings& texts) {
+  std::string joined;
+  for (const std::string& text : texts) joined += text + "|";
+  return joined;
+}
+
+void Own(const std::string& path, uid_t user, mode_t mode) {
+  EXPECT_EQ(::lchown(path.c_str(), user, user), 0);
+  EXPECT_TRUE(mode == 0 || ::chmod(path.c_str(), mode) == 0);
+}
+
+TEST(FileSafety, AnOrdinaryUserRewritesNoFileTheyMayNotWriteAndKeepsOwnersAndLinks) {
+  if (::geteuid() != 0) GTEST_SKIP() << "acts as root and as an ordinary user";
+  test::TempDir dir;
+  fs::permissions(dir.path(), fs::perms::all);  // a folder the user may write
+  const std::string own = dir.Write("own.vlm", Records(3)), roots = dir.Write("roots.vlm", Records(3)),
+                    open = dir.Write("open.vlm", Records(3)), out = dir.Write("out.vlm", "an older output");
+  dir.Write("all.col", JoinLines(SchemeLines("blue", DefaultSchemeColors())));
+  for (const std::string& name : {own, out, dir.File("all.col")}) Own(name, test::kNobody, 0444);
+  Own(open, 0, 0666);  // root's, though anyone may write into it
+  fs::create_hard_link(roots, dir.File("roots-too.vlm"));
+  const std::string seen = test::AsNobody([&] {
+    test::InDirectory here(dir.path());
+    test::RecordingUi ui;
+    for (const std::string& file : {own, roots, open}) {
+      GameState s = Showing(file, 2);
+      mnudelete(s, ui);
+    }
+    SortSettings sort{own, out};
+    Random rng = Random::Seeded(1);
+    SortPuzzleFile(sort, rng, ui);
+    GameState s;
+    s.AppFolder = dir.path() + "/";
+    SchemeListBox list;
+    FillSchemeList(s, list);
+    list.Select("blue");
+    RepSch(s, ui, list);
+    DelSch(s, ui, list);
+    return Joined(ui.messages);
+  });
+  const std::string schemes = "Error in updating Color Scheme:\r\n" + dir.File("all.col") + "|";
+  EXPECT_EQ(seen, "Error saving to file:\r\n" + own + "|Error saving to file:\r\n" + roots +
+                      "|Error saving to file:\r\n" + open + "|Unable to sort file:" + out + "|" + schemes + schemes);
+  EXPECT_EQ(dir.Read("own.vlm") + dir.Read("roots.vlm") + dir.Read("open.vlm") + dir.Read("out.vlm"),
+            Records(3) + Records(3) + Records(3) + "an older output");
+  EXPECT_EQ(dir.Read("all.col"), JoinLines(SchemeLines("blue", DefaultSchemeColors())));
+  EXPECT_EQ(fs::status(open).permissions(), fs::perms(0666));
+  EXPECT_EQ(fs::hard_link_count(roots), 2u);
+  struct stat st {};
+  EXPECT_EQ(::stat(open.c_str(), &st) == 0 ? st.st_uid : 1u, 0u);
+}
+
+TEST(FileSafety, LinksAnotherUserPutInASharedFolderAreNotFollowed) {
+  if (::geteuid() != 0) GTEST_SKIP() << "needs two other users";
+  test::TempDir shared, home;
+  fs::permissions(shared.path(), fs::perms::all | fs::perms::sticky_bit);  // like /tmp
+  fs::permissions(home.path(), fs::perms::all);
+  const std::string mine = home.Write("mine.txt", "the user's own"), book = shared.Write("book.vlm", Records(3));
+  Own(mine, test::kNobody, 0);
+  Own(book, test::kNobody, 0);
+  for (const char* name : {"velmora.tmp", "out.vlm"}) {
+    fs::create_symlink(mine, shared.File(name));
+    Own(shared.File(name), 1, 0);  // planted by another user
+  }
+  const std::string seen = test::AsNobody([&] {
+    test::InDirectory here(shared.path());
+    test::RecordingUi ui;
+    GameState s = Showing(book, 2);
+    mnudelete(s, ui);
+    SortSettings sort{book, shared.File("out.vlm")};
+    Random rng = Random::Seeded(1);
+    SortPuzzleFile(sort, rng, ui);
+    return Joined(ui.messages);
+  });
+  EXPECT_EQ(seen, "Error saving to file:\r\n" + book + "|Unable to sort file:" + shared.File("out.vlm") + "|");
+  EXPECT_EQ(home.Read("mine.txt") + shared.Read("book.vlm"), "the user's own" + Records(3));
 }
 
 }  // namespace

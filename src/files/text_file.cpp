@@ -36,7 +36,7 @@ bool WriteAll(int fd, const char* data, size_t size) {
   return true;
 }
 
-bool WriteAll(int fd, const std::string& text) { return WriteAll(fd, text.data(), text.size()); }
+bool WriteAll(int fd, std::string_view text) { return WriteAll(fd, text.data(), text.size()); }
 
 // Opens a regular file for reading. The type is looked at before the open so
 // that a pipe never blocks and a device is never touched.
@@ -354,7 +354,7 @@ bool LockedFile::Fail(int error) {
   return false;
 }
 
-bool LockedFile::Create(const std::string& contents) {
+bool LockedFile::Create(std::string_view contents) {
   std::string name;
   const int tmp = OpenTemporary(real_, name, 0666);
   if (tmp < 0) return Fail(errno);
@@ -386,7 +386,7 @@ bool LockedFile::Replaceable() {
   return true;
 }
 
-bool LockedFile::Replace(const std::string& contents) {
+bool LockedFile::Replace(std::string_view contents) {
   struct stat st {};
   if (!ok()) return false;
   if (absent_) {
@@ -415,7 +415,7 @@ bool LockedFile::Replace(const std::string& contents) {
   return true;
 }
 
-bool LockedFile::Append(const std::string& contents) {
+bool LockedFile::Append(std::string_view contents) {
   struct stat st {};
   if (!ok()) return false;
   if (absent_) return Create(contents);
@@ -469,15 +469,15 @@ bool UnderLock(const std::string& path, int* error, Write write) {
 
 }  // namespace
 
-bool WriteFileAtomically(const std::string& path, const std::string& contents, int* error) {
+bool WriteFileAtomically(const std::string& path, std::string_view contents, int* error) {
   return UnderLock(path, error, [&contents](LockedFile& file) { return file.Replace(contents); });
 }
 
-bool AppendToFile(const std::string& path, const std::string& contents, int* error) {
+bool AppendToFile(const std::string& path, std::string_view contents, int* error) {
   return UnderLock(path, error, [&contents](LockedFile& file) { return file.Append(contents); });
 }
 
-bool WriteWorkFile(const std::string& path, const std::string& contents, int* error) {
+bool WriteWorkFile(const std::string& path, std::string_view contents, int* error) {
   int failure = 0;
   struct stat st {};
   if (::lstat(path.c_str(), &st) != 0) {

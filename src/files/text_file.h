@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace velmora {
@@ -92,12 +93,12 @@ class LockedFile {
   bool Replaceable();
   // Replaces the contents through a nameless temporary file beside the real
   // file that is renamed over it at the end; keeps the file's permissions.
-  bool Replace(const std::string& contents);
+  bool Replace(std::string_view contents);
   // The version of the file the last Replace made.
   const FileStamp& Replaced() const { return replaced_; }
   // Appends whole or not at all: on any error the file is cut back to its
   // length before. A last line without its line end gets one first.
-  bool Append(const std::string& contents);
+  bool Append(std::string_view contents);
   // The file was made by this lock and is empty again: remove it.
   void RemoveIfCreated();
   // Length in bytes (-1 when it cannot be measured), and cutting the file back
@@ -107,7 +108,7 @@ class LockedFile {
 
  private:
   bool Fail(int error);
-  bool Create(const std::string& contents);
+  bool Create(std::string_view contents);
 
   std::string real_;
   FileStamp replaced_;
@@ -120,13 +121,13 @@ class LockedFile {
 // Replaces a file's contents under its lock (see LockedFile::Replace); a
 // crash leaves either the old or the new contents (or, for a new file, none),
 // never a temporary file.
-bool WriteFileAtomically(const std::string& path, const std::string& contents, int* error = nullptr);
+bool WriteFileAtomically(const std::string& path, std::string_view contents, int* error = nullptr);
 // Appends under the file's lock, whole or not at all (see LockedFile::Append).
-bool AppendToFile(const std::string& path, const std::string& contents, int* error = nullptr);
+bool AppendToFile(const std::string& path, std::string_view contents, int* error = nullptr);
 // A work file the program leaves behind (velmora.tmp, newall.cox): written
 // whole under its own name, never through a link, nor over a file that is
 // not the user's own plain file.
-bool WriteWorkFile(const std::string& path, const std::string& contents, int* error = nullptr);
+bool WriteWorkFile(const std::string& path, std::string_view contents, int* error = nullptr);
 // Regular files only; one longer than `maxBytes` is refused with kFileTooLong.
 bool ReadWholeFile(const std::string& path, std::string& contents, int* error = nullptr,
                    long long maxBytes = -1);

@@ -83,13 +83,13 @@ TEST(EffectiveColors, DefaultSchemeTakesSystemBackgroundAndGreyButtons) {
 TEST(AddSch, AppendsTheLowerCaseNameOnlyWhenNewAndNamed) {
   SchemeRun run(SchemeText("default.col", 0) + " 9; 9; 9");  // no final line end
   run.s.Scheme[4] = Rgb(10, 20, 30);
-  run.ui.texts = {"Blue", "blue", ""};
+  run.ui.texts = {"Blue", "blue", "My.COLours", ""};  // a name with ".col" could never be found again
   EXPECT_TRUE(AddSch(run.s, run.ui, run.list));
   EXPECT_EQ(run.list.items, (Strings{"default", "blue"}));
-  EXPECT_FALSE(AddSch(run.s, run.ui, run.list));
-  EXPECT_FALSE(AddSch(run.s, run.ui, run.list));  // an empty answer ends it
-  EXPECT_EQ(run.ui.prompts, Strings(3, "Enter new Color Scheme name"));
-  EXPECT_EQ(run.ui.messages, (Strings{"Color Scheme: Blue added", "Color Scheme: blue already exists"}));
+  for (int i = 0; i < 3; ++i) EXPECT_FALSE(AddSch(run.s, run.ui, run.list));  // an empty answer ends it
+  EXPECT_EQ(run.ui.prompts, Strings(4, "Enter new Color Scheme name"));
+  EXPECT_EQ(run.ui.messages, (Strings{"Color Scheme: Blue added", "Color Scheme: blue already exists",
+                                      "Color Scheme: My.COLours not added: a name cannot hold \".col\""}));
   std::string blue = "blue.col\r\n";
   for (int i = 0; i < 13; ++i) blue += i == 4 ? " 10; 20; 30\r\n" : " 1; 2; 3\r\n";
   EXPECT_EQ(run.File(), SchemeText("default.col", 0) + " 9; 9; 9\r\n" + blue);
@@ -137,6 +137,13 @@ TEST(DelSch, RefusesTheActiveSchemeAfterTheQuestionAndRemovesOthers) {
   run.list.Select("s");
   EXPECT_TRUE(DelSch(run.s, run.ui, run.list));
   EXPECT_EQ(run.File(), c);
+  // A name line that holds ".col" before its end lists as a name that no
+  // line equals: nothing is deleted, and nothing is said to be.
+  run.dir.Write("all.col", SchemeText("my.colours.col", 0) + c);
+  FillSchemeList(run.s, run.list);
+  run.list.Select("my");
+  EXPECT_FALSE(DelSch(run.s, run.ui, run.list));
+  EXPECT_EQ(run.ui.messages.back() + "|" + run.File(), "Color Scheme: my not found|" + SchemeText("my.colours.col", 0) + c);
   // Without a readable all.col nothing is written.
   std::filesystem::remove(run.dir.File("all.col"));
   run.list.Select("c");

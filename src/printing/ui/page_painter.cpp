@@ -16,29 +16,49 @@ constexpr int kLineTwips = 15;
 
 }  // namespace
 
-QPainter& PagePainter::Mark() {
-  if (!painter_.isActive() && !failed_) {
-    failed_ = !painter_.begin(&device_);
-    if (!failed_) {
-      ScaleToTwips(painter_, device_.logicalDpiX(), device_.logicalDpiY());
-      pages_ = 1;
-    }
+QPainter* PagePainter::Mark() {
+  if (failed_) return nullptr;
+  if (!painter_->isActive()) {
+    failed_ = !painter_->begin(&device_);
+    if (failed_) return nullptr;
+    ScaleToTwips(*painter_, device_.logicalDpiX(), device_.logicalDpiY());
+    pages_ = 1;
   } else if (newPage_) {
     if (auto* paged = dynamic_cast<QPagedPaintDevice*>(&device_)) paged->newPage();
     ++pages_;
   }
   newPage_ = false;
-  return painter_;
+  return painter_.get();
+}
+
+// A PDF grows in memory; where memory runs out, the job fails instead of the
+// program. The painter is then left unended on purpose: ending it would write
+// the document's tail, which needs the memory that just ran out.
+template <typename Draw>
+void PagePainter::Guarded(Draw draw) {
+  try {
+    draw();
+  } catch (const std::bad_alloc&) {
+    failed_ = true;
+    [[maybe_unused]] QPainter* abandoned = painter_.release();
+  }
 }
 
 bool PagePainter::End() {
-  if (painter_.isActive()) painter_.end();
+  Guarded([this] {
+    if (painter_ && painter_->isActive()) painter_->end();
+  });
   return !failed_;
 }
 
 void PagePainter::Text(int x, int y, int points, bool bold, const std::string& text) {
-  QPainter& p = Mark();
-  if (!p.isActive()) return;
+  Guarded([&] { DrawText(x, y, points, bold, text); });
+}
+
+void PagePainter::DrawText(int x, int y, int points, bool bold, const std::string& text) {
+  QPainter* painter = Mark();
+  if (!painter) return;
+  QPainter& p = *painter;
   // Twips as pixels of the scaled painter keep the point size true on every device.
   QFont font(QStringLiteral("DejaVu Sans"));
   font.setStyleHint(QFont::SansSerif);
@@ -50,16 +70,26 @@ void PagePainter::Text(int x, int y, int points, bool bold, const std::string& t
 }
 
 void PagePainter::Box(int x1, int y1, int x2, int y2) {
-  QPainter& p = Mark();
-  if (!p.isActive()) return;
+  Guarded([&] { DrawBox(x1, y1, x2, y2); });
+}
+
+void PagePainter::DrawBox(int x1, int y1, int x2, int y2) {
+  QPainter* painter = Mark();
+  if (!painter) return;
+  QPainter& p = *painter;
   p.setBrush(Qt::NoBrush);
   p.setPen(QPen(Qt::black, kLineTwips, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
   p.drawRect(QRectF(QPointF(x1, y1), QPointF(x2, y2)));
 }
 
 void PagePainter::Symbol(int suit, int x, int y, int size) {
-  QPainter& p = Mark();
-  if (!p.isActive()) return;
+  Guarded([&] { DrawSymbol(suit, x, y, size); });
+}
+
+void PagePainter::DrawSymbol(int suit, int x, int y, int size) {
+  QPainter* painter = Mark();
+  if (!painter) return;
+  QPainter& p = *painter;
   // Scaled once to the device's pixels and kept, so every page reuses one image per suit.
   const QRectF target = p.deviceTransform().mapRect(QRectF(x, y, size, size));
   const QRect pixels(
@@ -84,7 +114,7 @@ bool PdfJob::Save(const std::string& path) {
   if (!painter_.End()) return false;
   if (painter_.Pages() == 0) return true;
   const QByteArray& bytes = buffer_.data();
-  return WriteFileAtomically(path, std::string(bytes.constData(), static_cast<size_t>(bytes.size())));
+  return WriteFileAtomically(path, std::string_view(bytes.constData(), static_cast<size_t>(bytes.size())));
 }
 
 }  // namespace velmora

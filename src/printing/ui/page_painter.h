@@ -5,6 +5,7 @@
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
+#include <memory>
 #include <string>
 
 #include "board/ui/board_painter.h"
@@ -27,16 +28,23 @@ class PagePainter : public PrintSurface {
   void Symbol(int suit, int x, int y, int size) override;
   void NewPage() override { newPage_ = pages_ > 0; }
 
-  // Ends the painting; false when the device refused it.
+  // Ends the painting; false when the device refused it or memory ran out.
   bool End();
   int Pages() const { return pages_; }
 
  private:
-  QPainter& Mark();
+  // The painter, opened and on the right page for a new mark; nullptr once
+  // the painting failed.
+  QPainter* Mark();
+  void DrawText(int x, int y, int points, bool bold, const std::string& text);
+  void DrawBox(int x1, int y1, int x2, int y2);
+  void DrawSymbol(int suit, int x, int y, int size);
+  template <typename Draw>
+  void Guarded(Draw draw);
 
   QPaintDevice& device_;
   SuitStrip& strip_;
-  QPainter painter_;
+  std::unique_ptr<QPainter> painter_ = std::make_unique<QPainter>();
   int pages_ = 0;
   bool newPage_ = false;
   bool failed_ = false;

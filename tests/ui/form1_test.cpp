@@ -1,6 +1,8 @@
 // The main window: start-up, colours, the arrows and the typed number, Load,
 // Exit against the close box, help, the about box, File > Sort; and the
 // per-user folder velmora-cli computes is the one Qt gives the desktop program.
+#include <sys/stat.h>
+
 #include "app/app_folder.h"
 #include "app/ui/help_window.h"
 #include "appearance/color_scheme.h"
@@ -77,6 +79,16 @@ TEST(Form1Exit, NoKeepsRunningYesSavesCloseBoxDoesNot) {
   win.Trigger("mnuexit");
   EXPECT_FALSE(win.w.isVisible());
   EXPECT_NE(win.Config().find("\r\ndefault.col\r\n" + win.Puzzles() + "\r\n 3 \r\n"), std::string::npos);
+}
+
+// A pipe named velmora.ini, which earlier versions waited on for ever, is
+// passed over: the window starts, and the Assist items work for the session.
+TEST(Form1, StartsPastAPipeNamedVelmoraIniAndLeavesIt) {
+  Window win(2, "default.col", [](const TempDir& dir) { ::mkfifo(dir.File("velmora.ini").c_str(), 0600); });
+  win.Trigger("mnushadefits");
+  EXPECT_TRUE(win.Get<QAction>("mnushadefits")->isChecked());
+  EXPECT_TRUE(std::filesystem::is_fifo(win.dir.File("velmora.ini")));
+  EXPECT_TRUE(win.hand.texts.empty());
 }
 
 TEST(AppFolder, PerUserFolderIsQtsAppDataLocation) {

@@ -36,7 +36,7 @@ TEST(Form2Options, PreviewThenExitOrEscapeKeepsTheSchemeApplyRecoloursAndBothOut
   Form1 again;  // the next start over the same folder
   again.StartUp(win.dir.path());
   EXPECT_EQ(again.State().ColorSchemeName, "sand.col");
-  EXPECT_EQ(SavedTextSize(again.State().AppFolder), kLarge);
+  EXPECT_EQ(LoadSettings(again.State().AppFolder).textSize, kLarge);
 }
 
 }  // namespace

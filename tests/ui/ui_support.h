@@ -99,15 +99,18 @@ inline void Key(QWidget* w, int key, const QString& text = {}) {
 
 // The main window started over a folder laid out like the program's
 // (schemes, help page, the sample puzzles as puzzles.vlm) whose
-// configuration remembers puzzle `number` (none: a first run); then shown.
+// configuration remembers puzzle `number` (none: a first run), after
+// `prepare` added to the folder; then shown.
 struct Window {
-  explicit Window(int number = 0, const std::string& scheme = "default.col") {
+  explicit Window(int number = 0, const std::string& scheme = "default.col",
+                  const std::function<void(const TempDir&)>& prepare = {}) {
     for (const char* name : {"all.col", "velmora.htm"})
       std::filesystem::copy_file(std::string(VELMORA_DATA_DIR) + "/" + name, dir.File(name));
     std::filesystem::copy_file(SampleFile(), Puzzles());
     if (number > 0)
       dir.Write("velmora.cfg",
                 "t\r\n" + scheme + "\r\n" + Puzzles() + "\r\n " + std::to_string(number) + " \r\n");
+    if (prepare) prepare(dir);
     w.StartUp(dir.path());
     w.show();
     QApplication::processEvents();

@@ -4,22 +4,15 @@
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QSettings>
 #include <QShortcut>
 
+#include "app/settings.h"
 #include "app/ui/form1.h"
 #include "appearance/color_scheme.h"
-#include "appearance/ui/form2.h"
 #include "board/aids.h"
 #include "board/ui/board_view.h"
 
 namespace velmora {
-namespace {
-
-const QString kShadeKey = QStringLiteral("Assist/ShadeFits");
-const QString kGivensKey = QStringLiteral("Assist/MarkGivens");
-
-}  // namespace
 
 void Form1::BuildAssist() {
   auto* hint = menuBar()->findChild<QAction*>(QStringLiteral("mnuhint"));
@@ -40,16 +33,18 @@ void Form1::BuildAssist() {
 }
 
 void Form1::LoadAssist() {
-  const QSettings ini(SettingsFile(s_.AppFolder), QSettings::IniFormat);
-  shadeFits_->setChecked(ini.value(kShadeKey, false).toBool());
-  markGivens_->setChecked(ini.value(kGivensKey, false).toBool());
+  const Settings saved = LoadSettings(s_.AppFolder);
+  shadeFits_->setChecked(saved.shadeFits);
+  markGivens_->setChecked(saved.markGivens);
   if (markGivens_->isChecked()) DrawBoard();
 }
 
 void Form1::ApplyAids() {
-  QSettings ini(SettingsFile(s_.AppFolder), QSettings::IniFormat);
-  ini.setValue(kShadeKey, shadeFits_->isChecked());
-  ini.setValue(kGivensKey, markGivens_->isChecked());
+  // A file that cannot be written keeps the choice for this session only, without a word.
+  ChangeSettings(s_.AppFolder, [this](Settings& saved) {
+    saved.shadeFits = shadeFits_->isChecked();
+    saved.markGivens = markGivens_->isChecked();
+  });
   DrawBoard();
 }
 

@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include "app/app_folder.h"
+#include "app/settings.h"
 #include "app/startup.h"
 #include "files/file_commands.h"
 #include "app/ui/form1.h"
@@ -44,7 +45,7 @@ int main(int argc, char** argv) {
   // folder, never in whatever folder the desktop started us in.
   QDir::setCurrent(QString::fromLocal8Bit(folders.app.c_str()));
 
-  velmora::ApplyTextSize(velmora::SavedTextSize(folders.app));
+  velmora::ApplyTextSize(velmora::LoadSettings(folders.app).textSize);
   velmora::Form1 window;
   if (std::getenv("VELMORA_TIMING")) window.EnableTimingLog(sinceStart);
   window.State().ShippedFolder = folders.shipped;

@@ -11,7 +11,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
-#include <QSettings>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -26,9 +25,7 @@ namespace {
 QColor ToColor(uint32_t c) { return QColor(RedOf(c), GreenOf(c), BlueOf(c)); }
 uint32_t FromColor(const QColor& c) { return Rgb(c.red(), c.green(), c.blue()); }
 
-const char* const kSizeNames[4] = {"Small", "Medium", "Large", "Huge"};
 constexpr double kSizeScales[4] = {0.85, 1.0, 1.2, 1.45};
-const QString kSizeKey = QStringLiteral("Options/Size");
 
 QPushButton* MakeButton(const QString& name, const QString& text, const QString& tip, QWidget* parent) {
   auto* b = new QPushButton(text, parent);
@@ -45,22 +42,6 @@ void SetRole(QWidget* w, QPalette::ColorRole role, const QColor& colour) {
 }
 
 }  // namespace
-
-// velmora.cfg keeps its four lines; the text size lives in a file of its own.
-QString SettingsFile(const std::string& appFolder) { return QText(appFolder + "velmora.ini"); }
-
-TextSize SavedTextSize(const std::string& appFolder) {
-  const QString name = QSettings(SettingsFile(appFolder), QSettings::IniFormat).value(kSizeKey).toString();
-  for (int i = 0; i < 4; ++i) {
-    if (name == QLatin1String(kSizeNames[i])) return static_cast<TextSize>(i);
-  }
-  return kMedium;
-}
-
-void SaveTextSize(const std::string& appFolder, TextSize size) {
-  QSettings ini(SettingsFile(appFolder), QSettings::IniFormat);
-  ini.setValue(kSizeKey, QLatin1String(kSizeNames[size]));
-}
 
 void ApplyTextSize(TextSize size) {
   static const QFont platform = QApplication::font();
@@ -96,10 +77,10 @@ Form2::Form2(GameState& s, UserInterface& ui, QWidget* mainWindow)
   auto* sizeFrame = new QGroupBox(QStringLiteral("Size"), this);
   sizeFrame->setObjectName(QStringLiteral("Frame2"));
   auto* sizeLayout = new QHBoxLayout(sizeFrame);
-  const TextSize saved = SavedTextSize(s_.AppFolder);
+  const TextSize saved = LoadSettings(s_.AppFolder).textSize;
   for (int i = 0; i < 4; ++i) {
     QRadioButton* option = sizes_[static_cast<size_t>(i)] =
-        new QRadioButton(QLatin1String(kSizeNames[i]), sizeFrame);
+        new QRadioButton(QLatin1String(kTextSizeNames[i]), sizeFrame);
     option->setObjectName(QStringLiteral("Size%1").arg(i));
     option->setChecked(i == saved);
     sizeLayout->addWidget(option);
@@ -247,8 +228,9 @@ void Form2::Apply() {
   ApplyChosenScheme(s_, list_);
   for (int i = 0; i < 4; ++i) {
     if (!sizes_[static_cast<size_t>(i)]->isChecked()) continue;
-    SaveTextSize(s_.AppFolder, static_cast<TextSize>(i));
-    ApplyTextSize(static_cast<TextSize>(i));
+    const auto size = static_cast<TextSize>(i);
+    ChangeSettings(s_.AppFolder, [size](Settings& saved) { saved.textSize = size; });
+    ApplyTextSize(size);
   }
   if (auto* kickin = mainWindow_->findChild<QPushButton*>(QStringLiteral("kickinOptions"))) kickin->click();
   accept();

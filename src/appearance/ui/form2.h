@@ -6,6 +6,7 @@
 #include <array>
 #include <string>
 
+#include "app/settings.h"
 #include "appearance/scheme_options.h"
 #include "model/game_state.h"
 #include "model/user_interface.h"
@@ -22,13 +23,6 @@ namespace velmora {
 class ColorPicker;
 class SchemePreview;
 
-// The text sizes of the size choice, smallest first; Medium is the
-// platform's own size. Kept in velmora.ini beside velmora.cfg.
-enum TextSize { kSmall, kMedium, kLarge, kHuge };
-// velmora.ini in `appFolder`: the program's settings beyond velmora.cfg.
-QString SettingsFile(const std::string& appFolder);
-TextSize SavedTextSize(const std::string& appFolder);
-void SaveTextSize(const std::string& appFolder, TextSize size);
 // Sets the font of every window for `size`; the board keeps its size.
 void ApplyTextSize(TextSize size);
 

@@ -155,8 +155,11 @@ bool ChangeSettings(const std::string& appFolder, const std::function<void(Setti
   LockedFile file(appFolder + kFileName, true);
   if (!file.ok()) return false;
   IniFile ini = ReadIni(file.path());
-  bool saved = ini.usable;
-  if (saved) {
+  // A damaged file of settings is made anew, as the configuration is: else
+  // every change would be lost at every start.
+  if (!ini.usable) ini = IniFile{{}, true};
+  bool saved = true;
+  {
     const Settings before = SettingsOf(ini);
     Settings after = before;
     change(after);
@@ -171,7 +174,6 @@ bool ChangeSettings(const std::string& appFolder, const std::function<void(Setti
     for (const std::string& line : ini.lines) text += line + "\n";
     saved = !changed || file.Replace(text);
   }
-  file.RemoveIfCreated();  // nothing was written into a file made for the lock
   return saved;
 }
 

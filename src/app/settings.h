@@ -30,9 +30,9 @@ Settings LoadSettings(const std::string& appFolder);
 
 // Reads the file again under its lock, lets `change` set what it sets and
 // writes back only the settings that changed, keeping every other line (a
-// newer version's keys). When the file cannot be read as settings (see
-// LoadSettings; a missing one can) or cannot be written, nothing is saved
-// and the result is false.
+// newer version's keys). A damaged regular file is written anew; one that is
+// not a regular file, or cannot be written, is left as it is and the result
+// is false.
 bool ChangeSettings(const std::string& appFolder, const std::function<void(Settings&)>& change);
 
 }  // namespace velmora

@@ -23,13 +23,8 @@ const Registration kOptionsReg(kOptions);
 
 int RunCount(const std::vector<std::string>& args) {
   if (args.size() != 1) return UsageError(kCount, "expected one FILE argument");
-  LineReader reader(args[0]);
-  const int count = CountPuzzles(reader);
-  if (!reader.IsOpen() || reader.error() != 0) {
-    std::fprintf(stderr, "velmora-cli count: cannot read %s: %s\n", args[0].c_str(),
-                 FileErrorText(reader.error()).c_str());
-    return 1;
-  }
+  int count = 0;
+  if (!Readable(kCount, args[0], &count)) return 1;
   std::printf("%d\n", count);
   return 0;
 }

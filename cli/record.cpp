@@ -7,11 +7,13 @@
 
 namespace velmora::cli {
 
-bool Readable(const Subcommand& command, const std::string& file) {
-  const LineReader reader(file);
-  if (reader.IsOpen()) return true;
+bool Readable(const Subcommand& command, const std::string& file, int* count) {
+  int error = 0;
+  const int n = CountPuzzles(file, &error);
+  if (count) *count = n;
+  if (error == 0) return true;
   std::fprintf(stderr, "velmora-cli %s: cannot read %s: %s\n", command.name, file.c_str(),
-               FileErrorText(reader.error()).c_str());
+               FileErrorText(error).c_str());
   return false;
 }
 

@@ -11,8 +11,8 @@
 namespace velmora::cli {
 
 // False, after "velmora-cli NAME: cannot read FILE: REASON" on standard
-// error, when FILE cannot be read.
-bool Readable(const Subcommand& command, const std::string& file);
+// error, when FILE cannot be read or is damaged; else its count of records.
+bool Readable(const Subcommand& command, const std::string& file, int* count = nullptr);
 
 // Loads record N of FILE from args {FILE, N}. Returns 0 when loaded;
 // otherwise the exit code, after printing "not found", why FILE cannot be

@@ -104,6 +104,11 @@ std::string Parse(const std::vector<std::string>& args, PrintArgs& a) {
 // must not depend on a display being there.
 std::unique_ptr<QGuiApplication> PageApplication() {
   ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  // Qt's notes about its surroundings (no XDG_RUNTIME_DIR under cron or root)
+  // are no concern of a command that succeeds; its errors still show.
+  qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
+  });
   static int argc = 1;
   static char name[] = "velmora-cli";
   static char* argv[] = {name, nullptr};

@@ -251,8 +251,10 @@ SortStatus SortPuzzleFile(SortSettings& settings, Random& rng, UserInterface& ui
 }
 
 std::string SortedOutputName(const std::string& source) {
+  // The last "." of the file's own name, not of a folder above it.
   const size_t dot = source.rfind('.');
-  if (dot == std::string::npos) return {};
+  const size_t slash = source.rfind('/');
+  if (dot == std::string::npos || (slash != std::string::npos && dot < slash)) return {};
   return source.substr(0, dot) + "_sorted" + source.substr(dot);
 }
 

@@ -7,6 +7,7 @@
 #include "board/geometry.h"
 #include "files/puzzle_file.h"
 #include "files/text_file.h"
+#include "model/commands.h"
 #include "model/rules.h"
 #include "model/text.h"
 
@@ -195,10 +196,7 @@ std::string Form5Answer(UserInterface& ui, const std::string& file, const std::s
 }
 
 void mnuprintfile(GameState& s, UserInterface& ui, PrintJobs& jobs) {
-  if (s.Solving == 1) {
-    ui.ShowMessage("Cancel AutoSolve first");
-    return;
-  }
+  if (RefusedWhileSolving(s, ui)) return;
   const std::string answer = jobs.AskPrintFile(s.CurrentPuzzleFile);
   ui.Yield();
   PrintFileChoice choice;

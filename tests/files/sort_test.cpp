@@ -119,7 +119,7 @@ TEST(Sort, RefusalsAndAFailedRunLeaveTheOldOutputAlone) {
 
 TEST(Sort, ProposedOutputName) {
   EXPECT_EQ(
-      SortedOutputName("/d/puzzles.vlm") + "|" + SortedOutputName("a.b.txt") + "|" + SortedOutputName("/d/p"),
+      SortedOutputName("/d/puzzles.vlm") + "|" + SortedOutputName("a.b.txt") + "|" + SortedOutputName("/a.b/p"),
       "/d/puzzles_sorted.vlm|a.b_sorted.txt|");
 }
 

@@ -97,7 +97,12 @@ Form2::Form2(GameState& s, UserInterface& ui, QWidget* mainWindow)
   shownName_ = s_.ColorSchemeName;
   frame_->setTitle(QText("Color Scheme: " + shownName_));
   colPik1_->SetColor(ToColor(s_.Scheme[kSchemeBackground]));
-  contrastV_->setValue(ButtonContrast(s_.Scheme));
+  {
+    // Showing the contrast of the scheme is no change to it: only the user's
+    // own move of the bar recomputes the button face.
+    const QSignalBlocker quiet(contrastV_);
+    contrastV_->setValue(ButtonContrast(s_.Scheme));
+  }
   ShowColors();
   list1_->setFocus();
 }

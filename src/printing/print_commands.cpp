@@ -15,6 +15,8 @@ namespace velmora {
 namespace {
 
 constexpr int kPageX = 1800;
+// No rank letter is wider in the remaining cards' 14 points bold.
+constexpr int kRankWidth = 200;
 constexpr int kTopY = 1400;
 constexpr int kFileLowerY = 8400;     // the lower grid of a file page
 constexpr int kCurrentLowerY = 8500;  // the solution under the puzzle of "Puzzle and Solution"
@@ -142,9 +144,12 @@ void PrintPage(const GameState& s, PrintSurface& p, int& originX, int& originY, 
       const int x = s.TextX[suit][7] + originX + 900, y = s.TextY[suit][1] + originY;
       PrintCell(p, -1, std::string(1, kSuitLetters[suit]), x, y - 100);
       const auto& remain = s.Remain[static_cast<size_t>(suit - 1)];
-      for (size_t i = 0; i < remain.size(); ++i) {
-        p.Text(x + 500 + 300 * static_cast<int>(i), y, 14, true, remain[i].substr(0, 1));
-      }
+      const int count = static_cast<int>(remain.size()), first = x + 500;
+      // 300 apart where the line fits the paper; a longer one closes up to end inside it.
+      int step = 300;
+      if (count > 1 && first + step * (count - 1) + kRankWidth > p.RightEdge())
+        step = std::max(0, p.RightEdge() - kRankWidth - first) / (count - 1);
+      for (int i = 0; i < count; ++i) p.Text(first + step * i, y, 14, true, remain[static_cast<size_t>(i)].substr(0, 1));
     }
   }
   p.Text(s.TextX[1][6] + originX + 500, originY - 200, 6, false, kPrintFooter);

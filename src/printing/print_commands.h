@@ -29,6 +29,9 @@ class PrintSurface {
   virtual void Symbol(int suit, int x, int y, int size) = 0;
   // Later marks go on a fresh page; a page is only started by a mark on it.
   virtual void NewPage() = 0;
+  // Where marks must end to be printed: the paper's width less the quarter
+  // inch at its edge that printers cannot print on.
+  virtual int RightEdge() const = 0;
 };
 
 // The printer service behind the commands: Form5 and the print jobs.

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/rules.h"
 #include "recording_ui.h"
 #include "test_support.h"
 
@@ -24,6 +25,7 @@ struct RecordingPage : PrintSurface {
   }
   void Symbol(int suit, int x, int y, int) override { Add("S " + At(x, y) + " " + std::to_string(suit)); }
   void NewPage() override { pending = !pages.empty(); }
+  int RightEdge() const override { return right; }
   static std::string At(int x, int y) { return std::to_string(x) + "," + std::to_string(y); }
   void Add(const std::string& mark) {
     if (pages.empty() || pending) pages.emplace_back();
@@ -45,6 +47,7 @@ struct RecordingPage : PrintSurface {
   }
   std::vector<Strings> pages;
   bool pending = false;
+  int right = 11906 - 360;  // A4
 };
 
 struct RecordingJobs : PrintJobs {
@@ -87,6 +90,26 @@ TEST(PrintPage, HeadingCellsAndRemainingCardsOfPuzzleAndSolution) {
   PrintPage(s, solution, x, y, 12, "Easy 3", 1);
   EXPECT_TRUE(solution.Has("S 2700,8680 0"));  // the solution's spade where the mark was
   for (const std::string& m : solution.pages.at(0)) EXPECT_LT(std::stoi(m.substr(2)), 7500) << m;
+}
+
+TEST(PrintPage, EveryRemainingCardOfAFullSuitIsPrintedInsideA4AndLetterPaper) {
+  GameState s = test::Loaded(test::SampleFile(), 1);
+  for (int r = 1; r <= 7; ++r)
+    for (int c = 1; c <= 7; ++c) s.Grid[r][c] = 0;
+  ASSERT_TRUE(UpdateOptions(s, 1));  // all 49 cards remain: at least one suit whole
+  for (int right : {11906 - 360, 12240 - 360}) {
+    RecordingPage page;
+    page.right = right;
+    int x = 1800, y = 1400, beside = 0;
+    PrintPage(s, page, x, y, 1, "", 0);
+    for (const std::string& m : page.pages.at(0)) {
+      if (m[0] != 'T' || m.back() == ' ' || m.find(" 14 ") == std::string::npos || std::stoi(m.substr(2)) < 8340)
+        continue;
+      ++beside;
+      EXPECT_LE(std::stoi(m.substr(2)) + 200, right) << m;
+    }
+    EXPECT_EQ(beside, 49);
+  }
 }
 
 TEST(PrintCurrent, QuestionsTitlesOriginsAndDone) {

@@ -44,6 +44,12 @@ void PagePainter::Guarded(Draw draw) {
   }
 }
 
+int PagePainter::RightEdge() const {
+  constexpr int kUnprintable = 360;  // a quarter inch, more than most printers leave
+  const int dpi = std::max(1, device_.logicalDpiX());
+  return static_cast<int>(static_cast<long long>(device_.width()) * 1440 / dpi) - kUnprintable;
+}
+
 bool PagePainter::End() {
   Guarded([this] {
     if (painter_ && painter_->isActive()) painter_->end();

@@ -27,6 +27,7 @@ class PagePainter : public PrintSurface {
   void Box(int x1, int y1, int x2, int y2) override;
   void Symbol(int suit, int x, int y, int size) override;
   void NewPage() override { newPage_ = pages_ > 0; }
+  int RightEdge() const override;
 
   // Ends the painting; false when the device refused it or memory ran out.
   bool End();

@@ -58,7 +58,7 @@ void mnuhint(GameState& s, UserInterface& ui) {
   const bool again = a.hintKind == hint.kind && a.hintRow == hint.row && a.hintCol == hint.col &&
                      a.hintCard == hint.card && a.gridAtHint == s.Grid;
   if (again) {
-    a.hintKind = 0;
+    EndHint(s);
     TakeStep(s, ui, hint);
   } else {
     a.hintKind = hint.kind;

@@ -8,6 +8,7 @@
 
 #include "board/geometry.h"
 #include "files/record_index.h"
+#include "model/hint.h"
 #include "model/rules.h"
 #include "model/text.h"
 
@@ -145,6 +146,10 @@ int LoadPuzzle(GameState& s, UserInterface& ui, const std::string& file, int n, 
     s.CellOptionsSaved = s.CellOptions;
     s.Solving = 0;
     s.SelectedCard.clear();
+    // The keyboard cursor and a hint belonged to the board that was shown.
+    EndHint(s);
+    s.aids.cursorRow = s.aids.cursorCol = 0;
+    s.aids.pendingRank = 0;
     ui.ControlsChanged();
     ui.SetBusy(false);
     return 0;

@@ -59,6 +59,12 @@ Hint FindHint(const GameState& s) {
   return hint;
 }
 
+void EndHint(GameState& s) {
+  if (s.aids.hintKind == 0) return;
+  s.aids.hintKind = 0;
+  s.view.pb.clear();
+}
+
 std::string HintText(const Hint& hint) {
   switch (hint.kind) {
     case kHintWrong:

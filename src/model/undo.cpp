@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "model/hint.h"
 #include "model/rules.h"
 #include "model/text.h"
 
@@ -32,10 +33,12 @@ void PushUndo(GameState& s, int row, int col) {
   if (!OnBoardArrays(row, col)) return;
   s.UndoList.push_front(UndoEntry(row, col, s.Grid[row][col]));
   s.aids.RedoList.clear();  // a new change ends what could be redone
+  EndHint(s);
 }
 
 void UndoLast(GameState& s, UserInterface& ui) {
   if (s.UndoList.empty()) return;
+  EndHint(s);
   const auto parts = Split(s.UndoList.front(), ',');
   const int row = parts.size() >= 3 ? ValInt(parts[0]).value_or(-1) : -1;
   const int col = parts.size() >= 3 ? ValInt(parts[1]).value_or(-1) : -1;
@@ -54,6 +57,7 @@ void UndoLast(GameState& s, UserInterface& ui) {
 
 void RedoLast(GameState& s, UserInterface& ui) {
   if (s.aids.RedoList.empty()) return;
+  EndHint(s);
   const PlayAids::Change change = s.aids.RedoList.back();
   s.aids.RedoList.pop_back();
   const int row = change.row, col = change.col, value = change.value;

@@ -33,6 +33,7 @@ TEST(Aids, HintsPressedTwiceSolveEveryShippedPuzzleThatDeductionSolves) {
     EXPECT_EQ(s.view.pb, "the card at " + std::to_string(row) + ", " + std::to_string(col) + " is wrong");
     mnuhint(s, ui);
     ASSERT_EQ(s.Grid[row][col], 0);
+    EXPECT_EQ(s.view.pb, "");  // the hint's text goes with the step taken
     for (int step = 0; step < 60 && s.Grid != s.SolutionGrid; ++step) {
       mnuhint(s, ui);
       ASSERT_NE(FindHint(s).kind, kHintNone) << n;
@@ -67,6 +68,13 @@ TEST(Aids, RedoRestoresBoardAndUndoListAndANewChangeEndsIt) {
   EXPECT_EQ(s.Grid[1][2], 23);
   ClearAtCursor(s, ui);
   EXPECT_EQ(s.Grid[1][2], 0);
+  // A hint and the cursor end with the board they were shown on.
+  mnuhint(s, ui);
+  UndoLast(s, ui);
+  EXPECT_EQ(s.view.pb, "");
+  std::string title;
+  LoadPuzzle(s, ui, test::SolvableFile(), 1, title, 1);
+  EXPECT_EQ(s.aids.cursorRow + s.aids.cursorCol, 0);
 }
 
 }  // namespace

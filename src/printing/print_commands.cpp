@@ -206,6 +206,12 @@ void mnuprintfile(GameState& s, UserInterface& ui, PrintJobs& jobs) {
   ui.Yield();
   PrintFileChoice choice;
   if (answer.empty() || answer == "X" || !ParseAnswer(answer, choice)) return;
+  // An empty range asks for no printer or file; it still ends with "Done".
+  if (choice.first > choice.last) {
+    ui.ShowMessage("Nothing to print: puzzle" + Str(choice.first) + " comes after puzzle" + Str(choice.last));
+    ui.ShowMessage("Done");
+    return;
+  }
   PrintSurface* page = jobs.StartJob(choice.file);
   if (!page) return;
   ui.SetBusy(true);

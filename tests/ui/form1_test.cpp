@@ -28,6 +28,26 @@ TEST(Form1, ShowsTheRememberedPuzzleAndPaintsCellsInSchemeColourTwo) {
   EXPECT_EQ(win.Pixel(10, 10), QColor(243, 234, 214));
 }
 
+TEST(Form1, TheBoardGrowsAndShrinksWithTheWindowAndStillFindsItsCells) {
+  Window win(2);
+  BoardView* board = win.w.Board();
+  const int natural = board->width();
+  EXPECT_LT(win.w.minimumSizeHint().width(), win.w.width());
+  win.w.resize(win.w.size() * 2);
+  QApplication::processEvents();
+  EXPECT_GT(board->width(), natural * 3 / 2);
+  // The pointer over the middle of cell 2 where the grown board shows it, and its outline there.
+  const GameState& s = win.s();
+  const QPointF centre = board->TwipsToPixels(QPointF(s.CellX[1][2] + 405, s.CellY[1][2] + 405));
+  EXPECT_GT(centre.x(), 2 * natural * (s.CellX[1][2] + 405.0) / kPictureWidth * 0.9);
+  QMouseEvent move(QEvent::MouseMove, centre, board->mapToGlobal(centre), Qt::NoButton, Qt::NoButton,
+                   Qt::NoModifier);
+  QApplication::sendEvent(board, &move);
+  EXPECT_TRUE(win.Text("pb").startsWith(" Cell 2,")) << win.Text("pb").toStdString();
+  const QPointF line = board->TwipsToPixels(QPointF(s.CellX[1][2] + 405, s.CellY[1][2]));
+  EXPECT_EQ(board->grab().toImage().pixelColor(line.toPoint()), QColor(Qt::black));
+}
+
 TEST(Form1, ArrowsAndTheTypedNumber) {
   Window win(2);
   // From the first record each press lands on a different one if the arrows or buttons were swapped.

@@ -130,10 +130,8 @@ struct Window {
   void Trigger(const char* action) { Get<QAction>(action)->trigger(); }
   // Colour of the board picture at a twips position.
   QColor Pixel(double x, double y) {
-    const QImage& image = w.Board()->Image();
-    const double scale = image.width() / static_cast<double>(w.Board()->sizeHint().width());
-    const QPointF px = w.Board()->TwipsToPixels(QPointF(x, y)) * scale;
-    return image.pixelColor(static_cast<int>(px.x()), static_cast<int>(px.y()));
+    const QPointF px = w.Board()->TwipsToImage(QPointF(x, y));
+    return w.Board()->Image().pixelColor(static_cast<int>(px.x()), static_cast<int>(px.y()));
   }
 
   TempDir dir;

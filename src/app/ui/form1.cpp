@@ -2,6 +2,7 @@
 #include "app/ui/form1.h"
 
 #include <QApplication>
+#include <QScreen>
 #include <QCloseEvent>
 #include <QFrame>
 #include <QInputDialog>
@@ -49,6 +50,10 @@ Form1::Form1(QWidget* parent) : QMainWindow(parent) {
   BuildControls();
   BuildMenus();
   BuildAssist();
+  // It opens with the board at its own size (Qt would hold a new window to
+  // two thirds of the screen); then the person may make it larger or smaller.
+  if (const QScreen* screen = QGuiApplication::primaryScreen())
+    resize(sizeHint().boundedTo(screen->availableSize()));
 }
 
 Form1::~Form1() {
@@ -232,7 +237,10 @@ void Form1::ControlsChanged() {
   const ViewState& v = s_.view;
   if (puzNumNow_->text() != Q(v.PuzNumNow)) puzNumNow_->setText(Q(v.PuzNumNow));
   maxPuzCount_->setText(Q(v.MaxPuzCount));
-  if (puzTitle_->text() != Q(v.PuzTitle)) puzTitle_->setText(Q(v.PuzTitle));
+  if (puzTitle_->text() != Q(v.PuzTitle)) {
+    puzTitle_->setText(Q(v.PuzTitle));
+    puzTitle_->setCursorPosition(0);  // a title too long for the box shows its beginning
+  }
   puzTitle_->setToolTip(Q(v.PuzTitle));
   setWindowTitle(v.Caption.empty() ? kTitle : Q(v.Caption));
   pb_->setText(Q(v.pb));

@@ -111,6 +111,7 @@ class Form1 : public QMainWindow, public UserInterface {
   QLayout* BuildSidePanel(QWidget* parent);
   QLayout* BuildStatusLine(QWidget* parent);
   void BuildProgressPanel();
+  void PlaceProgressPanel();
   void BuildHiddenButtons(QWidget* parent);
   // Every menu and menu entry is made here, from the table of MenuRows.
   void BuildMenus();

@@ -26,11 +26,12 @@ void Form1::BuildControls() {
   auto* outer = new QVBoxLayout(central);
   outer->addLayout(BuildTopRow(central));
   // The board and, beside it, the four suit panels and the buttons.
+  // The board takes what room the window gives, at its twips layout scaled.
   auto* middle = new QHBoxLayout;
   BuildBoard(central);
-  middle->addWidget(board_, 0, Qt::AlignTop);
+  middle->addWidget(board_, 1);
   middle->addLayout(BuildSidePanel(central));
-  outer->addLayout(middle);
+  outer->addLayout(middle, 1);
   outer->addLayout(BuildStatusLine(central));
   BuildProgressPanel();
 
@@ -40,7 +41,6 @@ void Form1::BuildControls() {
 
   BuildHiddenButtons(central);
   setCentralWidget(central);
-  outer->setSizeConstraint(QLayout::SetFixedSize);
 }
 
 QLayout* Form1::BuildTopRow(QWidget* parent) {
@@ -57,6 +57,8 @@ QLayout* Form1::BuildTopRow(QWidget* parent) {
   maxPuzCount_->setMinimumWidth(maxPuzCount_->fontMetrics().horizontalAdvance(QStringLiteral(" of 00000")));
   puzTitle_ = new QLineEdit(parent);
   puzTitle_->setObjectName(QStringLiteral("PuzTitle"));
+  // Room for a title the program gives, at any text size.
+  puzTitle_->setMinimumWidth(puzTitle_->fontMetrics().horizontalAdvance(QStringLiteral("VHard 00/00/0000 00:00:00")) + 16);
   connect(puzTitle_, &QLineEdit::textEdited, this, [this](const QString& t) { s_.view.PuzTitle = S(t); });
   // The `arrows` buttons: previous, next and random puzzle.
   const QString arrowTexts[3] = {QStringLiteral("<"), QStringLiteral(">"), QStringLiteral("?")};
@@ -101,6 +103,10 @@ void Form1::BuildBoard(QWidget* parent) {
     ControlsChanged();
   };
   board_->onPainted = [this] { timing_.Painted(); };
+  board_->onResized = [this] {
+    PlaceProgressPanel();
+    DrawBoard();
+  };
 }
 
 QLayout* Form1::BuildSidePanel(QWidget* parent) {
@@ -174,12 +180,7 @@ void Form1::BuildProgressPanel() {
   frame1_->setObjectName(QStringLiteral("Frame1"));
   frame1_->setFrameShape(QFrame::StyledPanel);
   frame1_->setAutoFillBackground(true);
-  // Over the 7x7 grid exactly, so no cell border shows beside it.
-  const QPointF frameTopLeft = board_->TwipsToPixels(QPointF(kBoardMargin, kBoardMargin));
-  const QPointF frameSize = board_->TwipsToPixels(QPointF(7 * kCellSize, 7 * kCellSize));
-  // One pixel more takes in the grid's last line.
-  frame1_->setGeometry(
-      QRectF(frameTopLeft, QSizeF(frameSize.x(), frameSize.y())).toRect().adjusted(0, 0, 1, 1));
+  PlaceProgressPanel();
   auto* frameLayout = new QVBoxLayout(frame1_);
   newLab_ = new QLabel(frame1_);
   newLab_->setObjectName(QStringLiteral("NewLab"));
@@ -199,6 +200,15 @@ void Form1::BuildProgressPanel() {
   frameLayout->addWidget(cmdcancel_, 0, Qt::AlignHCenter);
   frameLayout->addStretch(1);
   frame1_->hide();
+}
+
+void Form1::PlaceProgressPanel() {
+  if (!frame1_) return;
+  // Over the 7x7 grid exactly, so no cell border shows beside it.
+  const QPointF topLeft = board_->TwipsToPixels(QPointF(kBoardMargin, kBoardMargin));
+  const QPointF bottomRight = board_->TwipsToPixels(QPointF(kBoardMargin + 7 * kCellSize, kBoardMargin + 7 * kCellSize));
+  // One pixel more takes in the grid's last line.
+  frame1_->setGeometry(QRectF(topLeft, bottomRight).toRect().adjusted(0, 0, 1, 1));
 }
 
 void Form1::BuildHiddenButtons(QWidget* parent) {

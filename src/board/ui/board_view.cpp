@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 #include "board/geometry.h"
@@ -16,21 +17,36 @@ BoardView::BoardView(const GameState& state, QWidget* parent) : QWidget(parent),
   setObjectName(QStringLiteral("Picture1"));
   setMouseTracking(true);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setFocusPolicy(Qt::StrongFocus);  // keyboard play
 }
 
 QSize BoardView::sizeHint() const {
-  const QPointF size = TwipsToPixels(QPointF(kPictureWidth, kPictureHeight));
-  return {static_cast<int>(std::ceil(size.x())), static_cast<int>(std::ceil(size.y()))};
+  return {static_cast<int>(std::ceil(kPictureWidth * logicalDpiX() / double(kTwipsPerInch))),
+          static_cast<int>(std::ceil(kPictureHeight * logicalDpiY() / double(kTwipsPerInch)))};
 }
 
 QPointF BoardView::PixelsToTwips(QPointF pixels) const {
-  return {pixels.x() * kTwipsPerInch / logicalDpiX(), pixels.y() * kTwipsPerInch / logicalDpiY()};
+  const QPointF p = (pixels - offset_) / zoom_;
+  return {p.x() * kTwipsPerInch / logicalDpiX(), p.y() * kTwipsPerInch / logicalDpiY()};
 }
 
 QPointF BoardView::TwipsToPixels(QPointF twips) const {
-  return {twips.x() * logicalDpiX() / kTwipsPerInch, twips.y() * logicalDpiY() / kTwipsPerInch};
+  return offset_ + QPointF(twips.x() * logicalDpiX() / kTwipsPerInch, twips.y() * logicalDpiY() / kTwipsPerInch) *
+                       zoom_;
+}
+
+QPointF BoardView::TwipsToImage(QPointF twips) const { return (TwipsToPixels(twips) - offset_) * imageScale_; }
+
+void BoardView::resizeEvent(QResizeEvent*) {
+  const QSize natural = sizeHint();
+  zoom_ = std::min(width() / double(natural.width()), height() / double(natural.height()));
+  // A whole number of pixels a cell, so every grid line is drawn alike.
+  const double cell = kCellSize * logicalDpiX() / double(kTwipsPerInch);
+  if (zoom_ * cell >= 1) zoom_ = std::floor(zoom_ * cell + 1e-9) / cell;
+  offset_ = QPointF((width() - natural.width() * zoom_) / 2, 0);  // at the top, as the suit panels
+  image_ = QImage();  // painted anew at the new scale
+  if (onResized) onResized();
 }
 
 bool BoardView::EnsureImage() {
@@ -38,8 +54,8 @@ bool BoardView::EnsureImage() {
   if (!image_.isNull() && scale == imageScale_) return false;
   imageScale_ = scale;
   const QSize logical = sizeHint();
-  image_ = QImage(static_cast<int>(std::ceil(logical.width() * scale)),
-                  static_cast<int>(std::ceil(logical.height() * scale)), QImage::Format_RGB32);
+  image_ = QImage(static_cast<int>(std::ceil(logical.width() * zoom_ * scale)),
+                  static_cast<int>(std::ceil(logical.height() * zoom_ * scale)), QImage::Format_RGB32);
   image_.fill(surface_);
   return true;
 }
@@ -48,7 +64,7 @@ template <typename Paint>
 void BoardView::PaintOnImage(Paint&& paint) {
   QPainter p(&image_);
   p.setRenderHint(QPainter::TextAntialiasing);
-  ScaleToTwips(p, logicalDpiX() * imageScale_, logicalDpiY() * imageScale_);
+  ScaleToTwips(p, logicalDpiX() * imageScale_ * zoom_, logicalDpiY() * imageScale_ * zoom_);
   BoardPainter board(p, strip_, cell_, surface_, given_);
   paint(board);
 }
@@ -79,7 +95,7 @@ void BoardView::paintEvent(QPaintEvent* event) {
   if (EnsureImage()) PaintOnImage([this](BoardPainter& b) { b.DrawBoard(s_); });
   QPainter p(this);
   p.fillRect(event->rect(), surface_);
-  p.drawImage(QRectF(QPointF(0, 0), QSizeF(image_.size()) / imageScale_), image_);
+  p.drawImage(QRectF(offset_, QSizeF(image_.size()) / imageScale_), image_);
   if (aids_ != Aids{}) PaintAids(p);
   p.end();
   if (onPainted) onPainted();
@@ -107,7 +123,8 @@ void BoardView::ShowAids(bool shade) {
 
 void BoardView::PaintAids(QPainter& p) const {
   p.save();
-  ScaleToTwips(p, logicalDpiX(), logicalDpiY());
+  p.translate(offset_);
+  ScaleToTwips(p, logicalDpiX() * zoom_, logicalDpiY() * zoom_);
   auto cell = [this](int at, int inset) {
     const int r = at / kGridDim, c = at % kGridDim;
     return QRectF(s_.CellX[r][c] + inset, s_.CellY[r][c] + inset, kCellSize - 2 * inset,

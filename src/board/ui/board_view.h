@@ -37,14 +37,21 @@ class BoardView : public QWidget {
   void DrawCell(int rank, const std::string& suitLetter, int row, int col);
   void ShowSolution();
 
-  // What is on the picture now, one image pixel per device pixel.
+  // What is on the picture now, one image pixel per device pixel, and where
+  // a twips position is on it.
   const QImage& Image() const { return image_; }
-  // Twips <-> widget pixels on this screen.
+  QPointF TwipsToImage(QPointF twips) const;
+  // Twips <-> widget pixels: the board keeps its twips layout, scaled to the
+  // widget's size, at its top and centred across it.
   QPointF PixelsToTwips(QPointF pixels) const;
   QPointF TwipsToPixels(QPointF twips) const;
 
+  // Its size at 100 %, and the smallest it may become.
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
+  QSize minimumSizeHint() const override { return sizeHint() / 2; }
+
+  // Called when the board's scale or place in the widget changed.
+  std::function<void()> onResized;
 
   // Mouse events in twips; button 1 left, 2 right.
   std::function<void(int button, float x, float y)> onMouseUp;
@@ -59,6 +66,7 @@ class BoardView : public QWidget {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   // Makes the image match the screen; true when it had to be made anew.
@@ -78,6 +86,8 @@ class BoardView : public QWidget {
   SuitStrip strip_;
   QImage image_;
   qreal imageScale_ = 0;
+  double zoom_ = 1;  // the board's size over its size at 100 %
+  QPointF offset_;   // where the board's top-left corner is in the widget
   QColor cell_{240, 240, 240}, surface_{240, 240, 240}, given_;
   Aids aids_;
 };

@@ -70,30 +70,6 @@ int CountPuzzles(const std::string& file, int* error) {
   return whole ? index->headerLines : 0;
 }
 
-int CountPuzzles(LineReader& reader) {
-  int count = 0;
-  std::string line;
-  while (reader.ReadLine(line)) {
-    if (!line.empty() && line[0] == '#') ++count;
-  }
-  return count;
-}
-
-int FindPuzzleHeader(LineReader& reader, int n, int& number) {
-  int counter = -1;
-  std::string line;
-  while (reader.ReadLine(line)) {
-    if (line.empty() || line[0] != '#') continue;
-    ++counter;
-    if (counter >= n) {
-      const auto v = ValInt(std::string_view(line).substr(1));
-      number = v ? *v : 0;
-      return 0;
-    }
-  }
-  return -1;
-}
-
 int LoadPuzzle(GameState& s, UserInterface& ui, const std::string& file, int n, std::string& title,
                int drawFlag) {
   ui.SetBusy(true);

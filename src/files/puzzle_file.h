@@ -13,13 +13,6 @@ namespace velmora {
 // damaged one (a line over 1 MiB stops the reading): its records are not shown
 // as if the records before the damage were all. `error` tells which.
 int CountPuzzles(const std::string& file, int* error = nullptr);
-// The same from the reader's position on; reader.error() tells a damaged file.
-int CountPuzzles(LineReader& reader);
-
-// Reads on from the reader's position to the n-th header line (the first
-// when n = 0). Returns status 0 with number = the header's numeric value, or
-// -1 at end of file.
-int FindPuzzleHeader(LineReader& reader, int n, int& number);
 
 // Loads record n (1-based ordinal) into the grids and shows it. Returns
 // notFound: 0 when loaded, 1 when there is no such record or reading failed

@@ -1,7 +1,8 @@
 // libFuzzer harness: any bytes as the script of `velmora-cli play`, run
 // against a small fixed puzzle file, must run to its end cleanly. The session
 // works in the private folder (the delete command's work file goes to the
-// current folder) and its output is thrown away.
+// current folder), its output is thrown away, and the script is read from
+// memory, where no save of its own can add lines to it.
 #include <fcntl.h>
 #include <unistd.h>
 

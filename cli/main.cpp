@@ -1,5 +1,4 @@
 // velmora-cli: headless batch work on the program's own core.
-#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -13,11 +12,6 @@
 
 namespace velmora::cli {
 namespace {
-
-std::vector<Subcommand>& Registry() {
-  static std::vector<Subcommand> commands;
-  return commands;
-}
 
 void PrintHelp(std::FILE* out) {
   std::fprintf(out, "Usage: velmora-cli COMMAND [ARGS]\n\nCommands:\n");
@@ -36,30 +30,6 @@ int Finish(int code) {
 }
 
 }  // namespace
-
-Registration::Registration(const Subcommand& command) {
-  auto& r = Registry();
-  r.push_back(command);
-  std::sort(r.begin(), r.end(), [](const Subcommand& a, const Subcommand& b) { return a.order < b.order; });
-}
-
-const std::vector<Subcommand>& Subcommands() { return Registry(); }
-
-int UsageError(const Subcommand& command, const std::string& message) {
-  std::fprintf(stderr, "velmora-cli %s: %s\nusage: velmora-cli %s\n", command.name, message.c_str(),
-               command.usage);
-  return kUsageError;
-}
-
-bool ParseInt(const std::string& text, long long& value) {
-  if (text.empty() || text.size() > 18) return false;
-  size_t i = text[0] == '-' || text[0] == '+' ? 1 : 0;
-  if (i == text.size()) return false;
-  for (size_t j = i; j < text.size(); ++j)
-    if (text[j] < '0' || text[j] > '9') return false;
-  value = std::stoll(text);
-  return true;
-}
 
 }  // namespace velmora::cli
 

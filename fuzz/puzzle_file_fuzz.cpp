@@ -1,24 +1,16 @@
 // libFuzzer harness: any bytes as a puzzle file must load or fail cleanly.
-#include <unistd.h>
-
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <string>
 
 #include "files/puzzle_file.h"
+#include "fuzz_support.h"
 #include "model/rules.h"
 
 using namespace velmora;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  static const std::string path = "/tmp/velmora_fuzz_" + std::to_string(::getpid()) + ".vlm";
-  {
-    std::FILE* f = std::fopen(path.c_str(), "wb");
-    if (!f) return 0;
-    std::fwrite(data, 1, size, f);
-    std::fclose(f);
-  }
+  const std::string path = fuzz::PrivateFolder::Get().Write("puzzles.vlm", data, size);
   const int count = CountPuzzles(path);
   GameState state;
   SilentUserInterface ui;

@@ -17,9 +17,15 @@
 namespace velmora {
 namespace {
 
-// A damaged size line may ask for rows millions of blanks wide; past this
-// much padding the file is taken as unreadable rather than filling memory.
+// A damaged size line may ask for rows millions of blanks wide. Rows cut
+// short pad a real file to a few times its own size at most; past that (and
+// past 64 MiB in any case) the file is taken as unreadable rather than
+// filling memory and the output with dots.
 constexpr size_t kPaddingBudget = size_t{64} << 20;
+size_t PaddingBudget(long long sourceBytes) {
+  const size_t bytes = sourceBytes > 0 ? static_cast<size_t>(sourceBytes) : 0;
+  return std::min(kPaddingBudget, (size_t{64} << 10) + 16 * std::min(bytes, kPaddingBudget));
+}
 
 // A record's lines and the numbers its size line gives. The rows are kept
 // twice, as the sort text joins them (each after a CR) and as the output
@@ -112,7 +118,7 @@ std::vector<std::string_view> SplitFields(std::string_view line) {
 // line without a blanks count (or with 0) gets the count of "B" and "W"
 // appended. False when the file ends inside the record or its size cannot be
 // read.
-bool ReadRecord(LineReader& in, RecordLines& r, size_t& padding) {
+bool ReadRecord(LineReader& in, RecordLines& r, size_t& padding, size_t budget) {
   if (!in.ReadLine(r.title) || !in.ReadLine(r.size)) return false;
   const std::vector<std::string_view> fields = SplitFields(r.size);
   const auto rows = ValInt(fields[0]);
@@ -130,7 +136,7 @@ bool ReadRecord(LineReader& in, RecordLines& r, size_t& padding) {
     if (!in.ReadLine(line)) return false;
     if (line.size() < width) {
       padding += width - line.size();
-      if (padding > kPaddingBudget) return false;
+      if (padding > budget) return false;
       line.resize(width, ' ');
     }
     std::replace(line.begin(), line.end(), ' ', '.');
@@ -166,12 +172,13 @@ bool ReadItems(SortSettings& settings, Random& rng, UserInterface& ui, const Sor
                SortBuffer& items) {
   LineReader in(settings.source);
   if (!in.IsOpen()) return false;
-  items.Reserve(FileLength(settings.source));
+  const long long bytes = FileLength(settings.source);
+  items.Reserve(bytes);
   RecordLines r;
   size_t padding = 0;
   while (in.ReadLine(r.header)) {
     if (Trim(r.header).empty()) continue;
-    if (!ReadRecord(in, r, padding)) return false;
+    if (!ReadRecord(in, r, padding, PaddingBudget(bytes))) return false;
     items.Add(Key(r, settings, rng), r);
     if (progress) progress(static_cast<long long>(items.size()));
     ui.Yield();

@@ -142,6 +142,7 @@ TEST(Arrows, StepWrapJumpCountAfreshDrawAndFallBackAndTheTypedNumber) {
   }
   EXPECT_EQ(shown, (Strings{"10 of 10 T10", "1 of 10 T1", "2 of 10 T2", "10 of 10 T10", "9 of 10 T9",
                             "1 of 10 T1"}));
+  EXPECT_FALSE(d.ui.busy);  // the pointer is back to normal after each step
   d.s.rng = Random::Seeded(7);
   std::set<std::string> seen;  // random draws every record, with either button
   for (int i = 0; i < 300; ++i) {

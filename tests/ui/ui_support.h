@@ -87,9 +87,12 @@ inline void Click(QWidget* w, Qt::MouseButton button = Qt::LeftButton, QPointF p
   QApplication::sendEvent(w, &release);
 }
 
-// A dialog's own button `name` pressed (its file field may have one of the same name).
+// A dialog's own button `name` pressed (its file field may have one of the
+// same name), as a person can: only where it shows.
 inline void Press(QWidget* dialog, const char* name) {
-  Child<QPushButton>(dialog, name, Qt::FindDirectChildrenOnly)->click();
+  auto* button = Child<QPushButton>(dialog, name, Qt::FindDirectChildrenOnly);
+  EXPECT_TRUE(button->isVisible() && !button->visibleRegion().isEmpty()) << name;
+  button->click();
 }
 
 inline void Key(QWidget* w, int key, const QString& text = {}) {

@@ -160,6 +160,8 @@ TEST(ButtonContrast, MovesTheButtonFaceTowardsWhiteOrBlackAndReadsBack) {
     EXPECT_NEAR(ButtonContrast(colors), contrast, 1) << contrast;
   }
   EXPECT_EQ(colors[kSchemeButtonFace], Rgb(0, 0, 0));
+  colors[kSchemeBackground] = colors[kSchemeButtonFace] = Rgb(255, 255, 255);
+  EXPECT_EQ(ButtonContrast(colors), 0);  // nothing lighter than white to move towards
 }
 
 }  // namespace

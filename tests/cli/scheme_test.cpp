@@ -25,6 +25,7 @@ TEST(CliScheme, ListShowAddReplaceDeleteAndTheirExitCodes) {
                                                {"replace", "a", "--from", "new"},
                                                {"replace", "b", "--no"},
                                                {"delete", "b"},
+                                               {"delete", "a", "--no"},
                                                {"delete", "new"},
                                                {"show", "x"},
                                                {"list"},
@@ -43,9 +44,10 @@ TEST(CliScheme, ListShowAddReplaceDeleteAndTheirExitCodes) {
                      "confirm: Replace color scheme: a\nmessage: Color Scheme: a replaced\n"
                      "confirm: Replace color scheme: b\n"
                      "confirm: Delete color scheme: b\nmessage: Cannot delete currently active Color Scheme\n"
+                     "confirm: Delete color scheme: a\n"
                      "confirm: Delete color scheme: new\nmessage: Color Scheme: new deleted\n"
                      "message: Color Scheme: x.col not found\na\nb\n");
-  EXPECT_EQ(codes, "00101101022");
+  EXPECT_EQ(codes, "001011101022");
   // New started from the active scheme b, with its own background; a now holds New's colours.
   EXPECT_EQ(dir.Read("all.col"), Scheme("a.col", " 10; 20; 30", " 4; 5; 6") + b);
 }

@@ -50,5 +50,19 @@ TEST(Form2Options, OpeningAndApplyingWithoutAChangeKeepsEveryColourOfTheScheme) 
   EXPECT_EQ(win.s().Scheme, tint);
 }
 
+TEST(Form2Options, ReplaceAndDeleteActOnTheSchemeChosenInTheList) {
+  Window win(1, "sea.col");
+  win.hand.answers = {QMessageBox::Yes, QMessageBox::Ok, QMessageBox::Yes};
+  OnceOn<Form2> hand([&](Form2* f) {
+    Child<QListWidget>(f, "List1")->setCurrentRow(2);  // "sand"
+    for (const char* command : {"RepSch", "DelSch"}) Child<QPushButton>(f, command)->click();
+    EXPECT_EQ(Child<QListWidget>(f, "List1")->findItems("sand", Qt::MatchExactly).size(), 0);
+    Press(f, "Command2");
+  });
+  win.Trigger("mnuoptions");
+  EXPECT_EQ(win.hand.texts, (std::vector<std::string>{"Replace color scheme: sand", "Color Scheme: sand replaced",
+                                                      "Delete color scheme: sand", "Color Scheme: sand deleted"}));
+}
+
 }  // namespace
 }  // namespace velmora::test

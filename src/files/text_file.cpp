@@ -38,6 +38,16 @@ bool WriteAll(int fd, const char* data, size_t size) {
 
 bool WriteAll(int fd, std::string_view text) { return WriteAll(fd, text.data(), text.size()); }
 
+// The pieces `produce` hands over, written to `fd`; a producer that gives up
+// without a write having failed leaves ECANCELED.
+bool WritePieces(int fd, const TextPieces& produce) {
+  bool written = true;
+  errno = 0;
+  const bool done = produce([fd, &written](std::string_view piece) { return written = WriteAll(fd, piece); });
+  if (!done && written) errno = ECANCELED;
+  return done && written;
+}
+
 // Opens a regular file for reading. The type is looked at before the open so
 // that a pipe never blocks and a device is never touched.
 int OpenRegular(const std::string& path, int& error) {
@@ -354,13 +364,13 @@ bool LockedFile::Fail(int error) {
   return false;
 }
 
-bool LockedFile::Create(std::string_view contents) {
+bool LockedFile::Create(const TextPieces& produce) {
   std::string name;
   const int tmp = OpenTemporary(real_, name, 0666);
   if (tmp < 0) return Fail(errno);
   // Locked before it has its name, so no other writer gets in first.
   [[maybe_unused]] const int held = ::flock(tmp, LOCK_EX | LOCK_NB);
-  bool good = WriteAll(tmp, contents) && ::fsync(tmp) == 0 && LinkNew(tmp, name, real_);
+  bool good = WritePieces(tmp, produce) && ::fsync(tmp) == 0 && LinkNew(tmp, name, real_);
   const int saved = errno;
   if (!name.empty()) ::unlink(name.c_str());
   if (!good) {
@@ -387,10 +397,14 @@ bool LockedFile::Replaceable() {
 }
 
 bool LockedFile::Replace(std::string_view contents) {
+  return Replace([contents](const PieceWriter& write) { return write(contents); });
+}
+
+bool LockedFile::Replace(const TextPieces& produce) {
   struct stat st {};
   if (!ok()) return false;
   if (absent_) {
-    if (!Create(contents)) return false;
+    if (!Create(produce)) return false;
     if (!StampOf(fd_, replaced_)) replaced_ = FileStamp{};
     return true;
   }
@@ -402,7 +416,7 @@ bool LockedFile::Replace(std::string_view contents) {
   if (tmp < 0) return Fail(errno);
   // Owner first: a change of owner clears set-id bits that the mode then restores.
   [[maybe_unused]] const int owned = ::fchown(tmp, st.st_uid, st.st_gid);
-  bool good = WriteAll(tmp, contents) && ::fchmod(tmp, st.st_mode & 07777) == 0 && ::fsync(tmp) == 0;
+  bool good = WritePieces(tmp, produce) && ::fchmod(tmp, st.st_mode & 07777) == 0 && ::fsync(tmp) == 0;
   if (good) good = NameTemporary(tmp, real_, name);
   if (good) good = ::rename(name.c_str(), real_.c_str()) == 0;
   const int saved = errno;
@@ -418,7 +432,7 @@ bool LockedFile::Replace(std::string_view contents) {
 bool LockedFile::Append(std::string_view contents) {
   struct stat st {};
   if (!ok()) return false;
-  if (absent_) return Create(contents);
+  if (absent_) return Create([contents](const PieceWriter& write) { return write(contents); });
   if (::fstat(fd_, &st) != 0) return Fail(errno);
   const off_t before = st.st_size;
   char last = '\n';
@@ -471,6 +485,10 @@ bool UnderLock(const std::string& path, int* error, Write write) {
 
 bool WriteFileAtomically(const std::string& path, std::string_view contents, int* error) {
   return UnderLock(path, error, [&contents](LockedFile& file) { return file.Replace(contents); });
+}
+
+bool WriteFileAtomically(const std::string& path, const TextPieces& produce, int* error) {
+  return UnderLock(path, error, [&produce](LockedFile& file) { return file.Replace(produce); });
 }
 
 bool AppendToFile(const std::string& path, std::string_view contents, int* error) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,6 +24,12 @@ inline constexpr size_t kMaxLineLength = size_t{1} << 20;
 
 // "No such file or directory", "the file is in use by another program", ...
 std::string FileErrorText(int error);
+
+// A text handed over in pieces, for one too large to hold whole: `produce`
+// calls `write` with each piece in turn and returns false to give up (as
+// `write` does when a piece could not be written).
+using PieceWriter = std::function<bool(std::string_view piece)>;
+using TextPieces = std::function<bool(const PieceWriter& write)>;
 
 // One version of a file: a file replaced by a rename has another inode, and
 // any write changes the change time (times in nanoseconds since 1970).
@@ -93,7 +100,9 @@ class LockedFile {
   bool Replaceable();
   // Replaces the contents through a nameless temporary file beside the real
   // file that is renamed over it at the end; keeps the file's permissions.
+  // The file changes only when every piece was written.
   bool Replace(std::string_view contents);
+  bool Replace(const TextPieces& produce);
   // The version of the file the last Replace made.
   const FileStamp& Replaced() const { return replaced_; }
   // Appends whole or not at all: on any error the file is cut back to its
@@ -108,7 +117,7 @@ class LockedFile {
 
  private:
   bool Fail(int error);
-  bool Create(std::string_view contents);
+  bool Create(const TextPieces& produce);
 
   std::string real_;
   FileStamp replaced_;
@@ -122,6 +131,7 @@ class LockedFile {
 // crash leaves either the old or the new contents (or, for a new file, none),
 // never a temporary file.
 bool WriteFileAtomically(const std::string& path, std::string_view contents, int* error = nullptr);
+bool WriteFileAtomically(const std::string& path, const TextPieces& produce, int* error = nullptr);
 // Appends under the file's lock, whole or not at all (see LockedFile::Append).
 bool AppendToFile(const std::string& path, std::string_view contents, int* error = nullptr);
 // A work file the program leaves behind (velmora.tmp, newall.cox): written

@@ -162,7 +162,8 @@ std::string Key(const RecordLines& r, SortSettings& settings, Random& rng) {
   return key;
 }
 
-// Every record of the source, in file order. False when one is cut short.
+// Every record of the source, in file order. False when one is cut short or
+// the reading stops early.
 bool ReadItems(SortSettings& settings, Random& rng, UserInterface& ui, const SortProgress& progress,
                SortBuffer& items) {
   LineReader in(settings.source);
@@ -177,7 +178,7 @@ bool ReadItems(SortSettings& settings, Random& rng, UserInterface& ui, const Sor
     if (progress) progress(static_cast<long long>(items.size()));
     ui.Yield();
   }
-  return true;
+  return in.error() == 0;  // a read error or a line over 1 MiB: the records after it would be lost
 }
 
 // The records in the chosen order, renumbered when asked. False when Text3's

@@ -104,6 +104,7 @@ TEST(Sort, RefusalsAndAFailedRunLeaveTheOldOutputAlone) {
       {"text only\r\n", "out.vlm", "There are no puzzles in this file"},
       {Rec("#1", "t", " 1, 1, 1") + Rec("#2", "u", " 3, 7, 5", 2), "out.vlm", "Unable to sort file:"},
       {Rec("#1", "t", " 7"), "out.vlm", "Unable to sort file:"},  // no row width
+      {kA + std::string(2000000, '\0') + "\r\n" + kB, "out.vlm", "Unable to sort file:"},  // a line over 1 MiB
   };
   for (const auto& [source, output, message] : cases) {
     Sorting s(source);

@@ -1,21 +1,30 @@
-// Sort tool: every record is read as text and keyed; the keyed texts are
-// ordered as text and the records written back in that order.
+// Sort tool: every record is read as text and keyed; the records are ordered
+// by their sort texts (key, CR, then the record's lines joined by CR) and
+// written back in that order.
 #include "files/sort.h"
 
 #include <algorithm>
-#include <cmath>
+#include <bit>
 #include <cstdint>
-#include <cstdio>
+#include <cstring>
 #include <exception>
+#include <optional>
 #include <string_view>
 #include <vector>
 
 #include "files/puzzle_file.h"
+#include "files/sort_buffer.h"
 #include "files/text_file.h"
 #include "model/text.h"
 
 namespace velmora {
 namespace {
+
+using sorting::LineEnd;
+using sorting::RecordLines;
+using sorting::SortBuffer;
+using sorting::StoredText;
+using sorting::ZeroPadded;
 
 // A damaged size line may ask for rows millions of blanks wide. Rows cut
 // short pad a real file to a few times its own size at most; past that (and
@@ -25,82 +34,6 @@ constexpr size_t kPaddingBudget = size_t{64} << 20;
 size_t PaddingBudget(long long sourceBytes) {
   const size_t bytes = sourceBytes > 0 ? static_cast<size_t>(sourceBytes) : 0;
   return std::min(kPaddingBudget, (size_t{64} << 10) + 16 * std::min(bytes, kPaddingBudget));
-}
-
-// A record's lines and the numbers its size line gives. The rows are kept
-// twice, as the sort text joins them (each after a CR) and as the output
-// writes them (each with its CR LF).
-struct RecordLines {
-  std::string header, title, size, keyedRows, rows, line;
-  int rowCount = 0, colCount = 0;
-  double blanks = 0;
-};
-
-// The sort buffer (the dialog's List1): every record's sort text and output
-// lines live in two long texts, so a large file costs few allocations.
-class SortBuffer {
- public:
-  // Room for a source of this many bytes, plus the keys and the padding of
-  // a file of well-formed records.
-  void Reserve(long long bytes) {
-    if (bytes <= 0) return;
-    const size_t room = static_cast<size_t>(bytes) + static_cast<size_t>(bytes) / 8;
-    keyed_.reserve(room);
-    lines_.reserve(room);
-  }
-  void Add(const std::string& key, const RecordLines& r) {
-    Item item{};
-    item.text = keyed_.size();
-    item.lines = lines_.size();
-    item.headerLength = r.header.size();
-    for (const std::string* part : {&key, &r.header, &r.title}) keyed_ += *part + '\r';
-    keyed_ += r.size;
-    keyed_ += r.keyedRows;
-    item.textLength = keyed_.size() - item.text;
-    for (const std::string* part : {&r.header, &r.title, &r.size}) lines_ += *part + "\r\n";
-    lines_ += r.rows;
-    item.linesLength = lines_.size() - item.lines;
-    for (size_t i = 0; i < 8; ++i)
-      item.prefix =
-          item.prefix << 8 | (i < item.textLength ? static_cast<unsigned char>(keyed_[item.text + i]) : 0);
-    items_.push_back(item);
-  }
-  // Ascending text order; the first eight bytes, compared as one number,
-  // settle most comparisons.
-  void Sort() {
-    const std::string_view all = keyed_;
-    std::sort(items_.begin(), items_.end(), [all](const Item& a, const Item& b) {
-      if (a.prefix != b.prefix) return a.prefix < b.prefix;
-      return all.substr(a.text, a.textLength) < all.substr(b.text, b.textLength);
-    });
-  }
-  size_t size() const { return items_.size(); }
-  size_t LinesSize() const { return lines_.size(); }
-  // Record i's lines, from the header line or from the title line on.
-  std::string_view Lines(size_t i, bool withHeader) const {
-    const Item& item = items_[i];
-    const size_t skip = withHeader ? 0 : item.headerLength + 2;
-    return std::string_view(lines_).substr(item.lines + skip, item.linesLength - skip);
-  }
-
- private:
-  struct Item {
-    uint64_t prefix;
-    size_t text, lines, textLength, linesLength, headerLength;
-  };
-  std::string keyed_, lines_;
-  std::vector<Item> items_;
-};
-
-// n rounded half away from zero, its digits padded with zeros to `width`,
-// a minus sign before them when negative: -1 in five places is "-00001".
-std::string ZeroPadded(double n, size_t width) {
-  const double rounded = std::round(n);
-  char digits[400];  // the largest double has 309 digits
-  std::snprintf(digits, sizeof digits, "%.0f", std::fabs(rounded));
-  std::string text = digits;
-  if (text.size() < width) text.insert(0, width - text.size(), '0');
-  return rounded < 0 ? "-" + text : text;
 }
 
 std::vector<std::string_view> SplitFields(std::string_view line) {
@@ -129,7 +62,6 @@ bool ReadRecord(LineReader& in, RecordLines& r, size_t& padding, size_t budget) 
   r.blanks = fields.size() > 2 ? Val(fields[2]) : 0;
   const size_t width = static_cast<size_t>(std::max(0, r.colCount));
   long long marked = 0;
-  r.keyedRows.clear();
   r.rows.clear();
   for (int i = 0; i < r.rowCount; ++i) {
     std::string& line = r.line;
@@ -142,54 +74,120 @@ bool ReadRecord(LineReader& in, RecordLines& r, size_t& padding, size_t budget) 
     std::replace(line.begin(), line.end(), ' ', '.');
     marked += std::count_if(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(width),
                             [](char c) { return c == 'B' || c == 'W' || c == 'b' || c == 'w'; });
-    (r.keyedRows += '\r') += line;
-    (r.rows += line) += "\r\n";
+    (r.rows += '\n') += line;
   }
+  r.appended = -1;
   if (r.blanks == 0) {
     r.blanks = static_cast<double>(marked);
-    r.size += "," + Str(marked);
+    r.appended = marked;  // "," and Str(marked) after the size line
   }
   return true;
 }
 
 // The key tests run in this order and a later one that applies replaces an
-// earlier one, so "No of Blanks" wins over a random order.
-std::string Key(const RecordLines& r, SortSettings& settings, Random& rng) {
-  std::string key;
+// earlier one, so "No of Blanks" wins over a random order. A number key is
+// formatted into `number`.
+std::string_view Key(const RecordLines& r, SortSettings& settings, Random& rng, std::string& number) {
+  std::string_view key;
   if (settings.key == SortKey::kHeader) key = r.title;
-  if (settings.key == SortKey::kSize) key = ZeroPadded(static_cast<double>(r.rowCount) * r.colCount, 3);
-  if (settings.key == SortKey::kNumber) key = ZeroPadded(Val(std::string_view(r.header).substr(1)), 5);
+  if (settings.key == SortKey::kSize)
+    key = number = ZeroPadded(static_cast<double>(r.rowCount) * r.colCount, 3);
+  if (settings.key == SortKey::kNumber)
+    key = number = ZeroPadded(Val(std::string_view(r.header).substr(1)), 5);
   if (settings.order == SortOrder::kRandom) {
-    settings.resequence = true;                // random order always renumbers
-    key = ZeroPadded(rng.Pick(99999) - 2, 5);  // floor(u * 99999) - 1
+    settings.resequence = true;                         // random order always renumbers
+    key = number = ZeroPadded(rng.Pick(99999) - 2, 5);  // floor(u * 99999) - 1
   }
-  if (settings.key == SortKey::kBlanks) key = ZeroPadded(r.blanks, 5);
+  if (settings.key == SortKey::kBlanks) key = number = ZeroPadded(r.blanks, 5);
   return key;
 }
 
-// Every record of the source, in file order. False when one is cut short.
+// Every record of the source, in file order. False when one is cut short or
+// the reading stops early.
 bool ReadItems(SortSettings& settings, Random& rng, UserInterface& ui, const SortProgress& progress,
                SortBuffer& items) {
   LineReader in(settings.source);
   if (!in.IsOpen()) return false;
   const long long bytes = FileLength(settings.source);
-  items.Reserve(bytes);
   RecordLines r;
+  std::string number;
   size_t padding = 0;
   while (in.ReadLine(r.header)) {
     if (Trim(r.header).empty()) continue;
     if (!ReadRecord(in, r, padding, PaddingBudget(bytes))) return false;
-    items.Add(Key(r, settings, rng), r);
+    items.Add(Key(r, settings, rng, number), r);
     if (progress) progress(static_cast<long long>(items.size()));
     ui.Yield();
   }
-  return true;
+  return in.error() == 0;  // a read error or a line over 1 MiB: the records after it would be lost
 }
 
-// The records in the chosen order, renumbered when asked. False when Text3's
-// number is too large to count on from.
-bool OutputText(SortSettings& settings, const SortBuffer& items, UserInterface& ui,
-                const SortProgress& progress, std::string& out) {
+// The sorted text, handed to the file layer a piece at a time so that it is
+// never held whole in memory.
+class Pieces {
+ public:
+  explicit Pieces(const PieceWriter& write) : write_(write) {}
+  // Room for `bytes` more of the text at its end; Wrote() then tells where
+  // the text now ends. False once a piece could not be written.
+  char* Room(size_t bytes) {
+    if (text_.size() < used_ + bytes) text_.resize(std::max(used_ + bytes, 2 * kPiece));
+    return text_.data() + used_;
+  }
+  bool Wrote(const char* end) {
+    used_ = static_cast<size_t>(end - text_.data());
+    return used_ < kPiece || Send();
+  }
+  bool Send() {
+    const bool sent = write_(std::string_view(text_.data(), used_));
+    used_ = 0;
+    return sent;
+  }
+
+ private:
+  static constexpr size_t kPiece = size_t{1} << 20;
+  const PieceWriter& write_;
+  std::string text_;  // text_[0, used_) is still to be sent
+  size_t used_ = 0;
+};
+
+// Copies stored lines to `to`, each LF as CR LF, eight bytes a step where it
+// can; `to` has room for twice their length and eight bytes more.
+char* CopyLines(std::string_view lines, char* to) {
+  const char* from = lines.data();
+  const char* const end = from + lines.size();
+  while (from < end) {
+    if (std::endian::native == std::endian::little && end - from >= 8) {
+      constexpr uint64_t kOnes = 0x0101010101010101, kLf = kOnes * '\n', kHigh = kOnes * 0x80;
+      uint64_t x;
+      std::memcpy(&x, from, 8);
+      std::memcpy(to, &x, 8);
+      x ^= kLf;
+      const uint64_t lf = (x - kOnes) & ~x & kHigh;
+      if (lf == 0) {
+        from += 8;
+        to += 8;
+        continue;
+      }
+      const size_t k = static_cast<size_t>(std::countr_zero(lf)) / 8;
+      from += k + 1;
+      to += k;
+    } else if (*from != '\n') {
+      *to++ = *from++;
+      continue;
+    } else {
+      ++from;
+    }
+    *to++ = '\r';
+    *to++ = '\n';
+  }
+  return to;
+}
+
+// Writes the records in the chosen order, renumbered when asked. False when
+// Text3's number is too large to count on from or the output cannot be
+// written.
+bool WriteOutput(SortSettings& settings, const SortBuffer& items, UserInterface& ui,
+                 const SortProgress& progress) {
   long long number = 0;
   if (settings.resequence) {
     const auto start = ValInt(settings.start);
@@ -204,15 +202,30 @@ bool OutputText(SortSettings& settings, const SortBuffer& items, UserInterface& 
   }
   const bool descending = settings.order == SortOrder::kDescending;
   const size_t n = items.size();
-  out.reserve(items.LinesSize() + 16 * n);
-  for (size_t i = 0; i < n; ++i) {
-    const size_t item = descending ? n - 1 - i : i;
-    if (settings.resequence) ((out += '#') += NumText(number++)) += "\r\n";
-    out += items.Lines(item, !settings.resequence);
-    if (progress) progress(static_cast<long long>(n - 1 - i));
-    ui.Yield();
-  }
-  return true;
+  return WriteFileAtomically(settings.output, [&](const PieceWriter& write) {
+    Pieces output(write);
+    for (size_t i = 0; i < n; ++i) {
+      const StoredText record = items.Lines(descending ? n - 1 - i : i);
+      std::string_view lines = record.lines;
+      // Beside the lines: the new header, the appended count and the eight
+      // bytes CopyLines may write past its end, under 64 together.
+      char* to = output.Room(2 * (lines.size() + record.rest.size()) + 64);
+      if (settings.resequence) {
+        const std::string header = "#" + NumText(number++) + "\r\n";
+        to = std::copy(header.begin(), header.end(), to);
+        lines.remove_prefix(LineEnd(lines, 0) + 1);
+      }
+      to = CopyLines(lines, to);
+      to = std::copy(record.appended + record.appendedFrom, record.appended + record.appendedTo, to);
+      to = CopyLines(record.rest, to);
+      *to++ = '\r';
+      *to++ = '\n';
+      if (!output.Wrote(to)) return false;
+      if (progress) progress(static_cast<long long>(n - 1 - i));
+      ui.Yield();
+    }
+    return output.Send();
+  });
 }
 
 const char* Refusal(const SortSettings& settings) {
@@ -235,14 +248,13 @@ SortStatus SortPuzzleFile(SortSettings& settings, Random& rng, UserInterface& ui
     return kSortRefused;
   }
   ui.SetBusy(true);
-  SortBuffer items;
+  SortBuffer items(settings, FileLength(settings.source));
   bool ok = false;
   try {
-    std::string out;
     ok = ReadItems(settings, rng, ui, progress, items);
     if (ok) {
       items.Sort();
-      ok = OutputText(settings, items, ui, progress, out) && WriteFileAtomically(settings.output, out);
+      ok = WriteOutput(settings, items, ui, progress);
     }
   } catch (const std::exception&) {  // no memory for a source far beyond any puzzle book
     ok = false;

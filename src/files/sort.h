@@ -31,10 +31,10 @@ enum SortStatus { kSorted = 0, kSortRefused = 1, kSortFailed = 2 };
 // still to write.
 using SortProgress = std::function<void(long long count)>;
 
-// Sorts settings.source into settings.output, which is written whole and then
-// renamed into place; the source is never changed. Every outcome is told
-// through `ui`, which also yields after each record. Random keys draw from
-// `rng`, one draw per record in file order.
+// Sorts settings.source into settings.output, which is written beside it and
+// then renamed into place, whole or not at all; the source is never changed.
+// Every outcome is told through `ui`, which also yields after each record.
+// Random keys draw from `rng`, one draw per record in file order.
 SortStatus SortPuzzleFile(SortSettings& settings, Random& rng, UserInterface& ui,
                           const SortProgress& progress = nullptr);
 

@@ -1,6 +1,8 @@
-// velmora-cli sort: the output file byte for byte and a seeded random order
-// that repeats.
+// velmora-cli sort: the output file byte for byte, a seeded random order that
+// repeats, and a full disk.
 #include <gtest/gtest.h>
+
+#include <filesystem>
 
 #include "cli/cli_support.h"
 #include "test_support.h"
@@ -25,6 +27,20 @@ TEST(SortCli, WritesTheSortedFileAndRepeatsASeededRandomOrder) {
   for (const char* name : {"r1.vlm", "r2.vlm"})
     EXPECT_EQ(RunCli({"sort", in, dir.File(name), "--order", "random", "--seed", "9"}).exitCode, 0);
   EXPECT_EQ(dir.Read("r1.vlm"), dir.Read("r2.vlm"));
+}
+
+TEST(SortCli, AFullDiskLeavesTheOldOutputWithItsPermissionsAndNoOtherFile) {
+  namespace fs = std::filesystem;
+  test::TempDir dir;
+  const std::string in = dir.Write("in.vlm", test::Records(3000)), out = dir.Write("out.vlm", "old");
+  fs::permissions(out, fs::perms::owner_read | fs::perms::owner_write);
+  const auto full = RunCli({"sort", in, out}, "", 200000);
+  EXPECT_EQ(std::to_string(full.exitCode) + full.out, "1Unable to sort file:" + out + "\n");
+  EXPECT_EQ(dir.Read("out.vlm"), "old");
+  EXPECT_EQ(std::distance(fs::directory_iterator(dir.File("")), fs::directory_iterator()), 2);
+  EXPECT_EQ(RunCli({"sort", in, out}).exitCode, 0);
+  EXPECT_EQ(dir.Read("out.vlm").size(), dir.Read("in.vlm").size());
+  EXPECT_EQ(fs::status(out).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 }
 
 }  // namespace

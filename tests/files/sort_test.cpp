@@ -96,6 +96,30 @@ TEST(Sort, RowsArePaddedWithDotsAndAMissingBlanksCountIsTheNumberOfBAndW) {
                             Rec("#3", "v", " 1, 2, 5", 1, ".."));
 }
 
+TEST(Sort, ManyRecordsUnderOneKeyFollowTheirWholeSortTexts) {
+  // Titles alike for 19 bytes, one number throughout, every record twice or more.
+  std::string source;
+  std::vector<std::pair<std::string, std::string>> byTitle, byNumber;  // sort text, lines
+  for (int i = 0; i < 6000; ++i) {
+    const std::string header = i % 2 ? "#7" : "#07",
+                      title = "Easy 23/11/2026 07:" + std::to_string(i * 7919 % 997);
+    const std::string row = {static_cast<char>('A' + i % 26), static_cast<char>('a' + i % 7), 'x'};
+    const std::string lines = Rec(header, title, " 1, 3, 2", 1, row),
+                      rest = "\r" + header + "\r" + title + "\r 1, 3, 2\r" + row;
+    source += lines;
+    byTitle.push_back({title + rest, lines});
+    byNumber.push_back({"00007" + rest, lines});
+  }
+  Sorting s(source);
+  for (auto* expected : {&byTitle, &byNumber}) {
+    std::sort(expected->begin(), expected->end());
+    std::string text;
+    for (const auto& record : *expected) text += record.second;
+    ASSERT_EQ(s.Run(expected == &byTitle ? SortKey::kHeader : SortKey::kNumber), kSorted);
+    EXPECT_TRUE(s.Output() == text);
+  }
+}
+
 TEST(Sort, RefusalsAndAFailedRunLeaveTheOldOutputAlone) {
   const std::tuple<std::string, std::string, std::string> cases[] = {
       {kA, "  ", "Specify output file name"},
@@ -105,6 +129,8 @@ TEST(Sort, RefusalsAndAFailedRunLeaveTheOldOutputAlone) {
       {Rec("#1", "t", " 1, 1, 1") + Rec("#2", "u", " 3, 7, 5", 2), "out.vlm", "Unable to sort file:"},
       {Rec("#1", "t", " 7"), "out.vlm", "Unable to sort file:"},  // no row width
       {Rec("#1", "t", " 8, 7000000", 8, ""), "out.vlm", "Unable to sort file:"},  // 56 MB of dots from 36 bytes
+      // A line over 1 MiB stops the reading: the records after it are not dropped unsaid.
+      {kA + std::string(2000000, '\0') + "\r\n" + kB, "out.vlm", "Unable to sort file:"},
   };
   for (const auto& [source, output, message] : cases) {
     Sorting s(source);

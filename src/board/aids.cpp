@@ -43,8 +43,7 @@ void TakeStep(GameState& s, UserInterface& ui, const Hint& hint) {
   if (hint.kind == kHintWrong) {
     ClickCell(s, ui, kRightButton, hint.row, hint.col);
   } else if (hint.kind != kHintNone) {
-    const std::string text = std::string(RankLetter(CardRank(hint.card))) + kSuitLetters[CardSuit(hint.card)];
-    if (Choose(s, ui, text)) ClickCell(s, ui, kLeftButton, hint.row, hint.col);
+    if (Choose(s, ui, CardText(hint.card))) ClickCell(s, ui, kLeftButton, hint.row, hint.col);
   }
 }
 

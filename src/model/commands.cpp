@@ -18,8 +18,7 @@ void ListLeftOutCards(GameState& s) {
   for (int k = 1; k <= 52; ++k) {
     if (!s.CardCodes.IsAbsent(k)) continue;
     // The card's own rank and suit letters, not its "00X" code.
-    const int suit = (k - 1) % 4 + 1;
-    const std::string text = std::string(RankLetter((k - 1) / 4 + 1)) + kSuitLetters[suit];
+    const std::string text = CardText(k);
     s.Remain[static_cast<size_t>(SuitListIndex(text.substr(1)))].push_back(text);
   }
 }

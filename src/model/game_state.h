@@ -33,6 +33,8 @@ inline constexpr char kSuitLetters[5] = {'X', 'S', 'H', 'D', 'C'};
 inline constexpr const char* kRankLetters[15] = {"?", " ", "1", "2", "3", "4", "5", "6",
                                                  "7", "8", "9", "T", "J", "Q", "K"};
 inline const char* RankLetter(int rank) { return kRankLetters[rank + 1]; }
+// A card's own rank and suit letters, whatever its code: 1 "1S", 52 "KC".
+inline std::string CardText(int card) { return std::string(RankLetter(CardRank(card))) + kSuitLetters[CardSuit(card)]; }
 
 // CardCodes -4..52 held as rank number and suit number, which is what every
 // reader of the table extracts ("07D" is rank 7, suit 3; "00X" is 0, 0).

@@ -9,10 +9,6 @@
 namespace velmora {
 namespace {
 
-std::string CardText(int card) {
-  return std::string(RankLetter(CardRank(card))) + kSuitLetters[CardSuit(card)];
-}
-
 std::string CellText(const Hint& hint) { return NumText(hint.row) + ", " + NumText(hint.col); }
 
 // The first card put down that the stored solution does not have there.

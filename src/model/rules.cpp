@@ -65,8 +65,7 @@ bool UpdateOptions(GameState& s, int refresh) {
   if (refresh == 1 && anyEmpty) {
     for (CardSet set = available; set; set &= set - 1) {
       const int card = __builtin_ctzll(set) + 1;
-      const int suit = (card - 1) % 4 + 1;
-      s.Remain[suit - 1].push_back(std::string(RankLetter((card - 1) / 4 + 1)) + kSuitLetters[suit]);
+      s.Remain[CardSuit(card) - 1].push_back(CardText(card));
     }
   }
   return true;
@@ -74,7 +73,7 @@ bool UpdateOptions(GameState& s, int refresh) {
 
 int FindCardIndex(std::string_view text) {
   for (int k = 1; k <= 52; ++k) {
-    std::string item = std::string(RankLetter((k - 1) / 4 + 1)) + kSuitLetters[(k - 1) % 4 + 1];
+    std::string item = CardText(k);
     item += static_cast<char>('0' + k / 10);
     item += static_cast<char>('0' + k % 10);
     if (StartsWithNoCase(item, text)) return k;

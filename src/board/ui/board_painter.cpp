@@ -120,8 +120,8 @@ void BoardPainter::DrawSolution(const GameState& s) {
     for (int col = 1; col <= LoopCols(s); ++col) {
       const int v = s.SolutionGrid[row][col];
       if (v < 1 || v > kMaxCardIndex) continue;
-      const std::string text = RankLetter((v - 1) / 4 + 1) + std::string(1, kSuitLetters[(v - 1) % 4 + 1]);
-      p_.drawText(QPointF(s.TextX[row][col] - 200, s.TextY[row][col] + 450 + ascent), QString::fromLatin1(text.c_str()));
+      p_.drawText(QPointF(s.TextX[row][col] - 200, s.TextY[row][col] + 450 + ascent),
+                  QString::fromLatin1(CardText(v).c_str()));
     }
   }
 }

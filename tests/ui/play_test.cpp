@@ -96,6 +96,8 @@ TEST(Play, MouseKeysAndTheAssistMenuReachTheBoard) {
   ASSERT_EQ(win.Text("pb").toStdString(), HintText(hint));
   const int row = hint.row, col = hint.col, card = hint.card;
   const double x = s.CellX[row][col], y = s.CellY[row][col];
+  const QPoint frame = board->TwipsToPixels(QPointF(x + 405, y + 30)).toPoint();
+  EXPECT_EQ(board->grab().toImage().pixelColor(frame), QColor(230, 140, 0));  // the hint's cell framed
   const QPointF centre = board->TwipsToPixels(QPointF(x + 405, y + 405));
   QMouseEvent move(QEvent::MouseMove, centre, board->mapToGlobal(centre), Qt::NoButton, Qt::NoButton,
                    Qt::NoModifier);

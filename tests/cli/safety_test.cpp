@@ -22,6 +22,10 @@ TEST(CliSafety, GenerateOnAFullDiskLeavesTheFileAsItWasAndSaysNothingWasAdded) {
                                                                      "\nvelmora-cli generate: writing to " +
                                                                      file + " failed: File too large\n");
   EXPECT_EQ(dir.Read("f.vlm"), text);
+  // A new file the run could not finish is not left behind, empty or in part.
+  const std::string fresh = dir.File("new.vlm");
+  EXPECT_EQ(RunCli({"generate", fresh, "--count", "3000", "--level", "easy", "--seed", "7"}, "", 100000).exitCode, 1);
+  EXPECT_FALSE(FileExists(fresh));
 }
 
 TEST(CliSafety, FailuresSayWhyOnStandardErrorAndExitNonZero) {

@@ -248,6 +248,16 @@ TEST_F(Delete, OnePuzzleFileAloneEvenWhenTheCountShownIsStaleAndNoRefused) {
   EXPECT_FALSE(FileExists(work_.File("velmora.tmp")));
 }
 
+TEST_F(Delete, ReadsAHundredLinesAfterTheHeaderAtMostAndWritesTheLastOneRead) {
+  std::string stray;
+  for (int i = 0; i < 120; ++i) stray += "line " + std::to_string(i) + "\r\n";
+  const std::string file = dir_.Write("p.vlm", Record(1, "T1") + "#2\r\n" + stray + Record(3, "T3"));
+  GameState s = Showing(file, 1);
+  s.view.PuzNumNow = "2";
+  mnudelete(s, ui_);
+  EXPECT_EQ(dir_.Read("p.vlm"), Record(1, "T1") + stray.substr(stray.find("line 99\r\n")) + Record(3, "T3"));
+}
+
 TEST_F(Delete, WorksOnTheLongestNameAndLeavesTheFileWholeWhenTheWorkFileCannotBeWritten) {
   const std::string longest = dir_.Write(std::string(251, 'p') + ".vlm", Records(3));
   GameState s = Showing(longest, 2);

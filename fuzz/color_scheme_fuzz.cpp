@@ -56,14 +56,16 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const bool present = std::find(lines.begin(), lines.end(), nameLine) != lines.end();
     const SchemeColors colors = Shade(static_cast<int>(i));
     folder.Write(kSchemeFileName, data, size);
-    if (ReplaceScheme(file, work, nameLine, colors)) {
+    const SchemeEdit replaced = ReplaceScheme(file, work, nameLine, colors);
+    Check(replaced != SchemeEdit::kNotFound || !present);  // a name it lists but cannot find is said
+    if (replaced == SchemeEdit::kDone) {
       SchemeColors expected = colors;
       expected[kSchemeTitleCopy] = expected[kSchemeTitleBox];
       Check(ReadColorScheme(s, ui, nameLine) == present);
       Check(!present || s.Scheme == expected);
     }
     folder.Write(kSchemeFileName, data, size);
-    if (DeleteScheme(file, work, nameLine)) Check(!ReadColorScheme(s, ui, nameLine));
+    if (DeleteScheme(file, work, nameLine) == SchemeEdit::kDone) Check(!ReadColorScheme(s, ui, nameLine));
   }
   folder.Write(kSchemeFileName, data, size);
   if (AppendScheme(file, "Fuzzed", Shade(7))) {

@@ -63,6 +63,9 @@ class RecordStore {
  public:
   static constexpr int kPlaceBits = 36;
 
+  // Room for about `expected` bytes of records at first.
+  void Expect(size_t expected) { firstBlock_ = std::clamp<size_t>(expected, 4096, kBlockSize); }
+
   struct Record {
     std::string_view text;
     bool keyed;
@@ -127,13 +130,17 @@ class RecordStore {
   // Room for `bytes` at next_: in the current block, else in a new one; a
   // record longer than a block gets a block of its own that spans as many
   // places. Pages of a block are only touched as records fill them.
+  // The first block is only as large as the records expected, which spares
+  // a small file a block of 16 MiB.
   char* Room(size_t bytes) {
-    if (next_ + bytes > blocks_.size() * kBlockSize) {
+    if (next_ + bytes > limit_) {
       const size_t count = std::max<size_t>(1, (bytes + kBlockSize - 1) / kBlockSize);
       if (blocks_.size() + count > (size_t{1} << (kPlaceBits - kBlockBits)))
         throw std::length_error("sort records");
-      owned_.push_back(std::unique_ptr<char[]>(new char[count * kBlockSize]));
+      const size_t size = blocks_.empty() && bytes <= firstBlock_ ? firstBlock_ : count * kBlockSize;
+      owned_.push_back(std::unique_ptr<char[]>(new char[size]));
       next_ = blocks_.size() * kBlockSize;
+      limit_ = next_ + size;
       for (size_t i = 0; i < count; ++i) blocks_.push_back(owned_.back().get() + i * kBlockSize);
     }
     return blocks_[next_ >> kBlockBits] + (next_ & kBlockMask);
@@ -141,7 +148,8 @@ class RecordStore {
 
   std::vector<std::unique_ptr<char[]>> owned_;
   std::vector<char*> blocks_;  // one per kBlockSize of places
-  uint64_t next_ = 0;
+  uint64_t next_ = 0, limit_ = 0;  // the next place, and the end of the block it is in
+  size_t firstBlock_ = kBlockSize;
 };
 
 // How the records are keyed in this run: by the title line, or by a number
@@ -328,6 +336,8 @@ class SortBuffer::Impl {
     // bytes at least. Pages the items do not reach are never touched, and the
     // items never move to a larger array while every record is held.
     if (sourceBytes > 0) Reserve(static_cast<size_t>(sourceBytes) / 4 + 1, true);
+    // Heads, dots for short rows and keys take a little more than the source.
+    if (sourceBytes > 0) store_.Expect(static_cast<size_t>(sourceBytes) * 5 / 4 + 4096);
   }
 
   void Add(std::string_view key, const RecordLines& r) {

@@ -137,6 +137,11 @@ TEST(DelSch, RefusesTheActiveSchemeAfterTheQuestionAndRemovesOthers) {
   run.list.Select("s");
   EXPECT_TRUE(DelSch(run.s, run.ui, run.list));
   EXPECT_EQ(run.File(), c);
+  run.dir.Write("all.col", c + "s.col\r\n 1; 1; 1\r\n");  // and the last one, short
+  FillSchemeList(run.s, run.list);
+  run.list.Select("s");
+  EXPECT_TRUE(DelSch(run.s, run.ui, run.list));
+  EXPECT_EQ(run.File(), c);
   // A name line that holds ".col" before its end lists as a name that no
   // line equals: nothing is deleted, and nothing is said to be.
   run.dir.Write("all.col", SchemeText("my.colours.col", 0) + c);

@@ -62,6 +62,7 @@ struct RecordingJobs : PrintJobs {
 TEST(PrintPage, HeadingCellsAndRemainingCardsOfPuzzleAndSolution) {
   GameState s = test::Loaded(test::SampleFile(), 1);
   s.Grid[1][2] = -3;  // a suit-only mark prints as an empty box
+  s.Grid[2][1] = 1;   // the first card, 1S, prints as any other
   RecordingPage page;
   int x = 1800, y = 1400;
   PrintPage(s, page, x, y, 12, "Easy 3", 0);
@@ -70,7 +71,7 @@ TEST(PrintPage, HeadingCellsAndRemainingCardsOfPuzzleAndSolution) {
   // Row 1 of record 1: R (card 18, 5 of hearts), the mark, \ (28, 7 of clubs);
   // the footer and the spade beside the grid.
   for (const char* mark : {"B 1830,1630", "S 1890,1680 1", "T 2390,2130 14 5", "B 2640,1630", "B 3450,1630",
-                           "S 3510,1680 3", "T 4010,2130 14 7", "S 7900,1730 0",
+                           "S 3510,1680 3", "T 4010,2130 14 7", "S 1890,2490 0", "T 2390,2940 14 1", "S 7900,1730 0",
                            "T 6630,1400 6 Velmora Version 1.0"})
     EXPECT_TRUE(page.Has(mark)) << mark;
   EXPECT_FALSE(page.Has("S 2700,1680 2"));

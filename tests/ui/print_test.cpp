@@ -52,6 +52,7 @@ TEST(PrintedPage, GeometryAndPointSizesHoldAtEveryResolution) {
       EXPECT_FALSE(page.Ink(1850, top - 60, 2500, top - 30) || page.Ink(1770, top + 100, 1800, top + 700));
     }
     EXPECT_TRUE(page.Ink(2660, 8750, 3430, 9520));  // the solution's card in its place
+    EXPECT_TRUE(page.Ink(1900, 1690, 2240, 2030));  // the first cell's suit symbol in its place
     // A 14-point digit stands about 10 points (200 twips) high; 8-point heading capitals about 115.
     EXPECT_NEAR(page.InkHeight(2400, 2090, 2620, 2410), 200, 30);
     EXPECT_NEAR(page.InkHeight(1800, 1380, 1880, 1600), 115, 30);

@@ -12,6 +12,7 @@ namespace {
 struct BatchHand : OnceOn<Form3> {
   BatchHand(const std::string& out, const char* count, const char* option)
       : OnceOn([=](Form3* f) {
+          ExpectLaidOut(f);
           Child<FNDialog>(f, "FileNow")->SetText(QString::fromStdString(out));
           Child<QLineEdit>(f, "Text1")->setText(count);
           Child<QRadioButton>(f, option)->click();

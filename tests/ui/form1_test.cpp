@@ -129,6 +129,7 @@ TEST(SortDialog, ProposesTheSortedNameAndSortsWithTheChosenKeyAndOrder) {
   const QString out = QString::fromStdString(win.dir.File("puzzles_sorted.vlm"));
   QString proposed;
   OnceOn<SortForm> hand([&](SortForm* f) {
+    ExpectLaidOut(f);
     auto* output = Child<FNDialog>(f, "gf1");
     proposed = output->Text() + "|" + output->toolTip();
     Child<QRadioButton>(f, "Option5")->click();

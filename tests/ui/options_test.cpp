@@ -44,7 +44,10 @@ TEST(Form2Options, OpeningAndApplyingWithoutAChangeKeepsEveryColourOfTheScheme) 
   tint[2] = Rgb(200, 220, 240);
   tint[4] = Rgb(250, 240, 200);  // buttons of their own hue, not a shade of the background
   Window win(1, "tint.col", [&](const TempDir& dir) { AppendScheme(dir.File("all.col"), "tint", tint); });
-  OnceOn<Form2> hand([&](Form2* f) { Press(f, "Command1"); });
+  OnceOn<Form2> hand([&](Form2* f) {
+    ExpectLaidOut(f);
+    Press(f, "Command1");
+  });
   win.Trigger("mnuoptions");
   EXPECT_TRUE(hand.done);
   EXPECT_EQ(win.s().Scheme, tint);

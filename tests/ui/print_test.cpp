@@ -71,6 +71,7 @@ TEST(Form1Print, TheMenusEntriesEachWithItsDialogsAndAPdfFile) {
   win.Trigger("mnuprintcurrent");
   std::string seen;
   OnceOn<Form5> hand([&](Form5* f) {
+    ExpectLaidOut(f);
     seen = (f->windowTitle() + "|" + Child<QComboBox>(f, "Combo1")->currentText() + "|" +
             Child<QLineEdit>(f, "FileNow")->text() + "|" + Child<QLineEdit>(f, "Text2")->text())
                .toStdString();

@@ -95,6 +95,22 @@ inline void Press(QWidget* dialog, const char* name) {
   button->click();
 }
 
+// Every named control of `dialog` that shows has its place in its parent's
+// layout: one left out sits over another in a corner of the dialog.
+inline void ExpectLaidOut(QWidget* dialog) {
+  const std::function<bool(QLayout*, QWidget*)> holds = [&holds](QLayout* layout, QWidget* w) {
+    for (int i = 0; layout && i < layout->count(); ++i) {
+      if (layout->itemAt(i)->widget() == w || holds(layout->itemAt(i)->layout(), w)) return true;
+    }
+    return false;
+  };
+  for (QWidget* w : dialog->findChildren<QWidget*>()) {
+    const QString name = w->objectName();
+    if (name.isEmpty() || name.startsWith("qt_") || !w->isVisibleTo(dialog) || !w->parentWidget()->layout()) continue;
+    EXPECT_TRUE(holds(w->parentWidget()->layout(), w)) << name.toStdString();
+  }
+}
+
 inline void Key(QWidget* w, int key, const QString& text = {}) {
   QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
   QApplication::sendEvent(w, &press);

@@ -8,6 +8,7 @@
 #include "appearance/color_scheme.h"
 #include "controls/ui/fndialog.h"
 #include "files/ui/sort_form.h"
+#include "model/hint.h"
 #include "ui_support.h"
 
 namespace velmora::test {
@@ -33,7 +34,7 @@ TEST(Form1, TheBoardGrowsAndShrinksWithTheWindowAndStillFindsItsCells) {
   BoardView* board = win.w.Board();
   const int natural = board->width();
   EXPECT_LT(win.w.minimumSizeHint().width(), win.w.width());
-  win.w.resize(win.w.size() * 2);
+  win.w.resize(win.w.width() * 3, win.w.height() * 2);  // wider than tall: the board is centred
   QApplication::processEvents();
   EXPECT_GT(board->width(), natural * 3 / 2);
   // The pointer over the middle of cell 2 where the grown board shows it, and its outline there.
@@ -46,6 +47,10 @@ TEST(Form1, TheBoardGrowsAndShrinksWithTheWindowAndStillFindsItsCells) {
   EXPECT_TRUE(win.Text("pb").startsWith(" Cell 2,")) << win.Text("pb").toStdString();
   const QPointF line = board->TwipsToPixels(QPointF(s.CellX[1][2] + 405, s.CellY[1][2]));
   EXPECT_EQ(board->grab().toImage().pixelColor(line.toPoint()), QColor(Qt::black));
+  win.Trigger("mnuhint");  // its frame, drawn over the board, grown with it
+  const Hint hint = FindHint(s);
+  const QPointF frame = board->TwipsToPixels(QPointF(s.CellX[hint.row][hint.col] + 405, s.CellY[hint.row][hint.col] + 30));
+  EXPECT_EQ(board->grab().toImage().pixelColor(frame.toPoint()), QColor(230, 140, 0));
 }
 
 TEST(Form1, ArrowsAndTheTypedNumber) {

@@ -68,7 +68,7 @@ TEST(BoardPainter, EachSuitHasItsSymbolAndColourWithTheRankAtTheLowerRight) {
 TEST(BoardPainter, SolutionTextSitsAtTheLowerLeftOfEveryCellInTheBlackSuitColour) {
   GameState s;
   CalcCellPos(s);
-  for (int k = 0; k < 49; ++k) s.SolutionGrid[k / 7 + 1][k % 7 + 1] = 4 * (k % 7 + 1) + (k / 7 + 1) % 4 + 1;
+  for (int k = 0; k < 49; ++k) s.SolutionGrid[k / 7 + 1][k % 7 + 1] = 4 * (k % 7) + (k / 7) % 4 + 1;  // from 1S
   const Rendered r(s, true);
   const auto ink = [](QColor c) { return c != kSurface; };
   // Small text blends the suit colour with the surface: grey, darker at the core.

@@ -33,6 +33,7 @@ TEST(CliPrint, WritesThePagesAskedForOrNoFile) {
       {{"--from", "0"}, "1Invalid from or to puzzle number\n", {}},
       {{"--current", "4"}, "1not found\n", {}},
       {{"--from", "3", "--to", "2"}, "1+stderr", {}},
+      {{"--from", "3", "--to", "3"}, "0Done\n", {"Pages:           1", "Puz#3:Sample 3"}},
       {{"--current", "1", "--from", "1"}, "2+stderr", {}},
   };
   for (const Case& c : cases) {

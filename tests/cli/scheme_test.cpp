@@ -20,7 +20,7 @@ TEST(CliScheme, ListShowAddReplaceDeleteAndTheirExitCodes) {
   dir.Write("velmora.cfg", "t\r\nb.col\r\n\r\n 1 \r\n");  // b is the active scheme
   std::string out, codes;
   for (const std::vector<std::string>& args : {std::vector<std::string>{"show", "b"},
-                                               {"add", "New", "--background", "10,20,30"},
+                                               {"add", "New", "--background", "0,20,255"},
                                                {"add", "new"},
                                                {"replace", "a", "--from", "new"},
                                                {"replace", "b", "--no"},
@@ -49,7 +49,7 @@ TEST(CliScheme, ListShowAddReplaceDeleteAndTheirExitCodes) {
                      "message: Color Scheme: x.col not found\na\nb\n");
   EXPECT_EQ(codes, "001011101022");
   // New started from the active scheme b, with its own background; a now holds New's colours.
-  EXPECT_EQ(dir.Read("all.col"), Scheme("a.col", " 10; 20; 30", " 4; 5; 6") + b);
+  EXPECT_EQ(dir.Read("all.col"), Scheme("a.col", " 0; 20; 255", " 4; 5; 6") + b);
 }
 
 }  // namespace

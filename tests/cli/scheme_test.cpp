@@ -30,7 +30,8 @@ TEST(CliScheme, ListShowAddReplaceDeleteAndTheirExitCodes) {
                                                {"show", "x"},
                                                {"list"},
                                                {"delete"},
-                                               {"add", "c", "--background", "1,2"}}) {
+                                               {"add", "c", "--background", "1,2"},
+                                               {"add", "c", "--background", "1,2,256"}}) {
     std::vector<std::string> all = {"scheme", "--folder", dir.path()};
     all.insert(all.end(), args.begin(), args.end());
     const auto r = test::RunCli(all);
@@ -47,7 +48,7 @@ TEST(CliScheme, ListShowAddReplaceDeleteAndTheirExitCodes) {
                      "confirm: Delete color scheme: a\n"
                      "confirm: Delete color scheme: new\nmessage: Color Scheme: new deleted\n"
                      "message: Color Scheme: x.col not found\na\nb\n");
-  EXPECT_EQ(codes, "001011101022");
+  EXPECT_EQ(codes, "0010111010222");
   // New started from the active scheme b, with its own background; a now holds New's colours.
   EXPECT_EQ(dir.Read("all.col"), Scheme("a.col", " 0; 20; 255", " 4; 5; 6") + b);
 }

@@ -53,6 +53,16 @@ TEST(Form1, TheBoardGrowsAndShrinksWithTheWindowAndStillFindsItsCells) {
   EXPECT_EQ(board->grab().toImage().pixelColor(frame.toPoint()), QColor(230, 140, 0));
 }
 
+TEST(Form1, TheHelpPageTellsOfEveryMenuEntry) {
+  Window win(1);
+  std::string help;
+  ReadWholeFile(std::string(VELMORA_DATA_DIR) + "/velmora.htm", help);
+  for (QAction* action : win.w.menuBar()->findChildren<QAction*>()) {
+    const std::string text = action->text().remove('&').remove("...").toStdString();
+    EXPECT_TRUE(text.empty() || !action->isVisible() || help.find(text) != std::string::npos) << text;
+  }
+}
+
 TEST(Form1, ArrowsAndTheTypedNumber) {
   Window win(2);
   // From the first record each press lands on a different one if the arrows or buttons were swapped.

@@ -13,6 +13,7 @@ TEST(Form2Options, PreviewThenExitOrEscapeKeepsTheSchemeApplyRecoloursAndBothOut
   for (const char* leave : {"Command2", "Escape", "Command1"}) {
     OnceOn<Form2> hand([&](Form2* f) {
       auto* list = Child<QListWidget>(f, "List1");
+      EXPECT_TRUE(list->font().families().contains("Courier New"));
       list->setCurrentRow(2);  // "sand"
       EXPECT_EQ(Child<QGroupBox>(f, "Frame1")->title(), "Color Scheme: sand");
       EXPECT_EQ(f->palette().color(QPalette::Window), QColor(243, 234, 214));

@@ -158,23 +158,20 @@ bool ChangeSettings(const std::string& appFolder, const std::function<void(Setti
   // A damaged file of settings is made anew, as the configuration is: else
   // every change would be lost at every start.
   if (!ini.usable) ini = IniFile{{}, true};
-  bool saved = true;
-  {
-    const Settings before = SettingsOf(ini);
-    Settings after = before;
-    change(after);
-    bool changed = false;
-    for (const Key& key : kKeys) {
-      if (key.text(after) == key.text(before)) continue;
-      SetValue(ini, key, key.text(after));
-      changed = true;
-    }
-    // QSettings wrote LF line ends; a file stays as earlier versions would have written it.
-    std::string text;
-    for (const std::string& line : ini.lines) text += line + "\n";
-    saved = !changed || file.Replace(text);
+  const Settings before = SettingsOf(ini);
+  Settings after = before;
+  change(after);
+  bool changed = false;
+  for (const Key& key : kKeys) {
+    if (key.text(after) == key.text(before)) continue;
+    SetValue(ini, key, key.text(after));
+    changed = true;
   }
-  return saved;
+  if (!changed) return true;
+  // QSettings wrote LF line ends; a file stays as earlier versions would have written it.
+  std::string text;
+  for (const std::string& line : ini.lines) text += line + "\n";
+  return file.Replace(text);
 }
 
 }  // namespace velmora

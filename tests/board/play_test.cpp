@@ -102,6 +102,10 @@ TEST_F(Play, PlacementTestsTheSuitOnlyAnExchangeLeavesTwoUndoEntriesAndRightClic
   EXPECT_TRUE(Listed("3C"));
   EXPECT_EQ(s.UndoList, (Undo{" 1, 1, 12", " 1, 2, 0", " 1, 2, 27", " 1, 2, 0"}));
   EXPECT_EQ(ui.cells, (Strings{"7,D,1,2", "9,D,1,2", "-1,,1,1"}));
+  s.PuzzleGrid[1][3] = 1;  // a given 1S is as fixed as every other given
+  Choose(s.Remain[0].front());
+  Click(kLeftButton, 1, 3);
+  EXPECT_EQ(s.Grid[1][3], 41);  // still the JS the file gives
 }
 
 }  // namespace

@@ -162,6 +162,7 @@ TEST(PrintFile, PagesOfBothLayoutsAndTheBoardAfterwards) {
   const std::string upper = "T 1800,1400 8 ", lower = "T 1800,8400 8 ";
   const struct { const char* fields; std::vector<Strings> pages; } cases[] = {
       {",1,5, 0, 4", {{upper + "Puz#1:T1", lower + "Puz#2:T2"}, {upper + "Puz#3:T3"}, {upper + "Puz#5:T5"}}},
+      {",5,6, 0, 2", {{upper + "Puz#5:T5", lower + "Puz#6:T6"}}},  // an even last number
       {",2,4, 1, 1", {{upper + "Puz#2:T2", lower + "Sol#2:T2"}, {upper + "Puz#3:T3", lower + "Sol#3:T3"}}},
       {",4,2, 0, 1", {}},
       {",4,2, 1, 1", {}},

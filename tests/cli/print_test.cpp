@@ -35,6 +35,7 @@ TEST(CliPrint, WritesThePagesAskedForOrNoFile) {
       {{"--from", "3", "--to", "2"}, "1+stderr", {}},
       {{"--from", "3", "--to", "3"}, "0Done\n", {"Pages:           1", "Puz#3:Sample 3"}},
       {{"--current", "1", "--from", "1"}, "2+stderr", {}},
+      {{"--current", "1", "--to", "2"}, "2+stderr", {}},
   };
   for (const Case& c : cases) {
     std::vector<std::string> args{"print", sample, "--pdf", pdf};

@@ -13,6 +13,7 @@
 #include "model/text.h"
 #include "printing/print_commands.h"
 #include "printing/ui/page_painter.h"
+#include "record.h"
 #include "subcommand.h"
 
 namespace velmora::cli {
@@ -140,9 +141,7 @@ int RunPrint(const std::vector<std::string>& args) {
   PrintArgs a;
   if (const std::string problem = Parse(args, a); !problem.empty()) return UsageError(kPrint, problem);
   // A damaged file is not printed as if its records before the damage were all.
-  int error = 0;
-  CountPuzzles(a.file, &error);
-  if (error != 0) return Failure("cannot read " + a.file + ": " + FileErrorText(error));
+  if (!Readable(kPrint, a.file)) return 1;
   if (SameFile(a.file, a.pdf)) return Failure(kSameFileText);
   const auto app = PageApplication();
   const QPageSize paper(a.paper == "letter" ? QPageSize::Letter : QPageSize::A4);

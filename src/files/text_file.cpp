@@ -184,6 +184,12 @@ bool NameTemporary(int fd, const std::string& file, std::string& name) {
   return false;
 }
 
+// Names the temporary file beside `file` and renames it over `file`: the
+// name is replaced whole, never written through.
+bool RenameOver(int fd, std::string& name, const std::string& file) {
+  return NameTemporary(fd, file, name) && ::rename(name.c_str(), file.c_str()) == 0;
+}
+
 // Puts the temporary file under `file`'s name only while that name is free.
 bool LinkNew(int fd, const std::string& name, const std::string& file) {
   if (!name.empty()) return ::link(name.c_str(), file.c_str()) == 0;
@@ -417,8 +423,7 @@ bool LockedFile::Replace(const TextPieces& produce) {
   // Owner first: a change of owner clears set-id bits that the mode then restores.
   [[maybe_unused]] const int owned = ::fchown(tmp, st.st_uid, st.st_gid);
   bool good = WritePieces(tmp, produce) && ::fchmod(tmp, st.st_mode & 07777) == 0 && ::fsync(tmp) == 0;
-  if (good) good = NameTemporary(tmp, real_, name);
-  if (good) good = ::rename(name.c_str(), real_.c_str()) == 0;
+  if (good) good = RenameOver(tmp, name, real_);
   const int saved = errno;
   if (good && !StampOf(tmp, replaced_)) replaced_ = FileStamp{};
   if (!good && !name.empty()) ::unlink(name.c_str());
@@ -512,8 +517,7 @@ bool WriteWorkFile(const std::string& path, std::string_view contents, int* erro
   if (failure == 0 && tmp < 0) failure = errno;
   if (tmp >= 0) {
     // The rename replaces the name itself, whatever was put there meanwhile.
-    const bool good = WriteAll(tmp, contents) && ::fsync(tmp) == 0 && NameTemporary(tmp, path, name) &&
-                      ::rename(name.c_str(), path.c_str()) == 0;
+    const bool good = WriteAll(tmp, contents) && ::fsync(tmp) == 0 && RenameOver(tmp, name, path);
     if (!good) failure = errno == 0 ? EIO : errno;
     if (!good && !name.empty()) ::unlink(name.c_str());
     ::close(tmp);

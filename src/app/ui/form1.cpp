@@ -2,7 +2,6 @@
 #include "app/ui/form1.h"
 
 #include <QApplication>
-#include <QScreen>
 #include <QCloseEvent>
 #include <QFrame>
 #include <QInputDialog>
@@ -11,6 +10,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
+#include <QScreen>
 #include <QMessageBox>
 #include <QPushButton>
 

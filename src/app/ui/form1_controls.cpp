@@ -25,8 +25,8 @@ void Form1::BuildControls() {
   auto* central = new QWidget(this);
   auto* outer = new QVBoxLayout(central);
   outer->addLayout(BuildTopRow(central));
-  // The board and, beside it, the four suit panels and the buttons.
-  // The board takes what room the window gives, at its twips layout scaled.
+  // The board, taking what room the window gives at its twips layout scaled,
+  // and beside it the four suit panels and the buttons.
   auto* middle = new QHBoxLayout;
   BuildBoard(central);
   middle->addWidget(board_, 1);
@@ -103,10 +103,7 @@ void Form1::BuildBoard(QWidget* parent) {
     ControlsChanged();
   };
   board_->onPainted = [this] { timing_.Painted(); };
-  board_->onResized = [this] {
-    PlaceProgressPanel();
-    DrawBoard();
-  };
+  board_->onResized = [this] { PlaceProgressPanel(); };  // the board repaints itself
 }
 
 QLayout* Form1::BuildSidePanel(QWidget* parent) {

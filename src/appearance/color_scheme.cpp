@@ -121,14 +121,23 @@ bool AppendScheme(const std::string& schemeFile, const std::string& name, const 
   return AppendToFile(schemeFile, JoinLines(SchemeLines(name, colors)));
 }
 
+namespace {
+
+// The locked scheme file's lines, for an edit of the scheme named `nameLine`.
+SchemeEdit ReadForEdit(const LockedFile& locked, const std::string& nameLine, std::vector<std::string>& old) {
+  if (!locked.ok() || !ReadLines(locked.path(), old)) return SchemeEdit::kFileError;
+  return std::find(old.begin(), old.end(), nameLine) == old.end() ? SchemeEdit::kNotFound : SchemeEdit::kDone;
+}
+
+}  // namespace
+
 bool IsSchemeName(const std::string& name) { return ToLower(name).find(".col") == std::string::npos; }
 
 SchemeEdit ReplaceScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine,
                          const SchemeColors& colors) {
   LockedFile locked(schemeFile, false);
   std::vector<std::string> old;
-  if (!locked.ok() || !ReadLines(locked.path(), old)) return SchemeEdit::kFileError;
-  if (std::find(old.begin(), old.end(), nameLine) == old.end()) return SchemeEdit::kNotFound;
+  if (const SchemeEdit read = ReadForEdit(locked, nameLine, old); read != SchemeEdit::kDone) return read;
   std::vector<std::string> out;
   for (size_t i = 0; i < old.size(); ++i) {
     out.push_back(old[i]);
@@ -142,8 +151,7 @@ SchemeEdit ReplaceScheme(const std::string& schemeFile, const std::string& workF
 SchemeEdit DeleteScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine) {
   LockedFile locked(schemeFile, false);
   std::vector<std::string> old;
-  if (!locked.ok() || !ReadLines(locked.path(), old)) return SchemeEdit::kFileError;
-  if (std::find(old.begin(), old.end(), nameLine) == old.end()) return SchemeEdit::kNotFound;
+  if (const SchemeEdit read = ReadForEdit(locked, nameLine, old); read != SchemeEdit::kDone) return read;
   std::vector<std::string> out;
   for (size_t i = 0; i < old.size(); ++i) {
     if (old[i] == nameLine) {

@@ -13,6 +13,7 @@ struct BatchHand : OnceOn<Form3> {
   BatchHand(const std::string& out, const char* count, const char* option)
       : OnceOn([=](Form3* f) {
           ExpectLaidOut(f);
+          EXPECT_EQ(f->palette().color(QPalette::Window), f->parentWidget()->palette().color(QPalette::Window));
           Child<FNDialog>(f, "FileNow")->SetText(QString::fromStdString(out));
           Child<QLineEdit>(f, "Text1")->setText(count);
           Child<QRadioButton>(f, option)->click();
@@ -52,7 +53,7 @@ TEST(Form3Dialog, EachLevelButtonShowsItsCaptionAndChoosesItsLevel) {
 }
 
 TEST(Form1Create, CancelStopsABatchWhileEveryOtherCommandIsDisabledAndRefused) {
-  Window win(1);
+  Window win(1, "sand.col");  // the dialog in the scheme's colours
   const std::string out = win.dir.File("cancelled.vlm");
   BatchHand form(out, "5", "Option1");
   bool pressed = false, held = true;

@@ -12,7 +12,9 @@
 namespace velmora::cli {
 namespace {
 
-void Print(PlaySession& session, const std::string& text) { std::fwrite(text.data(), 1, text.size(), session.out); }
+void Print(PlaySession& session, const std::string& text) {
+  std::fwrite(text.data(), 1, text.size(), session.out);
+}
 
 template <int Index, int Button>
 bool Arrow(PlaySession& session, const std::vector<std::string>&) {

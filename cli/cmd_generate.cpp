@@ -220,7 +220,8 @@ int RunGenerate(const std::vector<std::string>& args) {
                  FileErrorText(error).c_str());
     return 1;
   }
-  if (o.count > 2147483647LL - base) return UsageError(kGenerate, "--count is too large for the record numbers");
+  if (o.count > 2147483647LL - base)
+    return UsageError(kGenerate, "--count is too large for the record numbers");
   const int jobs = o.jobs > 0 ? o.jobs : static_cast<int>(std::max(1u, std::thread::hardware_concurrency()));
   std::signal(SIGINT, OnInterrupt);
   GenerateRun run(o, file, base);

@@ -17,11 +17,13 @@ namespace {
 int RunPlay(const std::vector<std::string>& args);
 
 const Subcommand kPlay{"play", "play [--no] FILE N",
-                       "load record N, then run the play commands read from standard input (--no answers No)", 40,
-                       RunPlay};
+                       "load record N, then run the play commands read from standard input (--no answers No)",
+                       40, RunPlay};
 const Registration kPlayReg(kPlay);
 
-void Print(PlaySession& session, const std::string& text) { std::fwrite(text.data(), 1, text.size(), session.out); }
+void Print(PlaySession& session, const std::string& text) {
+  std::fwrite(text.data(), 1, text.size(), session.out);
+}
 
 // The middle of cell (row, col) in twips, by the board's layout; a cell off
 // the board gives a point that no cell holds.
@@ -52,7 +54,9 @@ bool MouseUp(PlaySession& session, const std::vector<std::string>& args, int but
   return true;
 }
 
-bool Left(PlaySession& session, const std::vector<std::string>& args) { return MouseUp(session, args, kLeftButton); }
+bool Left(PlaySession& session, const std::vector<std::string>& args) {
+  return MouseUp(session, args, kLeftButton);
+}
 bool Right(PlaySession& session, const std::vector<std::string>& args) {
   return MouseUp(session, args, kRightButton);
 }

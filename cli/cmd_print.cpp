@@ -153,7 +153,8 @@ int RunPrint(const std::vector<std::string>& args) {
   if (a.to.empty()) a.to = NumText(CountPuzzles(a.file));
   const std::string answer = Form5Answer(ui, a.file, a.from, a.to, a.solutions, 1);
   if (answer.empty()) return 1;
-  if (Val(a.from) > Val(a.to)) return Failure("nothing to print: --from " + a.from + " comes after --to " + a.to);
+  if (Val(a.from) > Val(a.to))
+    return Failure("nothing to print: --from " + a.from + " comes after --to " + a.to);
   PdfPrintJobs jobs(answer, a.pdf, paper);
   GameState s;
   mnuprintfile(s, ui, jobs);

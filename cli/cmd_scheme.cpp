@@ -18,7 +18,8 @@ int RunScheme(const std::vector<std::string>& args);
 
 const Subcommand kScheme{
     "scheme",
-    "scheme list|show NAME|add NAME|replace NAME|delete NAME [--from SCHEME] [--background R,G,B] [--folder DIR] "
+    "scheme list|show NAME|add NAME|replace NAME|delete NAME [--from SCHEME] [--background R,G,B] [--folder "
+    "DIR] "
     "[--no]",
     "list, show, add, replace or delete colour schemes in all.col (--from: the scheme to start from, default "
     "the active one; --background: its background colour; --no answers No)",
@@ -71,7 +72,8 @@ std::string Parse(const std::vector<std::string>& args, SchemeArgs& out) {
   if (words.empty()) return "no command";
   out.action = words[0];
   const bool list = out.action == "list";
-  if (!list && out.action != "show" && out.action != "add" && out.action != "replace" && out.action != "delete")
+  if (!list && out.action != "show" && out.action != "add" && out.action != "replace" &&
+      out.action != "delete")
     return "unknown command " + out.action;
   if (words.size() != (list ? 1u : 2u)) return list ? "list takes no name" : out.action + " takes one NAME";
   if (!list) out.name = words[1];

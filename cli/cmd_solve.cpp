@@ -15,10 +15,10 @@ namespace {
 int RunSolve(const std::vector<std::string>& args);
 int RunCheck(const std::vector<std::string>& args);
 
-const Subcommand kSolve{"solve", "solve FILE N", "load record N, solve it by deduction, print the result and the board",
-                        30, RunSolve};
-const Subcommand kCheck{"check", "check FILE N", "load record N and print the board check's status and message", 31,
-                        RunCheck};
+const Subcommand kSolve{"solve", "solve FILE N",
+                        "load record N, solve it by deduction, print the result and the board", 30, RunSolve};
+const Subcommand kCheck{"check", "check FILE N",
+                        "load record N and print the board check's status and message", 31, RunCheck};
 const Registration kSolveReg(kSolve);
 const Registration kCheckReg(kCheck);
 
@@ -37,7 +37,8 @@ int RunCheck(const std::vector<std::string>& args) {
   SilentUserInterface ui;
   if (const int failed = LoadRecordArgs(kCheck, args, state, ui); failed != 0) return failed;
   const CheckResult check = CheckBoard(state);
-  const std::string out = "status " + std::to_string(check.status) + "\nmessage: " + OneLine(check.message) + "\n";
+  const std::string out =
+      "status " + std::to_string(check.status) + "\nmessage: " + OneLine(check.message) + "\n";
   std::fwrite(out.data(), 1, out.size(), stdout);
   return 0;
 }

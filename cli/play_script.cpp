@@ -56,8 +56,9 @@ void RunLine(PlaySession& session, const std::string& line) {
       args.assign(1, start == std::string::npos ? std::string() : line.substr(start));
     }
     const bool countOk = command.argCount == kOptionalRestOfLine ? true
-                         : command.argCount == kRestOfLine         ? !args[0].empty()
-                                                                   : static_cast<int>(args.size()) == command.argCount;
+                         : command.argCount == kRestOfLine
+                             ? !args[0].empty()
+                             : static_cast<int>(args.size()) == command.argCount;
     if (!countOk || !command.run(session, args)) {
       std::string usage = command.name;
       if (*command.args) usage += std::string(" ") + command.args;

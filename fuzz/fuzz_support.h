@@ -37,7 +37,8 @@ class PrivateFolder {
   // Removes everything a previous input left in the folder.
   void Empty() const {
     std::error_code ec;
-    for (const auto& entry : std::filesystem::directory_iterator(path_, ec)) std::filesystem::remove_all(entry, ec);
+    for (const auto& entry : std::filesystem::directory_iterator(path_, ec))
+      std::filesystem::remove_all(entry, ec);
   }
 
  private:

@@ -1,9 +1,8 @@
 // Helpers shared by the tests: temporary folders, small puzzle files, loading.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <grp.h>
+#include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -102,7 +101,8 @@ inline std::string AsNobody(const std::function<std::string()>& body) {
   ::close(pipe[1]);
   std::string seen;
   char buffer[4096];
-  for (ssize_t n; (n = ::read(pipe[0], buffer, sizeof buffer)) > 0;) seen.append(buffer, static_cast<size_t>(n));
+  for (ssize_t n; (n = ::read(pipe[0], buffer, sizeof buffer)) > 0;)
+    seen.append(buffer, static_cast<size_t>(n));
   ::close(pipe[0]);
   ::waitpid(child, nullptr, 0);
   return seen;

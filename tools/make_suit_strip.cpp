@@ -3,8 +3,8 @@
 // on white, so the cell's background shows through the white.
 //
 // Build and run once from the repository root:
-//   g++ -std=c++20 -fPIC tools/make_suit_strip.cpp $(pkg-config --cflags --libs Qt6Gui) -o /tmp/make_suit_strip
-//   QT_QPA_PLATFORM=offscreen /tmp/make_suit_strip data/suits.png
+//   g++ -std=c++20 -fPIC tools/make_suit_strip.cpp $(pkg-config --cflags --libs Qt6Gui) -o
+//   /tmp/make_suit_strip QT_QPA_PLATFORM=offscreen /tmp/make_suit_strip data/suits.png
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
@@ -43,8 +43,8 @@ QPainterPath Lobes(double lobeY, double r, QPointF tip) {
   const QPointF left(110 - 40, lobeY), right(110 + 40, lobeY);
   return Circle(left.x(), left.y(), r)
       .united(Circle(right.x(), right.y(), r))
-      .united(Polygon({Tangent(left, r, tip, tip.y() > lobeY), tip, Tangent(right, r, tip, tip.y() < lobeY), right,
-                       left}));
+      .united(Polygon({Tangent(left, r, tip, tip.y() > lobeY), tip, Tangent(right, r, tip, tip.y() < lobeY),
+                       right, left}));
 }
 
 QPainterPath Stem() {
@@ -57,13 +57,9 @@ QPainterPath Stem() {
   return p;
 }
 
-QPainterPath Heart() {
-  return Lobes(76, 50, {110, 204});
-}
+QPainterPath Heart() { return Lobes(76, 50, {110, 204}); }
 
-QPainterPath Spade() {
-  return Lobes(124, 46, {110, 14}).united(Stem());
-}
+QPainterPath Spade() { return Lobes(124, 46, {110, 14}).united(Stem()); }
 
 QPainterPath Diamond() {
   QPainterPath p;

@@ -10,6 +10,9 @@ tools/install-deps.sh
 jobs=$(nproc)
 fuzz_seconds=${VELMORA_FUZZ_SECONDS:-120}
 
+echo "== Formatting"
+tools/format.sh --check
+
 echo "== Normal build and all tests"
 cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 cmake --build build -j "$jobs"

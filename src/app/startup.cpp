@@ -14,7 +14,8 @@ std::string FolderWithSlash(const std::string& folder) {
   return folder + "/";
 }
 
-void StartUp(GameState& s, UserInterface& ui, const std::string& appFolder, const std::function<void()>& setCol) {
+void StartUp(GameState& s, UserInterface& ui, const std::string& appFolder,
+             const std::function<void()>& setCol) {
   s.Solving = 0;
   BuildCardCodes(s.CardCodes);
   s.Scheme = DefaultSchemeColors();

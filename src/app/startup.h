@@ -19,6 +19,7 @@ std::string FolderWithSlash(const std::string& folder);
 // colours), and the remembered puzzle, or an empty 7 x 7 board when it
 // cannot be loaded. Never fails: every problem takes its message or its
 // fallback.
-void StartUp(GameState& s, UserInterface& ui, const std::string& appFolder, const std::function<void()>& setCol);
+void StartUp(GameState& s, UserInterface& ui, const std::string& appFolder,
+             const std::function<void()>& setCol);
 
 }  // namespace velmora

@@ -49,7 +49,8 @@ bool ReadLines(const std::string& path, std::vector<std::string>& lines) {
 // scheme never swallows the name line of the next one.
 size_t OldColorLines(const std::vector<std::string>& lines, size_t i) {
   size_t n = 0;
-  while (n < kSchemeLines && i + 1 + n < lines.size() && lines[i + 1 + n].find(".col") == std::string::npos) ++n;
+  while (n < kSchemeLines && i + 1 + n < lines.size() && lines[i + 1 + n].find(".col") == std::string::npos)
+    ++n;
   return n;
 }
 
@@ -133,8 +134,8 @@ SchemeEdit ReadForEdit(const LockedFile& locked, const std::string& nameLine, st
 
 bool IsSchemeName(const std::string& name) { return ToLower(name).find(".col") == std::string::npos; }
 
-SchemeEdit ReplaceScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine,
-                         const SchemeColors& colors) {
+SchemeEdit ReplaceScheme(const std::string& schemeFile, const std::string& workFile,
+                         const std::string& nameLine, const SchemeColors& colors) {
   LockedFile locked(schemeFile, false);
   std::vector<std::string> old;
   if (const SchemeEdit read = ReadForEdit(locked, nameLine, old); read != SchemeEdit::kDone) return read;
@@ -148,7 +149,8 @@ SchemeEdit ReplaceScheme(const std::string& schemeFile, const std::string& workF
   return Rewrite(locked, workFile, out) ? SchemeEdit::kDone : SchemeEdit::kFileError;
 }
 
-SchemeEdit DeleteScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine) {
+SchemeEdit DeleteScheme(const std::string& schemeFile, const std::string& workFile,
+                        const std::string& nameLine) {
   LockedFile locked(schemeFile, false);
   std::vector<std::string> old;
   if (const SchemeEdit read = ReadForEdit(locked, nameLine, old); read != SchemeEdit::kDone) return read;

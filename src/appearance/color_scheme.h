@@ -22,7 +22,8 @@ inline constexpr int kSchemeButtonFace = 4;
 inline constexpr int kSchemeTitleCopy = 5;
 
 inline constexpr uint32_t Rgb(int r, int g, int b) {
-  return static_cast<uint32_t>(r & 255) | static_cast<uint32_t>(g & 255) << 8 | static_cast<uint32_t>(b & 255) << 16;
+  return static_cast<uint32_t>(r & 255) | static_cast<uint32_t>(g & 255) << 8 |
+         static_cast<uint32_t>(b & 255) << 16;
 }
 inline constexpr int RedOf(uint32_t c) { return static_cast<int>(c & 255); }
 inline constexpr int GreenOf(uint32_t c) { return static_cast<int>(c >> 8 & 255); }
@@ -62,8 +63,9 @@ bool IsSchemeName(const std::string& name);
 // A short scheme loses only its own lines, never the next scheme's name.
 // A file without `nameLine` is left as it is.
 enum class SchemeEdit { kDone, kNotFound, kFileError };
-SchemeEdit ReplaceScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine,
-                         const SchemeColors& colors);
-SchemeEdit DeleteScheme(const std::string& schemeFile, const std::string& workFile, const std::string& nameLine);
+SchemeEdit ReplaceScheme(const std::string& schemeFile, const std::string& workFile,
+                         const std::string& nameLine, const SchemeColors& colors);
+SchemeEdit DeleteScheme(const std::string& schemeFile, const std::string& workFile,
+                        const std::string& nameLine);
 
 }  // namespace velmora

@@ -15,7 +15,9 @@ std::string SchemeFile(const GameState& s) { return s.AppFolder + kSchemeFileNam
 std::string WorkFile(const GameState& s) { return s.AppFolder + kSchemeWorkFileName; }
 
 // The file's path on a line of its own says which file failed.
-std::string FileError(const char* text, const GameState& s) { return text + std::string(kNewLine) + SchemeFile(s); }
+std::string FileError(const char* text, const GameState& s) {
+  return text + std::string(kNewLine) + SchemeFile(s);
+}
 
 // Says why a replacement or deletion did not happen.
 bool Edited(UserInterface& ui, const std::string& name, const GameState& s, SchemeEdit edit) {

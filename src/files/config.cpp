@@ -106,7 +106,8 @@ std::string ConfiguredSchemeName(const std::string& appFolder) {
   GameState s;
   s.AppFolder = appFolder;
   std::string contents;
-  if (ReadWholeFile(ConfigPath(s), contents, nullptr, kMaxConfigBytes) && ParseConfig(std::move(contents), s)) return s.ColorSchemeName;
+  if (ReadWholeFile(ConfigPath(s), contents, nullptr, kMaxConfigBytes) && ParseConfig(std::move(contents), s))
+    return s.ColorSchemeName;
   return "default.col";
 }
 

@@ -21,7 +21,8 @@ inline constexpr int kArrowPrevious = 0;
 inline constexpr int kArrowNext = 1;
 inline constexpr int kArrowRandom = 2;
 inline constexpr const char* kArrowToolTips[3] = {"Previous puzzle, right-click for first puzzle",
-                                                  "Next puzzle, right-click for last puzzle", "Random puzzle"};
+                                                  "Next puzzle, right-click for last puzzle",
+                                                  "Random puzzle"};
 
 // 1, unless `name` exists with a length other than 0 and the person answers
 // No to the overwrite question; then 0.

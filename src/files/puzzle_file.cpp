@@ -85,8 +85,8 @@ int LoadPuzzle(GameState& s, UserInterface& ui, const std::string& file, int n, 
     if (comma == std::string::npos) throw LoadError{};  // the size line has no second field
     const size_t comma2 = size.find(',', comma + 1);
     s.Rows = SizeField(size.substr(0, comma));
-    s.Cols = SizeField(size.substr(comma + 1, comma2 == std::string::npos ? std::string::npos
-                                                                           : comma2 - comma - 1));
+    s.Cols = SizeField(
+        size.substr(comma + 1, comma2 == std::string::npos ? std::string::npos : comma2 - comma - 1));
     for (long long r = 1; r <= s.Rows; ++r) {
       const std::string row = NextLine(reader);
       const size_t bar = row.find('|');

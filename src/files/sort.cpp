@@ -130,7 +130,8 @@ class Pieces {
   // the text now ends. False once a piece could not be written.
   char* Room(size_t bytes) {
     // Grown by doubling up to two pieces: a small file needs no more.
-    if (text_.size() < used_ + bytes) text_.resize(std::max(used_ + bytes, std::min(2 * kPiece, 2 * text_.size() + 4096)));
+    if (text_.size() < used_ + bytes)
+      text_.resize(std::max(used_ + bytes, std::min(2 * kPiece, 2 * text_.size() + 4096)));
     return text_.data() + used_;
   }
   bool Wrote(const char* end) {

@@ -147,7 +147,7 @@ class RecordStore {
   }
 
   std::vector<std::unique_ptr<char[]>> owned_;
-  std::vector<char*> blocks_;  // one per kBlockSize of places
+  std::vector<char*> blocks_;      // one per kBlockSize of places
   uint64_t next_ = 0, limit_ = 0;  // the next place, and the end of the block it is in
   size_t firstBlock_ = kBlockSize;
 };
@@ -165,7 +165,6 @@ KeyForm FormOf(const SortSettings& settings) {
   if (settings.key == SortKey::kHeader) return {true, 0};
   return {false, settings.key == SortKey::kSize ? 3 : 5};
 }
-
 
 // A number key's code. The usual key, exactly `width` digits, is coded as
 // itself (even codes), so equal codes are equal keys. Any other key text
@@ -210,12 +209,10 @@ size_t Mismatch(const char* a, const char* b, size_t n) {
 
 unsigned char AsSorted(char c) { return static_cast<unsigned char>(c == '\n' ? '\r' : c); }
 
-
 // The line of `text` that begins at `from`, with its LF.
 std::string_view LineAt(std::string_view text, size_t from) {
   return text.substr(from, LineEnd(text, from) + 1 - from);
 }
-
 
 // A record's lines from the header on, its appended count placed after the
 // size line (the third line; a record may end with it).

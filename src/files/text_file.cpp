@@ -561,7 +561,8 @@ bool SameFile(const std::string& a, const std::string& b) {
     for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     return text;
   };
-  struct stat sa {}, sb {};
+  struct stat sa {
+  }, sb{};
   if (lower(a) == lower(b)) return true;
   return ::stat(a.c_str(), &sa) == 0 && ::stat(b.c_str(), &sb) == 0 && SameInode(sa, sb);
 }

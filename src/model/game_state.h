@@ -34,7 +34,9 @@ inline constexpr const char* kRankLetters[15] = {"?", " ", "1", "2", "3", "4", "
                                                  "7", "8", "9", "T", "J", "Q", "K"};
 inline const char* RankLetter(int rank) { return kRankLetters[rank + 1]; }
 // A card's own rank and suit letters, whatever its code: 1 "1S", 52 "KC".
-inline std::string CardText(int card) { return std::string(RankLetter(CardRank(card))) + kSuitLetters[CardSuit(card)]; }
+inline std::string CardText(int card) {
+  return std::string(RankLetter(CardRank(card))) + kSuitLetters[CardSuit(card)];
+}
 
 // CardCodes -4..52 held as rank number and suit number, which is what every
 // reader of the table extracts ("07D" is rank 7, suit 3; "00X" is 0, 0).
@@ -69,10 +71,10 @@ struct ViewState {
   std::string MaxPuzCount;
   std::string PuzTitle;
   std::string Caption;
-  std::string pb;       // status label
-  std::string NewLab;   // progress panel label
-  std::string Label3;   // row of the last click
-  std::string Label4;   // column of the last click
+  std::string pb;      // status label
+  std::string NewLab;  // progress panel label
+  std::string Label3;  // row of the last click
+  std::string Label4;  // column of the last click
   bool Frame1Visible = false;
 };
 
@@ -140,7 +142,7 @@ struct GameState {
   std::array<std::string, 1> GridBackups;
   PlayAids aids;
 
-  std::string AppFolder;  // always ends in '/'
+  std::string AppFolder;      // always ends in '/'
   std::string ShippedFolder;  // where the help page was installed; AppFolder when empty at start-up
   std::string CurrentPuzzleFile;
   int CurrentPuzzleNumber = 0;

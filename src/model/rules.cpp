@@ -2,7 +2,6 @@
 // texts the rest of the program reads are produced from them in token order.
 #include "model/rules.h"
 
-
 #include "model/text.h"
 
 namespace velmora {

@@ -8,9 +8,7 @@
 
 namespace velmora {
 
-std::string Str(long long n) {
-  return n >= 0 ? " " + std::to_string(n) : std::to_string(n);
-}
+std::string Str(long long n) { return n >= 0 ? " " + std::to_string(n) : std::to_string(n); }
 
 std::string NumText(long long n) { return std::to_string(n); }
 
@@ -68,16 +66,14 @@ std::string ToLower(std::string_view text) {
 
 bool ContainsNoCase(std::string_view haystack, std::string_view needle) {
   if (needle.empty()) return true;
-  auto it = std::search(haystack.begin(), haystack.end(), needle.begin(), needle.end(),
-                        [](char a, char b) {
-                          return std::toupper(static_cast<unsigned char>(a)) ==
-                                 std::toupper(static_cast<unsigned char>(b));
-                        });
+  auto it = std::search(haystack.begin(), haystack.end(), needle.begin(), needle.end(), [](char a, char b) {
+    return std::toupper(static_cast<unsigned char>(a)) == std::toupper(static_cast<unsigned char>(b));
+  });
   return it != haystack.end();
 }
 
 bool StartsWithNoCase(std::string_view text, std::string_view prefix) {
-  return text.size() >= prefix.size() && ContainsNoCase(text.substr(0, prefix.size()), prefix) ;
+  return text.size() >= prefix.size() && ContainsNoCase(text.substr(0, prefix.size()), prefix);
 }
 
 std::string DateTimeText(const std::tm& when) {

@@ -6,7 +6,7 @@
 namespace velmora {
 
 struct FileDialogRequest {
-  std::string mode;        // "SAVE" for a save dialog; "OPEN" or blank to open
+  std::string mode;  // "SAVE" for a save dialog; "OPEN" or blank to open
   std::string title;
   std::string fileTypes;      // "*.vlm;*.txt;*.dat"
   std::string fileTypesName;  // "velmora Files"
@@ -19,10 +19,10 @@ class UserInterface {
  public:
   virtual ~UserInterface() = default;
 
-  virtual void ShowMessage(const std::string& text) = 0;  // OK box; line breaks are CR LF
-  virtual bool AskYesNo(const std::string& text) = 0;     // true only for Yes
+  virtual void ShowMessage(const std::string& text) = 0;                  // OK box; line breaks are CR LF
+  virtual bool AskYesNo(const std::string& text) = 0;                     // true only for Yes
   virtual std::string AskFileName(const FileDialogRequest& request) = 0;  // "" on cancel
-  virtual std::string AskText(const std::string& prompt) = 0;            // "" on cancel
+  virtual std::string AskText(const std::string& prompt) = 0;             // "" on cancel
   virtual void SetBusy(bool busy) = 0;
   virtual void Yield() = 0;  // let pending window events run
   // The texts of GameState::view changed.

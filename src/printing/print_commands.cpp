@@ -149,7 +149,8 @@ void PrintPage(const GameState& s, PrintSurface& p, int& originX, int& originY, 
       int step = 300;
       if (count > 1 && first + step * (count - 1) + kRankWidth > p.RightEdge())
         step = std::max(0, p.RightEdge() - kRankWidth - first) / (count - 1);
-      for (int i = 0; i < count; ++i) p.Text(first + step * i, y, 14, true, remain[static_cast<size_t>(i)].substr(0, 1));
+      for (int i = 0; i < count; ++i)
+        p.Text(first + step * i, y, 14, true, remain[static_cast<size_t>(i)].substr(0, 1));
     }
   }
   p.Text(s.TextX[1][6] + originX + 500, originY - 200, 6, false, kPrintFooter);

@@ -53,7 +53,12 @@ TEST(ReadColorScheme, DamagedFilesNeverStopTheProgram) {
   const std::string twelve = SchemeText("cut.col", 0).substr(0, SchemeText("cut.col", 0).rfind(" 12;"));
   std::string eleven;
   for (int i = 0; i < 11; ++i) eleven += " 1; 1; 1\r\n";
-  const struct { const char* what; std::string file; bool found; uint32_t first, second; } cases[] = {
+  const struct {
+    const char* what;
+    std::string file;
+    bool found;
+    uint32_t first, second;
+  } cases[] = {
       {"short scheme at the end", twelve, false, Rgb(0, 0, 255), Rgb(1, 2, 254)},
       {"two fields", "cut.col\r\n 7; 8; 9\r\n 4; 5\r\n", false, Rgb(7, 8, 9), Rgb(1, 2, 3)},
       {"not numbers, too big, negative", "cut.col\r\n a; 12x; 300\r\n-5;0.5;1.5;9\r\n" + eleven, true,
@@ -129,8 +134,9 @@ TEST(DelSch, RefusesTheActiveSchemeAfterTheQuestionAndRemovesOthers) {
   EXPECT_EQ(run.File(), a + c);
   EXPECT_EQ(run.list.items, (Strings{"a", "c"}));
   EXPECT_EQ(run.ui.questions, Strings(2, "Delete color scheme: b"));
-  EXPECT_EQ(run.ui.messages, (Strings{"Select a color scheme to delete", "Cannot delete currently active Color Scheme",
-                                      "Color Scheme: b deleted"}));
+  EXPECT_EQ(run.ui.messages,
+            (Strings{"Select a color scheme to delete", "Cannot delete currently active Color Scheme",
+                     "Color Scheme: b deleted"}));
   // A short scheme goes without taking the next one's name line.
   run.dir.Write("all.col", "s.col\r\n 1; 1; 1\r\n" + c);
   FillSchemeList(run.s, run.list);
@@ -148,7 +154,8 @@ TEST(DelSch, RefusesTheActiveSchemeAfterTheQuestionAndRemovesOthers) {
   FillSchemeList(run.s, run.list);
   run.list.Select("my");
   EXPECT_FALSE(DelSch(run.s, run.ui, run.list));
-  EXPECT_EQ(run.ui.messages.back() + "|" + run.File(), "Color Scheme: my not found|" + SchemeText("my.colours.col", 0) + c);
+  EXPECT_EQ(run.ui.messages.back() + "|" + run.File(),
+            "Color Scheme: my not found|" + SchemeText("my.colours.col", 0) + c);
   // Without a readable all.col nothing is written.
   std::filesystem::remove(run.dir.File("all.col"));
   run.list.Select("c");

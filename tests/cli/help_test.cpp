@@ -20,7 +20,8 @@ TEST(CliHelp, ListsEverySubcommandEachExplainsItselfAndCompletionOffersTheSame) 
     const std::string name = line.substr(2, line.find(' ', 2) - 2);
     listed += name + " ";
     const auto one = test::RunCli({name, "--help"});
-    EXPECT_EQ(std::to_string(one.exitCode) + one.out.substr(0, 19 + name.size()), "0usage: velmora-cli " + name);
+    EXPECT_EQ(std::to_string(one.exitCode) + one.out.substr(0, 19 + name.size()),
+              "0usage: velmora-cli " + name);
   }
   std::string completion;
   ReadWholeFile(std::string(VELMORA_DATA_DIR) + "/desktop/velmora-cli.bash", completion);

@@ -57,8 +57,8 @@ TEST(CliPrint, NeverPrintsOverItsOwnBookNorPrintsADamagedOneAsWhole) {
   const std::string book = dir.Write("book.vlm", test::Records(3));
   std::filesystem::create_symlink("book.vlm", dir.File("link.pdf"));
   std::filesystem::create_hard_link(book, dir.File("hard.pdf"));
-  for (const std::string& out : {book, dir.path() + "/./book.vlm", dir.File("link.pdf"), dir.File("hard.pdf"),
-                                dir.File("BOOK.VLM")}) {
+  for (const std::string& out :
+       {book, dir.path() + "/./book.vlm", dir.File("link.pdf"), dir.File("hard.pdf"), dir.File("BOOK.VLM")}) {
     const auto r = test::RunCli({"print", book, "--pdf", out, "--current", "2"});
     EXPECT_EQ(std::to_string(r.exitCode) + r.out + r.err,
               "1velmora-cli print: Input and output files cannot be same\n")

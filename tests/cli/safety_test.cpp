@@ -24,7 +24,9 @@ TEST(CliSafety, GenerateOnAFullDiskLeavesTheFileAsItWasAndSaysNothingWasAdded) {
   EXPECT_EQ(dir.Read("f.vlm"), text);
   // A new file the run could not finish is not left behind, empty or in part.
   const std::string fresh = dir.File("new.vlm");
-  EXPECT_EQ(RunCli({"generate", fresh, "--count", "3000", "--level", "easy", "--seed", "7"}, "", 100000).exitCode, 1);
+  EXPECT_EQ(
+      RunCli({"generate", fresh, "--count", "3000", "--level", "easy", "--seed", "7"}, "", 100000).exitCode,
+      1);
   EXPECT_FALSE(FileExists(fresh));
 }
 

@@ -124,7 +124,8 @@ TEST(Random, IntegerPickAgreesWithTheFloatingPointFormulaNearEveryBoundary) {
 
 TEST(AutomaticTitle, LevelDateAndTime) {
   std::tm when{};
-  when.tm_year = 126, when.tm_mon = 10, when.tm_mday = 15, when.tm_hour = 10, when.tm_min = 3, when.tm_sec = 33;
+  when.tm_year = 126, when.tm_mon = 10, when.tm_mday = 15, when.tm_hour = 10, when.tm_min = 3,
+  when.tm_sec = 33;
   EXPECT_EQ(AutomaticTitle(kLevelVHard, when), "VHard 15/11/2026 10:03:33");
 }
 

@@ -79,11 +79,15 @@ TEST(MakePuzzlesFromFile, ErrorsEndTheRunAndKeepWhatWasMade) {
   std::string cut = NumericRecord(1, kRowsA) + NumericRecord(2, kRowsB);
   cut.resize(cut.size() - 4 * 17);  // the second record stops after three of its rows
   // The lines of the output file; -1: no such file.
-  const struct { std::string in; int rows; const char* message; int lines; } cases[] = {
-      {dir.Write("cut.vlm", cut), 7, "error?", 10},
-      {dir.File("none.vlm"), 7, "error?", -1},
-      {dir.Write("empty.vlm", ""), 7, " 0 puzzles made", 0},
-      {dir.Write("big.vlm", cut), 12, "error?", 0}};  // rows beyond what the grids hold
+  const struct {
+    std::string in;
+    int rows;
+    const char* message;
+    int lines;
+  } cases[] = {{dir.Write("cut.vlm", cut), 7, "error?", 10},
+               {dir.File("none.vlm"), 7, "error?", -1},
+               {dir.Write("empty.vlm", ""), 7, " 0 puzzles made", 0},
+               {dir.Write("big.vlm", cut), 12, "error?", 0}};  // rows beyond what the grids hold
   for (const auto& c : cases) {
     GameState s;
     s.Rows = c.rows;
@@ -92,7 +96,8 @@ TEST(MakePuzzlesFromFile, ErrorsEndTheRunAndKeepWhatWasMade) {
     MakePuzzlesFromFile(s, ui, c.in, level);
     EXPECT_EQ(ui.messages, std::vector<std::string>{c.message}) << c.in;
     const std::string out = std::filesystem::path(TransformedFileName(c.in)).filename();
-    EXPECT_EQ(FileExists(dir.File(out)) ? static_cast<int>(Lines(dir.Read(out)).size()) : -1, c.lines) << c.in;
+    EXPECT_EQ(FileExists(dir.File(out)) ? static_cast<int>(Lines(dir.Read(out)).size()) : -1, c.lines)
+        << c.in;
   }
 }
 

@@ -101,7 +101,8 @@ TEST(StartUp, FallsBackToTheDefaultFileAndThenToAnEmptyBoard) {
 
 TEST(StartUp, AbsurdlyLongConfigurationAndSchemeFilesAreTakenAsDamagedNotReadWhole) {
   test::TempDir dir;
-  for (const char* name : {"velmora.cfg", "all.col"}) std::filesystem::resize_file(dir.Write(name, "x"), 50LL << 30);
+  for (const char* name : {"velmora.cfg", "all.col"})
+    std::filesystem::resize_file(dir.Write(name, "x"), 50LL << 30);
   GameState s;
   test::RecordingUi ui;
   StartUp(s, ui, dir.path(), nullptr);

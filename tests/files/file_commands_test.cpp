@@ -388,7 +388,8 @@ TEST(FileSafety, ACrashWhileReplacingLeavesTheOldFileAndNoTemporaryOne) {
   dir.Write(".p.vlm.velmora-Ab12Cd", "left by a writer that crashed where no nameless file could be made");
   EXPECT_TRUE(WriteFileAtomically(file, Records(2)));
   // A new file has no name until it is whole.
-  EXPECT_FALSE(Limited(100000, true, [&] { return WriteFileAtomically(dir.File("new.vlm"), std::string(400000, 'x')); }));
+  EXPECT_FALSE(Limited(100000, true,
+                       [&] { return WriteFileAtomically(dir.File("new.vlm"), std::string(400000, 'x')); }));
   for (const auto& entry : fs::directory_iterator(dir.path())) EXPECT_EQ(entry.path().filename(), "p.vlm");
 }
 
@@ -434,7 +435,8 @@ TEST(FileSafety, AnOrdinaryUserRewritesNoFileTheyMayNotWriteAndKeepsOwnersAndLin
   });
   const std::string schemes = "Error in updating Color Scheme:\r\n" + dir.File("all.col") + "|";
   EXPECT_EQ(seen, "Error saving to file:\r\n" + own + "|Error saving to file:\r\n" + roots +
-                      "|Error saving to file:\r\n" + open + "|Unable to sort file:" + out + "|" + schemes + schemes);
+                      "|Error saving to file:\r\n" + open + "|Unable to sort file:" + out + "|" + schemes +
+                      schemes);
   EXPECT_EQ(dir.Read("own.vlm") + dir.Read("roots.vlm") + dir.Read("open.vlm") + dir.Read("out.vlm"),
             Records(3) + Records(3) + Records(3) + "an older output");
   EXPECT_EQ(dir.Read("all.col"), JoinLines(SchemeLines("blue", DefaultSchemeColors())));
@@ -449,7 +451,8 @@ TEST(FileSafety, LinksAnotherUserPutInASharedFolderAreNotFollowed) {
   test::TempDir shared, home;
   fs::permissions(shared.path(), fs::perms::all | fs::perms::sticky_bit);  // like /tmp
   fs::permissions(home.path(), fs::perms::all);
-  const std::string mine = home.Write("mine.txt", "the user's own"), book = shared.Write("book.vlm", Records(3));
+  const std::string mine = home.Write("mine.txt", "the user's own"),
+                    book = shared.Write("book.vlm", Records(3));
   Own(mine, test::kNobody, 0);
   Own(book, test::kNobody, 0);
   for (const char* name : {"velmora.tmp", "out.vlm"}) {
@@ -466,7 +469,8 @@ TEST(FileSafety, LinksAnotherUserPutInASharedFolderAreNotFollowed) {
     SortPuzzleFile(sort, rng, ui);
     return Joined(ui.messages);
   });
-  EXPECT_EQ(seen, "Error saving to file:\r\n" + book + "|Unable to sort file:" + shared.File("out.vlm") + "|");
+  EXPECT_EQ(seen,
+            "Error saving to file:\r\n" + book + "|Unable to sort file:" + shared.File("out.vlm") + "|");
   EXPECT_EQ(home.Read("mine.txt") + shared.Read("book.vlm"), "the user's own" + Records(3));
 }
 

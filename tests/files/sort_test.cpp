@@ -128,7 +128,8 @@ TEST(Sort, RefusalsAndAFailedRunLeaveTheOldOutputAlone) {
       {"text only\r\n", "out.vlm", "There are no puzzles in this file"},
       {Rec("#1", "t", " 1, 1, 1") + Rec("#2", "u", " 3, 7, 5", 2), "out.vlm", "Unable to sort file:"},
       {Rec("#1", "t", " 7"), "out.vlm", "Unable to sort file:"},  // no row width
-      {Rec("#1", "t", " 8, 7000000", 8, ""), "out.vlm", "Unable to sort file:"},  // 56 MB of dots from 36 bytes
+      {Rec("#1", "t", " 8, 7000000", 8, ""), "out.vlm",
+       "Unable to sort file:"},  // 56 MB of dots from 36 bytes
       // A line over 1 MiB stops the reading: the records after it are not dropped unsaid.
       {kA + std::string(2000000, '\0') + "\r\n" + kB, "out.vlm", "Unable to sort file:"},
   };
@@ -145,9 +146,9 @@ TEST(Sort, RefusalsAndAFailedRunLeaveTheOldOutputAlone) {
 }
 
 TEST(Sort, ProposedOutputName) {
-  EXPECT_EQ(
-      SortedOutputName("/d/puzzles.vlm") + "|" + SortedOutputName("a.b.txt") + "|" + SortedOutputName("/a.b/p"),
-      "/d/puzzles_sorted.vlm|a.b_sorted.txt|");
+  EXPECT_EQ(SortedOutputName("/d/puzzles.vlm") + "|" + SortedOutputName("a.b.txt") + "|" +
+                SortedOutputName("/a.b/p"),
+            "/d/puzzles_sorted.vlm|a.b_sorted.txt|");
 }
 
 }  // namespace

@@ -71,8 +71,8 @@ TEST(PrintPage, HeadingCellsAndRemainingCardsOfPuzzleAndSolution) {
   // Row 1 of record 1: R (card 18, 5 of hearts), the mark, \ (28, 7 of clubs);
   // the footer and the spade beside the grid.
   for (const char* mark : {"B 1830,1630", "S 1890,1680 1", "T 2390,2130 14 5", "B 2640,1630", "B 3450,1630",
-                           "S 3510,1680 3", "T 4010,2130 14 7", "S 1890,2490 0", "T 2390,2940 14 1", "S 7900,1730 0",
-                           "T 6630,1400 6 Velmora Version 1.0"})
+                           "S 3510,1680 3", "T 4010,2130 14 7", "S 1890,2490 0", "T 2390,2940 14 1",
+                           "S 7900,1730 0", "T 6630,1400 6 Velmora Version 1.0"})
     EXPECT_TRUE(page.Has(mark)) << mark;
   EXPECT_FALSE(page.Has("S 2700,1680 2"));
 
@@ -104,7 +104,8 @@ TEST(PrintPage, EveryRemainingCardOfAFullSuitIsPrintedInsideA4AndLetterPaper) {
     int x = 1800, y = 1400, beside = 0;
     PrintPage(s, page, x, y, 1, "", 0);
     for (const std::string& m : page.pages.at(0)) {
-      if (m[0] != 'T' || m.back() == ' ' || m.find(" 14 ") == std::string::npos || std::stoi(m.substr(2)) < 8340)
+      if (m[0] != 'T' || m.back() == ' ' || m.find(" 14 ") == std::string::npos ||
+          std::stoi(m.substr(2)) < 8340)
         continue;
       ++beside;
       EXPECT_LE(std::stoi(m.substr(2)) + 200, right) << m;
@@ -115,10 +116,16 @@ TEST(PrintPage, EveryRemainingCardOfAFullSuitIsPrintedInsideA4AndLetterPaper) {
 
 TEST(PrintCurrent, QuestionsTitlesOriginsAndDone) {
   using Command = void (*)(GameState&, UserInterface&, PrintJobs&);
-  const struct { Command command; const char* question; Strings headings; } cases[] = {
+  const struct {
+    Command command;
+    const char* question;
+    Strings headings;
+  } cases[] = {
       {mnuprintcurrentpuz, "Print Current Puzzle?", {"T 1800,1400 8 Puz#2:Sample 2"}},
       {mnuprintcurrentsol, "Print Current solution?", {"T 1800,1400 8 Sol#2:Sample 2"}},
-      {mnuprintcurrent, "Print Current Puzzle and Solution?", {"T 1800,1400 8 Puz#2:", "T 1800,8500 8 Sol#2:"}},
+      {mnuprintcurrent,
+       "Print Current Puzzle and Solution?",
+       {"T 1800,1400 8 Puz#2:", "T 1800,8500 8 Sol#2:"}},
   };
   GameState s = test::Loaded(test::SampleFile(), 2);
   for (const auto& c : cases) {
@@ -160,7 +167,10 @@ TEST(PrintFile, PagesOfBothLayoutsAndTheBoardAfterwards) {
   // The lower grid sits 7000 twips below the upper one. Record 6 follows the
   // odd last number 5 and stays off the last page; the per-page choice changes nothing.
   const std::string upper = "T 1800,1400 8 ", lower = "T 1800,8400 8 ";
-  const struct { const char* fields; std::vector<Strings> pages; } cases[] = {
+  const struct {
+    const char* fields;
+    std::vector<Strings> pages;
+  } cases[] = {
       {",1,5, 0, 4", {{upper + "Puz#1:T1", lower + "Puz#2:T2"}, {upper + "Puz#3:T3"}, {upper + "Puz#5:T5"}}},
       {",5,6, 0, 2", {{upper + "Puz#5:T5", lower + "Puz#6:T6"}}},  // an even last number
       {",2,4, 1, 1", {{upper + "Puz#2:T2", lower + "Sol#2:T2"}, {upper + "Puz#3:T3", lower + "Sol#3:T3"}}},
@@ -174,8 +184,8 @@ TEST(PrintFile, PagesOfBothLayoutsAndTheBoardAfterwards) {
     EXPECT_EQ(desk.jobs.shownFile, desk.file);
     // An empty range says so before any printer or file is asked for.
     const bool none = c.pages.empty();
-    EXPECT_EQ(desk.ui.messages, (none ? Strings{"Nothing to print: puzzle 4 comes after puzzle 2", "Done"}
-                                      : Strings{"Done"}));
+    EXPECT_EQ(desk.ui.messages,
+              (none ? Strings{"Nothing to print: puzzle 4 comes after puzzle 2", "Done"} : Strings{"Done"}));
     EXPECT_EQ(desk.jobs.ended, none ? 0 : 1);
     EXPECT_TRUE(desk.s.Grid == shown && desk.s.view.PuzTitle == "T2");
   }

@@ -13,7 +13,8 @@ struct BatchHand : OnceOn<Form3> {
   BatchHand(const std::string& out, const char* count, const char* option)
       : OnceOn([=](Form3* f) {
           ExpectLaidOut(f);
-          EXPECT_EQ(f->palette().color(QPalette::Window), f->parentWidget()->palette().color(QPalette::Window));
+          EXPECT_EQ(f->palette().color(QPalette::Window),
+                    f->parentWidget()->palette().color(QPalette::Window));
           Child<FNDialog>(f, "FileNow")->SetText(QString::fromStdString(out));
           Child<QLineEdit>(f, "Text1")->setText(count);
           Child<QRadioButton>(f, option)->click();

@@ -49,7 +49,8 @@ TEST(Form1, TheBoardGrowsAndShrinksWithTheWindowAndStillFindsItsCells) {
   EXPECT_EQ(board->grab().toImage().pixelColor(line.toPoint()), QColor(Qt::black));
   win.Trigger("mnuhint");  // its frame, drawn over the board, grown with it
   const Hint hint = FindHint(s);
-  const QPointF frame = board->TwipsToPixels(QPointF(s.CellX[hint.row][hint.col] + 405, s.CellY[hint.row][hint.col] + 30));
+  const QPointF frame =
+      board->TwipsToPixels(QPointF(s.CellX[hint.row][hint.col] + 405, s.CellY[hint.row][hint.col] + 30));
   EXPECT_EQ(board->grab().toImage().pixelColor(frame.toPoint()), QColor(230, 140, 0));
 }
 

@@ -64,8 +64,9 @@ TEST(Form2Options, ReplaceAndDeleteActOnTheSchemeChosenInTheList) {
     Press(f, "Command2");
   });
   win.Trigger("mnuoptions");
-  EXPECT_EQ(win.hand.texts, (std::vector<std::string>{"Replace color scheme: sand", "Color Scheme: sand replaced",
-                                                      "Delete color scheme: sand", "Color Scheme: sand deleted"}));
+  EXPECT_EQ(win.hand.texts,
+            (std::vector<std::string>{"Replace color scheme: sand", "Color Scheme: sand replaced",
+                                      "Delete color scheme: sand", "Color Scheme: sand deleted"}));
 }
 
 }  // namespace

@@ -68,8 +68,9 @@ TEST(BoardPainter, EachSuitHasItsSymbolAndColourWithTheRankAtTheLowerRight) {
 TEST(BoardPainter, SolutionTextSitsAtTheLowerLeftOfEveryCellInTheBlackSuitColour) {
   GameState s;
   CalcCellPos(s);
-  for (int k = 0; k < 49; ++k) s.SolutionGrid[k / 7 + 1][k % 7 + 1] = 4 * (k % 7) + (k / 7) % 4 + 1;  // from 1S
-  s.SolutionGrid[7][7] = 52;  // to KC
+  for (int k = 0; k < 49; ++k)
+    s.SolutionGrid[k / 7 + 1][k % 7 + 1] = 4 * (k % 7) + (k / 7) % 4 + 1;  // from 1S
+  s.SolutionGrid[7][7] = 52;                                               // to KC
   const Rendered r(s, true);
   const auto ink = [](QColor c) { return c != kSurface; };
   // Small text blends the suit colour with the surface: grey, darker at the core.
@@ -111,7 +112,8 @@ TEST(Play, MouseKeysAndTheAssistMenuReachTheBoard) {
   for (int r = 1; r < row; ++r) Key(board, Qt::Key_Down);
   for (int c = 1; c < col; ++c) Key(board, Qt::Key_Right);
   const QPoint dash = board->TwipsToPixels(QPointF(x + 70, y + 30)).toPoint();
-  EXPECT_EQ(board->grab().toImage().pixelColor(dash), QColor(20, 90, 210));  // the cursor's frame, over the hint's
+  EXPECT_EQ(board->grab().toImage().pixelColor(dash),
+            QColor(20, 90, 210));  // the cursor's frame, over the hint's
   const std::string name = ListText(s, card);
   for (const char letter : name) Key(board, Qt::Key_A, QString(QChar::fromLatin1(letter)));
   EXPECT_EQ(s.Grid[row][col], card);

@@ -106,7 +106,8 @@ inline void ExpectLaidOut(QWidget* dialog) {
   };
   for (QWidget* w : dialog->findChildren<QWidget*>()) {
     const QString name = w->objectName();
-    if (name.isEmpty() || name.startsWith("qt_") || !w->isVisibleTo(dialog) || !w->parentWidget()->layout()) continue;
+    if (name.isEmpty() || name.startsWith("qt_") || !w->isVisibleTo(dialog) || !w->parentWidget()->layout())
+      continue;
     EXPECT_TRUE(holds(w->parentWidget()->layout(), w)) << name.toStdString();
   }
 }

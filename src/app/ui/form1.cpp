@@ -10,18 +10,18 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
-#include <QScreen>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 
 #include "app/app_commands.h"
 #include "app/startup.h"
 #include "app/ui/about_form.h"
 #include "app/ui/help_window.h"
-#include "controls/ui/local_text.h"
 #include "appearance/color_scheme.h"
 #include "board/ui/board_view.h"
 #include "controls/ui/fndialog.h"
+#include "controls/ui/local_text.h"
 #include "creation/create_commands.h"
 #include "creation/ui/form3.h"
 #include "model/commands.h"

@@ -9,11 +9,11 @@
 
 #include "app/app_commands.h"
 #include "app/ui/form1.h"
-#include "controls/ui/local_text.h"
 #include "board/geometry.h"
 #include "board/play.h"
 #include "board/ui/board_view.h"
 #include "controls/ui/fndialog.h"
+#include "controls/ui/local_text.h"
 #include "controls/ui/mouse_button.h"
 #include "creation/create_commands.h"
 #include "files/file_commands.h"
@@ -58,7 +58,8 @@ QLayout* Form1::BuildTopRow(QWidget* parent) {
   puzTitle_ = new QLineEdit(parent);
   puzTitle_->setObjectName(QStringLiteral("PuzTitle"));
   // Room for a title the program gives, at any text size.
-  puzTitle_->setMinimumWidth(puzTitle_->fontMetrics().horizontalAdvance(QStringLiteral("VHard 00/00/0000 00:00:00")) + 16);
+  puzTitle_->setMinimumWidth(
+      puzTitle_->fontMetrics().horizontalAdvance(QStringLiteral("VHard 00/00/0000 00:00:00")) + 16);
   connect(puzTitle_, &QLineEdit::textEdited, this, [this](const QString& t) { s_.view.PuzTitle = S(t); });
   // The `arrows` buttons: previous, next and random puzzle.
   const QString arrowTexts[3] = {QStringLiteral("<"), QStringLiteral(">"), QStringLiteral("?")};
@@ -203,7 +204,8 @@ void Form1::PlaceProgressPanel() {
   if (!frame1_) return;
   // Over the 7x7 grid exactly, so no cell border shows beside it.
   const QPointF topLeft = board_->TwipsToPixels(QPointF(kBoardMargin, kBoardMargin));
-  const QPointF bottomRight = board_->TwipsToPixels(QPointF(kBoardMargin + 7 * kCellSize, kBoardMargin + 7 * kCellSize));
+  const QPointF bottomRight =
+      board_->TwipsToPixels(QPointF(kBoardMargin + 7 * kCellSize, kBoardMargin + 7 * kCellSize));
   // One pixel more takes in the grid's last line.
   frame1_->setGeometry(QRectF(topLeft, bottomRight).toRect().adjusted(0, 0, 1, 1));
 }

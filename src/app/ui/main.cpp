@@ -9,9 +9,9 @@
 #include "app/app_folder.h"
 #include "app/settings.h"
 #include "app/startup.h"
-#include "files/file_commands.h"
 #include "app/ui/form1.h"
 #include "appearance/ui/form2.h"
+#include "files/file_commands.h"
 
 namespace {
 

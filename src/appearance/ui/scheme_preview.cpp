@@ -28,7 +28,8 @@ void SchemePreview::SetColors(QColor background, QColor titleBox, QColor buttonF
 
 QSize SchemePreview::sizeHint() const {
   const double pixels = logicalDpiX() * kCellScale / kTwipsPerInch;
-  return {static_cast<int>(kCellsWidth * pixels) + fontMetrics().horizontalAdvance(QStringLiteral("Puzzle title")) * 2,
+  return {static_cast<int>(kCellsWidth * pixels) +
+              fontMetrics().horizontalAdvance(QStringLiteral("Puzzle title")) * 2,
           static_cast<int>((kCellSize + 60) * pixels)};
 }
 
@@ -53,9 +54,11 @@ void SchemePreview::paintEvent(QPaintEvent*) {
   p.drawImage(0, 0, image);
   // The title box and a button face beside the cells.
   const int left = static_cast<int>(image.width() / ratio) + 8, h = fontMetrics().height() + 6;
-  const QRect title(left, 2, width() - left - 2, h), button(left, h + 8, fontMetrics().horizontalAdvance("Undo") + 24, h);
+  const QRect title(left, 2, width() - left - 2, h),
+      button(left, h + 8, fontMetrics().horizontalAdvance("Undo") + 24, h);
   p.setPen(Qt::black);
-  for (const auto& [box, colour, text] : {std::tuple{title, titleBox_, tr("Puzzle title")}, {button, buttonFace_, tr("Undo")}}) {
+  for (const auto& [box, colour, text] :
+       {std::tuple{title, titleBox_, tr("Puzzle title")}, {button, buttonFace_, tr("Undo")}}) {
     p.fillRect(box, colour);
     p.drawRect(box.adjusted(0, 0, -1, -1));
     p.drawText(box, Qt::AlignCenter, text);

@@ -73,8 +73,9 @@ void BoardPainter::DrawCell(const GameState& s, int rank, const std::string& sui
   // The AND copy is made in device pixels from a symbol scaled to fit, so it
   // stays sharp at any screen scale.
   const QRectF target = p_.deviceTransform().mapRect(QRectF(x + 60, y + 50, kSymbolSize, kSymbolSize));
-  const QRect pixels(static_cast<int>(std::lround(target.left())), static_cast<int>(std::lround(target.top())),
-                     static_cast<int>(std::lround(target.width())), static_cast<int>(std::lround(target.height())));
+  const QRect pixels(
+      static_cast<int>(std::lround(target.left())), static_cast<int>(std::lround(target.top())),
+      static_cast<int>(std::lround(target.width())), static_cast<int>(std::lround(target.height())));
   const QImage& symbol = strip_.Symbol(index, pixels.size());
   if (!symbol.isNull()) {
     p_.save();
@@ -106,7 +107,8 @@ void BoardPainter::DrawBoard(const GameState& s) {
         Outline(QRectF(s.CellX[row][col], s.CellY[row][col], kCellSize, kCellSize));
       } else if (v <= kMaxCardIndex) {
         const int suit = s.CardCodes.Suit(v);
-        DrawCell(s, s.CardCodes.Rank(v), suit ? std::string(1, kSuitLetters[suit]) : std::string("X"), row, col);
+        DrawCell(s, s.CardCodes.Rank(v), suit ? std::string(1, kSuitLetters[suit]) : std::string("X"), row,
+                 col);
       }
     }
   }

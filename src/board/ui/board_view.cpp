@@ -32,11 +32,14 @@ QPointF BoardView::PixelsToTwips(QPointF pixels) const {
 }
 
 QPointF BoardView::TwipsToPixels(QPointF twips) const {
-  return offset_ + QPointF(twips.x() * logicalDpiX() / kTwipsPerInch, twips.y() * logicalDpiY() / kTwipsPerInch) *
-                       zoom_;
+  return offset_ +
+         QPointF(twips.x() * logicalDpiX() / kTwipsPerInch, twips.y() * logicalDpiY() / kTwipsPerInch) *
+             zoom_;
 }
 
-QPointF BoardView::TwipsToImage(QPointF twips) const { return (TwipsToPixels(twips) - offset_) * imageScale_; }
+QPointF BoardView::TwipsToImage(QPointF twips) const {
+  return (TwipsToPixels(twips) - offset_) * imageScale_;
+}
 
 void BoardView::resizeEvent(QResizeEvent*) {
   const QSize natural = sizeHint();
@@ -45,7 +48,7 @@ void BoardView::resizeEvent(QResizeEvent*) {
   const double cell = kCellSize * logicalDpiX() / double(kTwipsPerInch);
   if (zoom_ * cell >= 1) zoom_ = std::floor(zoom_ * cell + 1e-9) / cell;
   offset_ = QPointF((width() - natural.width() * zoom_) / 2, 0);  // at the top, as the suit panels
-  image_ = QImage();  // painted anew at the new scale
+  image_ = QImage();                                              // painted anew at the new scale
   if (onResized) onResized();
 }
 
@@ -152,7 +155,8 @@ void BoardView::keyPressEvent(QKeyEvent* event) {
 void BoardView::mouseReleaseEvent(QMouseEvent* event) {
   const int button = event->button() == Qt::LeftButton ? 1 : (event->button() == Qt::RightButton ? 2 : 0);
   const QPointF twips = PixelsToTwips(event->position());
-  if (button != 0 && onMouseUp) onMouseUp(button, static_cast<float>(twips.x()), static_cast<float>(twips.y()));
+  if (button != 0 && onMouseUp)
+    onMouseUp(button, static_cast<float>(twips.x()), static_cast<float>(twips.y()));
 }
 
 void BoardView::mouseMoveEvent(QMouseEvent* event) {

@@ -28,7 +28,9 @@ void FNDialog::SetText(const QString& text) { text_->setText(text); }
 QString FNDialog::Caption() const { return command1_->text(); }
 void FNDialog::SetCaption(const QString& caption) { command1_->setText(caption); }
 
-QString FNDialog::Filter() const { return fileTypesName_ + QStringLiteral(" (") + fileTypes_ + QStringLiteral(")"); }
+QString FNDialog::Filter() const {
+  return fileTypesName_ + QStringLiteral(" (") + fileTypes_ + QStringLiteral(")");
+}
 
 QString FNDialog::QtFilter() const {
   QString types = fileTypes_;

@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include "creation/generator.h"
+#include "model/game_state.h"
 
 namespace velmora {
 namespace {
@@ -13,9 +14,9 @@ void BM_CreatePuzzle(benchmark::State& state) {
   SilentUserInterface ui;
   uint64_t seed = 1;
   for (auto _ : state) {
-    s.rng = Random::Seeded(seed++);
+    s.session.rng = Random::Seeded(seed++);
     int made = level;
-    benchmark::DoNotOptimize(CreatePuzzle(s, ui, made));
+    benchmark::DoNotOptimize(CreatePuzzle(s.puzzle, s.session, ui, made));
   }
   state.counters["puzzles/s"] =
       benchmark::Counter(static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
@@ -34,7 +35,7 @@ class CountedJobs : public PuzzleJobs {
     level = level_;
     return true;
   }
-  void Made(uint64_t, const GameState& s, int) override { benchmark::DoNotOptimize(s.Grid[1][1]); }
+  void Made(uint64_t, const Puzzle& p, int) override { benchmark::DoNotOptimize(p.Grid[1][1]); }
 
  private:
   int level_;

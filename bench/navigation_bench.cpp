@@ -29,11 +29,10 @@ class BigFile {
     if (::mkdtemp(path.data())) folder_ = path;
     GameState s;
     SilentUserInterface ui;
-    std::string title;
-    if (LoadPuzzle(s, ui, kPuzzles, 1, title, 0) != 0) return;
+    if (!LoadPuzzle(s, ui, kPuzzles, 1, Draw::kNo)) return;
     std::string text;
     text.reserve(static_cast<size_t>(kRecords) * 100);
-    const std::string record = PuzzleRecordText(s, 1, title);
+    const std::string record = PuzzleRecordText(s.puzzle, 1, s.view.PuzTitle);
     const std::string body = record.substr(record.find('\n') + 1);  // all but the header
     for (int i = 1; i <= kRecords; ++i) text += "#" + NumText(i) + "\r\n" + body;
     ok_ = WriteFileAtomically(Path(), text);
@@ -66,9 +65,8 @@ const BigFile& TheFile(bool forDelete = false) {
 bool Showing(GameState& s, int m, bool forDelete = false) {
   const BigFile& file = TheFile(forDelete);
   SilentUserInterface ui;
-  std::string title;
-  s.CurrentPuzzleFile = file.Path();
-  return file.ok() && LoadPuzzle(s, ui, file.Path(), m, title, 0) == 0;
+  s.session.CurrentPuzzleFile = file.Path();
+  return file.ok() && LoadPuzzle(s, ui, file.Path(), m, Draw::kNo);
 }
 
 // Next from record m to m + 1, m = the argument.
@@ -78,10 +76,10 @@ void BM_NextIn1MRecords(benchmark::State& state) {
   const int m = static_cast<int>(state.range(0));
   if (!Showing(s, m)) return state.SkipWithError("cannot make the big file");
   for (auto _ : state) {
-    s.CurrentPuzzleNumber = m;
+    s.session.CurrentPuzzleNumber = m;
     arrowsMouseUp(s, ui, kArrowNext, kLeftButton);
   }
-  if (s.CurrentPuzzleNumber != m + 1) state.SkipWithError("Next did not step");
+  if (s.session.CurrentPuzzleNumber != m + 1) state.SkipWithError("Next did not step");
 }
 BENCHMARK(BM_NextIn1MRecords)->Arg(1)->Arg(kRecords - 1)->Unit(benchmark::kMillisecond);
 
@@ -95,7 +93,7 @@ void BM_GotoIn1MRecords(benchmark::State& state) {
     s.view.PuzNumNow = NumText(n);
     PuzNumNowEnter(s, ui);
   }
-  if (s.CurrentPuzzleNumber != n) state.SkipWithError("the typed number did not load");
+  if (s.session.CurrentPuzzleNumber != n) state.SkipWithError("the typed number did not load");
 }
 BENCHMARK(BM_GotoIn1MRecords)->Arg(2)->Arg(kRecords)->Unit(benchmark::kMillisecond);
 
@@ -111,11 +109,12 @@ void BM_DeleteIn1MRecords(benchmark::State& state) {
   std::filesystem::current_path(TheFile(true).Folder(), ec);  // for velmora.tmp
   for (auto _ : state) {
     s.view.PuzNumNow = NumText(n);
-    s.PuzzleCount = kRecords;
+    s.session.PuzzleCount = kRecords;
     mnudelete(s, ui);
   }
   std::filesystem::current_path(here, ec);
-  if (s.CurrentPuzzleNumber != (n == 1 ? 1 : n - 1)) state.SkipWithError("Delete did not show the neighbour");
+  if (s.session.CurrentPuzzleNumber != (n == 1 ? 1 : n - 1))
+    state.SkipWithError("Delete did not show the neighbour");
 }
 BENCHMARK(BM_DeleteIn1MRecords)->Arg(1)->Arg(kRecords)->Unit(benchmark::kMillisecond);
 

@@ -16,25 +16,23 @@ const std::string kPuzzles = std::string(VELMORA_DATA_DIR) + "/puzzles.vlm";
 void BM_UpdateOptionsLoadedPuzzle(benchmark::State& state) {
   GameState s;
   SilentUserInterface ui;
-  std::string title;
-  if (LoadPuzzle(s, ui, kPuzzles, 1, title, 0) != 0) {
+  if (!LoadPuzzle(s, ui, kPuzzles, 1, Draw::kNo)) {
     state.SkipWithError("cannot load puzzles.vlm");
     return;
   }
   for (auto _ : state) {
-    UpdateOptions(s, 0);
-    benchmark::DoNotOptimize(s.CellOptions);
+    UpdateOptions(s.puzzle);
+    benchmark::DoNotOptimize(s.puzzle.CellOptions);
   }
 }
 BENCHMARK(BM_UpdateOptionsLoadedPuzzle);
 
 void BM_UpdateOptionsEmptyBoard(benchmark::State& state) {
   GameState s;
-  s.Rows = s.Cols = 7;
-  CalcCellPos(s);
+  s.puzzle.Rows = s.puzzle.Cols = 7;
   for (auto _ : state) {
-    UpdateOptions(s, 0);
-    benchmark::DoNotOptimize(s.CellOptions);
+    UpdateOptions(s.puzzle);
+    benchmark::DoNotOptimize(s.puzzle.CellOptions);
   }
 }
 BENCHMARK(BM_UpdateOptionsEmptyBoard);
@@ -43,18 +41,17 @@ BENCHMARK(BM_UpdateOptionsEmptyBoard);
 void BM_LoadPuzzleFrom1000Records(benchmark::State& state) {
   GameState s;
   SilentUserInterface ui;
-  std::string title;
-  if (LoadPuzzle(s, ui, kPuzzles, 1, title, 0) != 0) {
+  if (!LoadPuzzle(s, ui, kPuzzles, 1, Draw::kNo)) {
     state.SkipWithError("cannot load puzzles.vlm");
     return;
   }
   const std::string file = "/tmp/velmora-bench-" + std::to_string(::getpid()) + ".vlm";
   std::string text;
-  for (int i = 1; i <= 1000; ++i) text += PuzzleRecordText(s, i, "Benchmark record");
+  for (int i = 1; i <= 1000; ++i) text += PuzzleRecordText(s.puzzle, i, "Benchmark record");
   WriteFileAtomically(file, text);
   const int n = static_cast<int>(state.range(0));
   for (auto _ : state) {
-    benchmark::DoNotOptimize(LoadPuzzle(s, ui, file, n, title, 0));
+    benchmark::DoNotOptimize(LoadPuzzle(s, ui, file, n, Draw::kNo));
   }
   ::unlink(file.c_str());
 }

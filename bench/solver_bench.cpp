@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "board/geometry.h"
+#include "model/game_state.h"
 #include "model/rules.h"
 #include "model/solver.h"
 
@@ -27,20 +28,20 @@ class PassCounter : public SilentUserInterface {
 bool Solves(const GameState& s) {
   GameState copy = s;
   SilentUserInterface ui;
-  return SolveGrid(copy, ui) == 0;
+  return SolveGrid(copy.puzzle, copy.session, ui) == SolveResult::kFilled;
 }
 
 // The "Easy" puzzle: the full board with the base pattern's 14 cells blank.
 GameState BasePuzzle() {
   GameState s;
-  s.Rows = s.Cols = 7;
-  CalcCellPos(s);
+  s.puzzle.Rows = s.puzzle.Cols = 7;
   for (int r = 1; r <= 7; ++r)
-    for (int c = 1; c <= 7; ++c) s.SolutionGrid[r][c] = s.Grid[r][c] = kSolution[r - 1][c - 1] - 64;
-  RebuildCardCodes(s);
+    for (int c = 1; c <= 7; ++c)
+      s.puzzle.SolutionGrid[r][c] = s.puzzle.Grid[r][c] = kSolution[r - 1][c - 1] - 64;
+  RebuildCardCodes(s.puzzle);
   for (int r = 1; r <= 7; ++r) {
-    s.Grid[r][r % 2 ? 2 : 3] = 0;
-    s.Grid[r][r % 2 ? 6 : 5] = 0;
+    s.puzzle.Grid[r][r % 2 ? 2 : 3] = 0;
+    s.puzzle.Grid[r][r % 2 ? 6 : 5] = 0;
   }
   return s;
 }
@@ -60,7 +61,7 @@ GameState MakePuzzle(int extra, uint32_t seed) {
   int made = 0;
   for (int k : order) {
     if (extra != 0 && made == extra) break;
-    int& cell = s.Grid[s.CellRow[k]][s.CellCol[k]];
+    int& cell = s.puzzle.Grid[s.puzzle.CellRow(k)][s.puzzle.CellCol(k)];
     if (cell == 0) continue;
     const int keep = cell;
     cell = 0;
@@ -70,14 +71,14 @@ GameState MakePuzzle(int extra, uint32_t seed) {
       cell = keep;
     }
   }
-  s.PuzzleGrid = s.Grid;
+  s.puzzle.PuzzleGrid = s.puzzle.Grid;
   return s;
 }
 
 int Blanks(const GameState& s) {
   int empty = 0;
   for (int r = 1; r <= 7; ++r)
-    for (int c = 1; c <= 7; ++c) empty += s.PuzzleGrid[r][c] == 0;
+    for (int c = 1; c <= 7; ++c) empty += s.puzzle.PuzzleGrid[r][c] == 0;
   return empty;
 }
 
@@ -101,17 +102,17 @@ GameState TwentyThreeBlanks() {
 }
 
 void RunSolve(benchmark::State& state, GameState s) {
-  s.PuzzleGrid = s.Grid;
+  s.puzzle.PuzzleGrid = s.puzzle.Grid;
   PassCounter counter;
   GameState probe = s;
-  if (SolveGrid(probe, counter) != 0) {
+  if (SolveGrid(probe.puzzle, probe.session, counter) == SolveResult::kCellsLeft) {
     state.SkipWithError("puzzle not solvable by deduction");
     return;
   }
   SilentUserInterface ui;
   for (auto _ : state) {
-    s.Grid = s.PuzzleGrid;
-    benchmark::DoNotOptimize(SolveGrid(s, ui));
+    s.puzzle.Grid = s.puzzle.PuzzleGrid;
+    benchmark::DoNotOptimize(SolveGrid(s.puzzle, s.session, ui));
     benchmark::ClobberMemory();
   }
   state.counters["blanks"] = Blanks(s);
@@ -131,12 +132,12 @@ BENCHMARK(BM_SolveGridFewestGivens);
 void BM_SolveGridOnePassEmptyBoard(benchmark::State& state) {
   GameState s = BasePuzzle();
   for (int r = 1; r <= 7; ++r)
-    for (int c = 1; c <= 7; ++c) s.Grid[r][c] = 0;
-  s.PuzzleGrid = s.Grid;
+    for (int c = 1; c <= 7; ++c) s.puzzle.Grid[r][c] = 0;
+  s.puzzle.PuzzleGrid = s.puzzle.Grid;
   SilentUserInterface ui;
   for (auto _ : state) {
-    s.Grid = s.PuzzleGrid;
-    benchmark::DoNotOptimize(SolveGrid(s, ui));
+    s.puzzle.Grid = s.puzzle.PuzzleGrid;
+    benchmark::DoNotOptimize(SolveGrid(s.puzzle, s.session, ui));
   }
 }
 BENCHMARK(BM_SolveGridOnePassEmptyBoard);

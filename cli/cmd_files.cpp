@@ -45,8 +45,9 @@ bool Goto(PlaySession& session, const std::vector<std::string>& args) {
 
 bool State(PlaySession& session, const std::vector<std::string>&) {
   const GameState& s = session.state;
-  Print(session, "file: " + s.CurrentPuzzleFile + "\nnumber: " + NumText(s.CurrentPuzzleNumber) +
-                     "\ncount: " + NumText(s.PuzzleCount) + "\ntitle: " + s.view.PuzTitle + "\n");
+  Print(session, "file: " + s.session.CurrentPuzzleFile +
+                     "\nnumber: " + NumText(s.session.CurrentPuzzleNumber) +
+                     "\ncount: " + NumText(s.session.PuzzleCount) + "\ntitle: " + s.view.PuzTitle + "\n");
   return true;
 }
 

@@ -121,9 +121,9 @@ class GenerateRun : public PuzzleJobs {
     return true;
   }
 
-  void Made(uint64_t id, const GameState& s, int level) override {
+  void Made(uint64_t id, const Puzzle& p, int level) override {
     const std::string title = Trim(o_.title).empty() ? AutomaticTitle(level, stamp_) : o_.title;
-    std::string record = PuzzleRecordText(s, base_ + static_cast<int>(id), title);
+    std::string record = PuzzleRecordText(p, base_ + static_cast<int>(id), title);
     std::lock_guard lock(mutex_);
     made_.emplace(id, std::move(record));
   }
@@ -257,7 +257,7 @@ int RunTransform(const std::vector<std::string>& args) {
   if (const int bad = ParseGenerate(kTransform, args, o, false); bad != 0) return bad;
   if (!Readable(kTransform, o.file)) return 1;
   GameState state;
-  state.rng = o.seeded ? Random::Seeded(o.seed) : Random::Clocked(std::random_device{}());
+  state.session.rng = o.seeded ? Random::Seeded(o.seed) : Random::Clocked(std::random_device{}());
   MessageOnly ui;
   int level = o.level;
   MakePuzzlesFromFile(state, ui, o.file, level);

@@ -36,7 +36,7 @@ bool CellCentre(const std::vector<std::string>& args, float& x, float& y) {
 }
 
 bool Select(PlaySession& session, const std::vector<std::string>& args) {
-  const auto& lists = session.state.Remain;
+  const auto& lists = session.state.view.Remain;
   for (size_t list = 0; list < lists.size(); ++list) {
     for (size_t i = 0; i < lists[list].size(); ++i) {
       if (lists[list][i] != args[0]) continue;
@@ -86,7 +86,7 @@ bool Remain(PlaySession& session, const std::vector<std::string>&) {
   std::string text;
   for (size_t list = 0; list < 4; ++list) {
     text += kNames[list];
-    for (const auto& item : session.state.Remain[list]) text += " " + item;
+    for (const auto& item : session.state.view.Remain[list]) text += " " + item;
     text += "\n";
   }
   Print(session, text);
@@ -120,7 +120,7 @@ int RunPlay(const std::vector<std::string>& allArgs) {
   }
   if (const int failed = LoadRecordArgs(kPlay, args, state, ui); failed != 0) return failed;
   // The loaded file is the current puzzle file, as after start-up.
-  state.CurrentPuzzleFile = args[0];
+  state.session.CurrentPuzzleFile = args[0];
   PlaySession session{state, ui, stdout, args[0]};
   return RunPlayScript(session, stdin) ? 0 : 1;
 }

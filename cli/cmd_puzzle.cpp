@@ -36,16 +36,16 @@ int RunOptions(const std::vector<std::string>& args) {
   if (!Readable(kOptions, args[0])) return 1;
   GameState state;
   SilentUserInterface ui;
-  std::string title;
   const int wanted = n > 2147483647LL ? 2147483647 : (n < -2147483647LL ? -2147483647 : static_cast<int>(n));
-  if (LoadPuzzle(state, ui, args[0], wanted, title, 0) != 0) {
+  if (!LoadPuzzle(state, ui, args[0], wanted, Draw::kNo)) {
     std::printf("not found\n");
     return 1;
   }
   std::string out;
-  for (int r = 1; r <= LoopRows(state); ++r) {
-    for (int c = 1; c <= LoopCols(state); ++c) {
-      out += std::to_string(r) + "," + std::to_string(c) + ":" + OptionText(state.CellOptions[r][c]) + "\n";
+  for (int r = 1; r <= LoopRows(state.puzzle); ++r) {
+    for (int c = 1; c <= LoopCols(state.puzzle); ++c) {
+      out += std::to_string(r) + "," + std::to_string(c) + ":" + OptionText(state.puzzle.CellOptions[r][c]) +
+             "\n";
     }
   }
   std::fwrite(out.data(), 1, out.size(), stdout);

@@ -85,7 +85,7 @@ void PrintLine(const std::string& line) { std::printf("%s\n", line.c_str()); }
 
 int Show(GameState& s, ScriptUserInterface& ui, const std::string& name) {
   if (!ReadColorScheme(s, ui, name + ".col")) return 1;
-  const std::vector<std::string> lines = SchemeLines(name, s.Scheme);
+  const std::vector<std::string> lines = SchemeLines(name, s.look.Scheme);
   for (size_t i = 1; i < lines.size(); ++i) PrintLine(lines[i]);
   return 0;
 }
@@ -93,10 +93,10 @@ int Show(GameState& s, ScriptUserInterface& ui, const std::string& name) {
 // As in the dialog: the active scheme read at start-up (or the one chosen
 // with --from), the picker's background, then the command on NAME.
 int Edit(GameState& s, ScriptUserInterface& ui, const SchemeArgs& a) {
-  s.ColorSchemeName = ConfiguredSchemeName(s.AppFolder);
-  ReadColorScheme(s, ui, s.ColorSchemeName);
+  s.look.ColorSchemeName = ConfiguredSchemeName(s.session.AppFolder);
+  ReadColorScheme(s, ui, s.look.ColorSchemeName);
   if (!a.from.empty()) ReadColorScheme(s, ui, a.from + ".col");
-  if (a.hasBackground) s.Scheme[kSchemeBackground] = a.background;
+  if (a.hasBackground) s.look.Scheme[kSchemeBackground] = a.background;
   SchemeListBox list;
   FillSchemeList(s, list);
   if (a.action == "add") {
@@ -113,8 +113,8 @@ int RunScheme(const std::vector<std::string>& args) {
   if (const std::string wrong = Parse(args, a); !wrong.empty()) return UsageError(kScheme, wrong);
   GameState s;
   // The folder the desktop program would use.
-  s.AppFolder = SetUpProgramFolders(a.folder, ExecutableFolder()).app;
-  s.Scheme = DefaultSchemeColors();
+  s.session.AppFolder = SetUpProgramFolders(a.folder, ExecutableFolder()).app;
+  s.look.Scheme = DefaultSchemeColors();
   ScriptUserInterface ui(stdout);
   ui.AnswerNo(a.no);
   if (a.action == "list") {

@@ -26,8 +26,8 @@ int RunSolve(const std::vector<std::string>& args) {
   GameState state;
   SilentUserInterface ui;
   if (const int failed = LoadRecordArgs(kSolve, args, state, ui); failed != 0) return failed;
-  const int result = SolveGrid(state, ui);
-  const std::string out = "result " + std::to_string(result) + "\n" + BoardText(state);
+  const SolveResult result = SolveGrid(state.puzzle, state.session, ui);
+  const std::string out = "result " + std::to_string(static_cast<int>(result)) + "\n" + BoardText(state);
   std::fwrite(out.data(), 1, out.size(), stdout);
   return 0;
 }
@@ -36,7 +36,7 @@ int RunCheck(const std::vector<std::string>& args) {
   GameState state;
   SilentUserInterface ui;
   if (const int failed = LoadRecordArgs(kCheck, args, state, ui); failed != 0) return failed;
-  const CheckResult check = CheckBoard(state);
+  const CheckResult check = CheckBoard(state.puzzle);
   const std::string out =
       "status " + std::to_string(check.status) + "\nmessage: " + OneLine(check.message) + "\n";
   std::fwrite(out.data(), 1, out.size(), stdout);

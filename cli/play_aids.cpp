@@ -12,7 +12,7 @@ namespace {
 // "hint: 3,4 QH single", "hint: 3,4 QH unique", "hint: 3,4 wrong" or
 // "hint: none"; the board is left as it is.
 bool ShowHint(PlaySession& session, const std::vector<std::string>&) {
-  const Hint hint = FindHint(session.state);
+  const Hint hint = FindHint(session.state.puzzle);
   std::string line = "hint: ";
   if (hint.kind == kHintNone) {
     line += "none";

@@ -24,8 +24,7 @@ int LoadRecordArgs(const Subcommand& command, const std::vector<std::string>& ar
   if (!ParseInt(args[1], n)) return UsageError(command, "N must be a whole number");
   const int wanted = n > 2147483647LL ? 2147483647 : (n < -2147483647LL ? -2147483647 : static_cast<int>(n));
   if (!Readable(command, args[0])) return 1;
-  std::string title;
-  if (LoadPuzzle(s, ui, args[0], wanted, title, 1) != 0) {
+  if (!LoadPuzzle(s, ui, args[0], wanted)) {
     std::printf("not found\n");
     return 1;
   }
@@ -34,8 +33,8 @@ int LoadRecordArgs(const Subcommand& command, const std::vector<std::string>& ar
 
 std::string BoardText(const GameState& s) {
   std::string text;
-  for (int r = 1; r <= LoopRows(s); ++r) {
-    for (int c = 1; c <= LoopCols(s); ++c) text += static_cast<char>(64 + s.Grid[r][c]);
+  for (int r = 1; r <= LoopRows(s.puzzle); ++r) {
+    for (int c = 1; c <= LoopCols(s.puzzle); ++c) text += static_cast<char>(64 + s.puzzle.Grid[r][c]);
     text += '\n';
   }
   return text;

@@ -41,12 +41,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string file = folder.Write(kSchemeFileName, data, size);
   const std::string work = folder.File(kSchemeWorkFileName);
   GameState s;
-  s.AppFolder = folder.path() + "/";
+  s.session.AppFolder = folder.path() + "/";
   SilentUserInterface ui;
   const std::vector<std::string> names = SchemeNames(file);
   const std::vector<std::string> lines = FileLines(file);
   for (size_t i = 0; i < names.size() && i < 4; ++i) {
-    s.Scheme = DefaultSchemeColors();
+    s.look.Scheme = DefaultSchemeColors();
     ReadColorScheme(s, ui, names[i] + ".col");
   }
 
@@ -62,7 +62,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
       SchemeColors expected = colors;
       expected[kSchemeTitleCopy] = expected[kSchemeTitleBox];
       Check(ReadColorScheme(s, ui, nameLine) == present);
-      Check(!present || s.Scheme == expected);
+      Check(!present || s.look.Scheme == expected);
     }
     folder.Write(kSchemeFileName, data, size);
     if (DeleteScheme(file, work, nameLine) == SchemeEdit::kDone) Check(!ReadColorScheme(s, ui, nameLine));

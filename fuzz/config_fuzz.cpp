@@ -16,16 +16,16 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string appFolder = folder.path() + "/";
   const std::string configured = ConfiguredSchemeName(appFolder);
   GameState s;
-  s.AppFolder = appFolder;
+  s.session.AppFolder = appFolder;
   SilentUserInterface ui;
   ReadcfgFile(s, ui);
   // Both readers take the scheme the same way, and a damaged file was
   // replaced by one that names the scheme now in use.
-  if (configured != s.ColorSchemeName) std::abort();
-  if (ConfiguredSchemeName(appFolder) != s.ColorSchemeName) std::abort();
+  if (configured != s.look.ColorSchemeName) std::abort();
+  if (ConfiguredSchemeName(appFolder) != s.look.ColorSchemeName) std::abort();
   if (!SavecfgFile(s, ui)) std::abort();
   GameState again;
-  again.AppFolder = appFolder;
+  again.session.AppFolder = appFolder;
   ReadcfgFile(again, ui);
   return 0;
 }

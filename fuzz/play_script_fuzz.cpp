@@ -80,12 +80,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   if (!out || home < 0 || !script || ::chdir(folder.path().c_str()) != 0) std::abort();
 
   GameState state;
-  state.rng = Random::Seeded(size);
+  state.session.rng = Random::Seeded(size);
   cli::ScriptUserInterface ui(out);
   // As `velmora-cli play FILE 1` starts a session.
   const cli::Subcommand play{"play", "play FILE N", "", 0, nullptr};
   if (cli::LoadRecordArgs(play, {file, "1"}, state, ui) != 0) std::abort();
-  state.CurrentPuzzleFile = file;
+  state.session.CurrentPuzzleFile = file;
   cli::PlaySession session{state, ui, out, file};
   cli::RunPlayScript(session, script);
 

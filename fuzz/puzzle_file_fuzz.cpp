@@ -15,15 +15,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   GameState state;
   SilentUserInterface ui;
   for (int n = 0; n <= 3 && n <= count + 1; ++n) {
-    std::string title;
-    if (LoadPuzzle(state, ui, path, n, title, 1) == 0) {
-      (void)PuzzleRecordText(state, n, title);
-      for (int r = 1; r <= LoopRows(state); ++r)
-        for (int c = 1; c <= LoopCols(state); ++c) (void)OptionText(state.CellOptions[r][c]);
-      (void)CountBlanks(state);
+    if (LoadPuzzle(state, ui, path, n)) {
+      (void)PuzzleRecordText(state.puzzle, n, state.view.PuzTitle);
+      for (int r = 1; r <= LoopRows(state.puzzle); ++r)
+        for (int c = 1; c <= LoopCols(state.puzzle); ++c) (void)OptionText(state.puzzle.CellOptions[r][c]);
+      (void)CountBlanks(state.puzzle);
     }
     // A failed load may leave a damaged board; the option update must still be safe.
-    (void)UpdateOptions(state, 1);
+    (void)UpdateOptions(state.puzzle, state.view.Remain);
   }
   return 0;
 }

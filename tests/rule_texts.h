@@ -11,16 +11,18 @@ namespace velmora::test {
 
 // Rank (0..13) of a cell through CardCodes; 0 outside the board or the grid.
 inline int CellRank(const GameState& s, int row, int col) {
-  if (row < 1 || row > s.Rows || col < 1 || col > s.Cols || row > kMaxIndex || col > kMaxIndex) return 0;
-  const int v = s.Grid[row][col];
-  return CardCodeTable::InRange(v) ? s.CardCodes.Rank(v) : 0;
+  if (row < 1 || row > s.puzzle.Rows || col < 1 || col > s.puzzle.Cols || row > kMaxIndex || col > kMaxIndex)
+    return 0;
+  const int v = s.puzzle.Grid[row][col];
+  return CardCodeTable::InRange(v) ? s.puzzle.CardCodes.Rank(v) : 0;
 }
 
 // Suit letter of a cell ("X" for an empty cell); "" outside the board.
 inline std::string CellSuit(const GameState& s, int row, int col) {
-  if (row < 1 || row > s.Rows || col < 1 || col > s.Cols || row > kMaxIndex || col > kMaxIndex) return "";
-  const int v = s.Grid[row][col];
-  return CardCodeTable::InRange(v) ? std::string(1, s.CardCodes.SuitLetter(v)) : "";
+  if (row < 1 || row > s.puzzle.Rows || col < 1 || col > s.puzzle.Cols || row > kMaxIndex || col > kMaxIndex)
+    return "";
+  const int v = s.puzzle.Grid[row][col];
+  return CardCodeTable::InRange(v) ? std::string(1, s.puzzle.CardCodes.SuitLetter(v)) : "";
 }
 
 // The ranks a cell may not take, as " 5," entries: each neighbour's rank and
@@ -36,10 +38,10 @@ inline std::string ExcludedRanks(const GameState& s, int row, int col) {
     entry(r + 1 > 13 ? 1 : r + 1);
     entry(r == 1 ? 13 : r - 1);
   }
-  for (int i = 1; i <= s.Rows; ++i) {
+  for (int i = 1; i <= s.puzzle.Rows; ++i) {
     if (i != row && CellRank(s, i, col) > 0) entry(CellRank(s, i, col));
   }
-  for (int j = 1; j <= s.Cols; ++j) {
+  for (int j = 1; j <= s.puzzle.Cols; ++j) {
     if (j != col && CellRank(s, row, j) > 0) entry(CellRank(s, row, j));
   }
   return text;

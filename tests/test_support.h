@@ -116,8 +116,7 @@ inline std::string SolvableFile() { return std::string(VELMORA_TEST_DATA_DIR) + 
 inline GameState Loaded(const std::string& file, int n = 1) {
   GameState s;
   SilentUserInterface ui;
-  std::string title;
-  EXPECT_EQ(LoadPuzzle(s, ui, file, n, title, 0), 0) << file << " " << n;
+  EXPECT_TRUE(LoadPuzzle(s, ui, file, n, Draw::kNo)) << file << " " << n;
   return s;
 }
 

@@ -13,7 +13,7 @@ bool cmdexit(GameState& s, UserInterface& ui) {
 
 void cmdcancel(GameState& s, UserInterface& ui) {
   if (s.view.NewLab == kCancelingText) return;
-  s.CancelRequest = 1;
+  s.session.CancelRequest = 1;
   s.view.NewLab = kCancelingText;
   ui.ControlsChanged();
   ui.Yield();

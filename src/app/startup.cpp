@@ -16,30 +16,28 @@ std::string FolderWithSlash(const std::string& folder) {
 
 void StartUp(GameState& s, UserInterface& ui, const std::string& appFolder,
              const std::function<void()>& setCol) {
-  s.Solving = 0;
-  BuildCardCodes(s.CardCodes);
-  s.Scheme = DefaultSchemeColors();
-  s.AppFolder = FolderWithSlash(appFolder);
-  if (s.ShippedFolder.empty()) s.ShippedFolder = s.AppFolder;
-  s.Rows = s.Cols = 7;
-  CalcCellPos(s);
+  s.session.Solving = 0;
+  BuildCardCodes(s.puzzle.CardCodes);
+  s.look.Scheme = DefaultSchemeColors();
+  s.session.AppFolder = FolderWithSlash(appFolder);
+  if (s.session.ShippedFolder.empty()) s.session.ShippedFolder = s.session.AppFolder;
+  s.puzzle.Rows = s.puzzle.Cols = 7;
 
   ReadcfgFile(s, ui);
-  ReadColorScheme(s, ui, s.ColorSchemeName);
+  ReadColorScheme(s, ui, s.look.ColorSchemeName);
   if (setCol) setCol();
 
   // A file that is missing, empty or unreadable gives way to the default one.
-  if (FileLength(s.CurrentPuzzleFile) <= 0) s.CurrentPuzzleFile = s.AppFolder + kDefaultPuzzleFile;
-  s.PuzzleCount = CountPuzzles(s.CurrentPuzzleFile);
-  std::string title;
-  const int notFound = LoadPuzzle(s, ui, s.CurrentPuzzleFile, s.CurrentPuzzleNumber, title, 1);
+  if (FileLength(s.session.CurrentPuzzleFile) <= 0)
+    s.session.CurrentPuzzleFile = s.session.AppFolder + kDefaultPuzzleFile;
+  s.session.PuzzleCount = CountPuzzles(s.session.CurrentPuzzleFile);
+  const bool loaded = LoadPuzzle(s, ui, s.session.CurrentPuzzleFile, s.session.CurrentPuzzleNumber);
   ui.SetBusy(false);
-  if (notFound == 0) return;
+  if (loaded) return;
 
-  s.Rows = s.Cols = 7;
-  CalcCellPos(s);
-  s.CurrentPuzzleFile.clear();
-  s.CurrentPuzzleNumber = 0;
+  s.puzzle.Rows = s.puzzle.Cols = 7;
+  s.session.CurrentPuzzleFile.clear();
+  s.session.CurrentPuzzleNumber = 0;
   s.view.PuzNumNow.clear();
   ui.ControlsChanged();
   ui.DrawBoard();

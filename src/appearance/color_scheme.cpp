@@ -82,21 +82,21 @@ SchemeColors EffectiveColors(const SchemeColors& scheme, const std::string& name
 }
 
 bool ReadColorScheme(GameState& s, UserInterface& ui, const std::string& name) {
-  LineReader reader(s.AppFolder + kSchemeFileName, kMaxSchemeFileBytes);
+  LineReader reader(s.session.AppFolder + kSchemeFileName, kMaxSchemeFileBytes);
   std::string line;
   bool found = false;
   while (!found && reader.ReadLine(line)) found = line == name;
   for (int i = 0; found && i < kSchemeLines; ++i) {
     uint32_t color = 0;
     found = reader.ReadLine(line) && ParseColorLine(line, color);
-    if (found) s.Scheme[i] = color;
+    if (found) s.look.Scheme[i] = color;
   }
   if (!found) {
     ui.ShowMessage("Color Scheme: " + name + " not found");
-    s.ColorSchemeName = kDefaultSchemeName;
+    s.look.ColorSchemeName = kDefaultSchemeName;
     return false;
   }
-  s.Scheme[kSchemeTitleCopy] = s.Scheme[kSchemeTitleBox];
+  s.look.Scheme[kSchemeTitleCopy] = s.look.Scheme[kSchemeTitleBox];
   return true;
 }
 

@@ -11,8 +11,8 @@
 namespace velmora {
 namespace {
 
-std::string SchemeFile(const GameState& s) { return s.AppFolder + kSchemeFileName; }
-std::string WorkFile(const GameState& s) { return s.AppFolder + kSchemeWorkFileName; }
+std::string SchemeFile(const GameState& s) { return s.session.AppFolder + kSchemeFileName; }
+std::string WorkFile(const GameState& s) { return s.session.AppFolder + kSchemeWorkFileName; }
 
 // The file's path on a line of its own says which file failed.
 std::string FileError(const char* text, const GameState& s) {
@@ -55,7 +55,7 @@ bool AddSch(GameState& s, UserInterface& ui, SchemeListBox& list) {
     ui.ShowMessage("Color Scheme: " + name + " not added: a name cannot hold \".col\"");
     return false;
   }
-  if (!AppendScheme(SchemeFile(s), name, s.Scheme)) {
+  if (!AppendScheme(SchemeFile(s), name, s.look.Scheme)) {
     ui.ShowMessage(FileError("Error in adding Color Scheme:", s));
     return false;
   }
@@ -71,7 +71,8 @@ bool RepSch(GameState& s, UserInterface& ui, const SchemeListBox& list) {
   }
   const std::string& name = list.Selected();
   if (!ui.AskYesNo("Replace color scheme: " + name)) return false;
-  if (!Edited(ui, name, s, ReplaceScheme(SchemeFile(s), WorkFile(s), name + ".col", s.Scheme))) return false;
+  if (!Edited(ui, name, s, ReplaceScheme(SchemeFile(s), WorkFile(s), name + ".col", s.look.Scheme)))
+    return false;
   ui.ShowMessage("Color Scheme: " + name + " replaced");
   return true;
 }
@@ -83,7 +84,7 @@ bool DelSch(GameState& s, UserInterface& ui, SchemeListBox& list) {
   }
   const std::string name = list.Selected();
   if (!ui.AskYesNo("Delete color scheme: " + name)) return false;
-  if (name + ".col" == s.ColorSchemeName) {
+  if (name + ".col" == s.look.ColorSchemeName) {
     ui.ShowMessage("Cannot delete currently active Color Scheme");
     return false;
   }
@@ -94,7 +95,7 @@ bool DelSch(GameState& s, UserInterface& ui, SchemeListBox& list) {
 }
 
 void ApplyChosenScheme(GameState& s, const SchemeListBox& list) {
-  if (list.HasSelection()) s.ColorSchemeName = list.Selected() + ".col";
+  if (list.HasSelection()) s.look.ColorSchemeName = list.Selected() + ".col";
 }
 
 int ButtonContrast(const SchemeColors& colors) {

@@ -19,15 +19,15 @@ float Mid(int corner) { return static_cast<float>(corner) + kCellSize / 2.0f; }
 
 // A mouse release in the middle of the cell: the very path a click takes.
 void ClickCell(GameState& s, UserInterface& ui, int button, int row, int col) {
-  Picture1MouseUp(s, ui, button, Mid(s.CellX[row][col]), Mid(s.CellY[row][col]));
+  Picture1MouseUp(s, ui, button, Mid(CellX(col)), Mid(CellY(row)));
 }
 
 // Chooses `text` in its suit panel as a click there would; false when no
 // panel lists it.
 bool Choose(GameState& s, UserInterface& ui, const std::string& text) {
-  for (size_t list = 0; list < s.Remain.size(); ++list) {
-    for (size_t i = 0; i < s.Remain[list].size(); ++i) {
-      if (s.Remain[list][i] != text) continue;
+  for (size_t list = 0; list < s.view.Remain.size(); ++list) {
+    for (size_t i = 0; i < s.view.Remain[list].size(); ++i) {
+      if (s.view.Remain[list][i] != text) continue;
       RemainClick(s, ui, static_cast<int>(list), static_cast<int>(i));
       return true;
     }
@@ -36,7 +36,7 @@ bool Choose(GameState& s, UserInterface& ui, const std::string& text) {
 }
 
 bool OnBoard(const GameState& s, int row, int col) {
-  return row >= 1 && row <= LoopRows(s) && col >= 1 && col <= LoopCols(s);
+  return row >= 1 && row <= LoopRows(s.puzzle) && col >= 1 && col <= LoopCols(s.puzzle);
 }
 
 void TakeStep(GameState& s, UserInterface& ui, const Hint& hint) {
@@ -50,47 +50,47 @@ void TakeStep(GameState& s, UserInterface& ui, const Hint& hint) {
 }  // namespace
 
 void mnuhint(GameState& s, UserInterface& ui) {
-  if (RefusedWhileSolving(s, ui)) return;
-  const Hint hint = FindHint(s);
-  PlayAids& a = s.aids;
+  if (RefusedWhileSolving(s.session, ui)) return;
+  const Hint hint = FindHint(s.puzzle);
+  PlayAids& a = s.session.aids;
   // hintKind 0 (none shown) matches no hint.
   const bool again = a.hintKind == hint.kind && a.hintRow == hint.row && a.hintCol == hint.col &&
-                     a.hintCard == hint.card && a.gridAtHint == s.Grid;
+                     a.hintCard == hint.card && a.gridAtHint == s.puzzle.Grid;
   if (again) {
-    EndHint(s);
+    EndHint(s.session.aids, s.view);
     TakeStep(s, ui, hint);
   } else {
     a.hintKind = hint.kind;
     a.hintRow = hint.row, a.hintCol = hint.col, a.hintCard = hint.card;
-    a.gridAtHint = s.Grid;
+    a.gridAtHint = s.puzzle.Grid;
     s.view.pb = HintText(hint);
   }
   ui.ControlsChanged();
 }
 
 void mnuredo(GameState& s, UserInterface& ui) {
-  if (RefusedWhileSolving(s, ui)) return;
+  if (RefusedWhileSolving(s.session, ui)) return;
   RedoLast(s, ui);
 }
 
 void MoveCursor(GameState& s, UserInterface& ui, int rows, int cols) {
-  if (s.Solving == 1 || LoopRows(s) < 1 || LoopCols(s) < 1) return;
-  PlayAids& a = s.aids;
+  if (s.session.Solving == 1 || LoopRows(s.puzzle) < 1 || LoopCols(s.puzzle) < 1) return;
+  PlayAids& a = s.session.aids;
   if (!OnBoard(s, a.cursorRow, a.cursorCol)) {
     a.cursorRow = a.cursorCol = 1;
   } else {
-    a.cursorRow = std::min(std::max(a.cursorRow + rows, 1), LoopRows(s));
-    a.cursorCol = std::min(std::max(a.cursorCol + cols, 1), LoopCols(s));
+    a.cursorRow = std::min(std::max(a.cursorRow + rows, 1), LoopRows(s.puzzle));
+    a.cursorCol = std::min(std::max(a.cursorCol + cols, 1), LoopCols(s.puzzle));
   }
   a.pendingRank = 0;
   const int row = a.cursorRow, col = a.cursorCol;
-  Picture1MouseMove(s, ui, Mid(s.CellX[row][col]), Mid(s.CellY[row][col]));
+  Picture1MouseMove(s, ui, Mid(CellX(col)), Mid(CellY(row)));
   ui.ControlsChanged();
 }
 
 void TypeLetter(GameState& s, UserInterface& ui, char letter) {
-  if (s.Solving == 1) return;
-  PlayAids& a = s.aids;
+  if (s.session.Solving == 1) return;
+  PlayAids& a = s.session.aids;
   const char c = static_cast<char>(std::toupper(static_cast<unsigned char>(letter)));
   const std::string ranks = "123456789TJQK", suits = "SHDC";
   if (ranks.find(c) != std::string::npos) {
@@ -106,9 +106,9 @@ void TypeLetter(GameState& s, UserInterface& ui, char letter) {
 }
 
 void ClearAtCursor(GameState& s, UserInterface& ui) {
-  if (s.Solving == 1 || !OnBoard(s, s.aids.cursorRow, s.aids.cursorCol)) return;
-  s.aids.pendingRank = 0;
-  ClickCell(s, ui, kRightButton, s.aids.cursorRow, s.aids.cursorCol);
+  if (s.session.Solving == 1 || !OnBoard(s, s.session.aids.cursorRow, s.session.aids.cursorCol)) return;
+  s.session.aids.pendingRank = 0;
+  ClickCell(s, ui, kRightButton, s.session.aids.cursorRow, s.session.aids.cursorCol);
 }
 
 }  // namespace velmora

@@ -1,19 +1,23 @@
-// Board geometry in twips: cell numbers, cell and text positions, hit testing.
+// The board's layout in twips: where each cell and its text go, hit testing.
 #pragma once
 
-#include "model/game_state.h"
+#include "model/puzzle.h"
 
 namespace velmora {
 
 inline constexpr int kCellSize = 810;
 inline constexpr int kBoardMargin = 30;
 
-// Fills CellNumber, CellRow, CellCol, CellX, CellY, TextX, TextY for the
-// current Rows x Cols. Clearing the picture is the window's part.
-void CalcCellPos(GameState& s);
+// A cell's place follows from its row and column alone, so the layout is
+// right for whatever size the puzzle has now: nothing to recompute.
+inline constexpr int CellX(int col) { return (col - 1) * kCellSize + kBoardMargin; }
+inline constexpr int CellY(int row) { return (row - 1) * kCellSize + kBoardMargin; }
+// Where the cell's text is placed from.
+inline constexpr int TextX(int col) { return CellX(col) + 250; }
+inline constexpr int TextY(int row) { return CellY(row) + 150; }
 
 // The first cell (rows outer) whose square, borders included, holds (x, y);
 // row and col are left unchanged when there is none.
-void FindCell(const GameState& s, float x, float y, int& row, int& col);
+void FindCell(const Puzzle& p, float x, float y, int& row, int& col);
 
 }  // namespace velmora

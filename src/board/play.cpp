@@ -12,55 +12,56 @@ namespace {
 
 // A left click with a card chosen. Every refusal is silent.
 void PlaceSelectedCard(GameState& s, UserInterface& ui, int row, int col) {
-  const int card = FindCardIndex(s.SelectedCard);
+  const int card = FindCardIndex(s.session.SelectedCard);
   if (card == -1) return;
-  if (s.PuzzleGrid[row][col] >= 1) return;  // a given card; a given mark does not block
-  const std::string suit = s.SelectedCard.substr(s.SelectedCard.size() - 1);
-  const int current = s.Grid[row][col];
-  if (current == 0 && !ContainsNoCase(OptionText(s.CellOptionsSaved[row][col]), suit)) return;
-  if (s.CardCodes.Rank(card) == 0) return;
+  if (s.puzzle.PuzzleGrid[row][col] >= 1) return;  // a given card; a given mark does not block
+  const std::string suit = s.session.SelectedCard.substr(s.session.SelectedCard.size() - 1);
+  const int current = s.puzzle.Grid[row][col];
+  if (current == 0 && !ContainsNoCase(OptionText(s.puzzle.CellOptionsSaved[row][col]), suit)) return;
+  if (s.puzzle.CardCodes.Rank(card) == 0) return;
   if (current > 0) {
     // A card is exchanged only for one of its own suit; the removal is an
     // undo entry of its own.
-    if (!CardCodeTable::InRange(current) || std::string(1, s.CardCodes.SuitLetter(current)) != suit) return;
-    PushUndo(s, row, col);
-    s.Grid[row][col] = 0;
-    UpdateOptions(s, 1);
-    s.SelectedCard.clear();
+    if (!CardCodeTable::InRange(current) || std::string(1, s.puzzle.CardCodes.SuitLetter(current)) != suit)
+      return;
+    PushUndo(s.puzzle, s.session, s.view, row, col);
+    s.puzzle.Grid[row][col] = 0;
+    UpdateOptions(s.puzzle, s.view.Remain);
+    s.session.SelectedCard.clear();
   }
-  PushUndo(s, row, col);
-  s.Grid[row][col] = card;
-  UpdateOptions(s, 1);
-  ui.DrawCell(s.CardCodes.Rank(card), std::string(1, s.CardCodes.SuitLetter(card)), row, col);
-  s.SelectedCard.clear();
+  PushUndo(s.puzzle, s.session, s.view, row, col);
+  s.puzzle.Grid[row][col] = card;
+  UpdateOptions(s.puzzle, s.view.Remain);
+  ui.DrawCell(s.puzzle.CardCodes.Rank(card), std::string(1, s.puzzle.CardCodes.SuitLetter(card)), row, col);
+  s.session.SelectedCard.clear();
   ui.ControlsChanged();
-  if (CheckBoard(s).status == kCheckDone) ui.ShowMessage("Done");
+  if (CheckBoard(s.puzzle).status == kCheckDone) ui.ShowMessage("Done");
 }
 
 // The status text of a cell, or empty for a value that has no code.
-std::string CellStatus(const GameState& s, int row, int col) {
-  const int v = s.Grid[row][col];
+std::string CellStatus(const Puzzle& p, int row, int col) {
+  const int v = p.Grid[row][col];
   std::string detail;
   if (v == 0) {
-    detail = " Options=" + OptionText(s.CellOptionsSaved[row][col]);
+    detail = " Options=" + OptionText(p.CellOptionsSaved[row][col]);
   } else {
     if (!CardCodeTable::InRange(v)) return "";
-    detail = s.PuzzleGrid[row][col] != 0 ? " Fixed=" : " Card=";
-    detail += RankLetter(s.CardCodes.Rank(v));
-    detail += s.CardCodes.SuitLetter(v);
+    detail = p.PuzzleGrid[row][col] != 0 ? " Fixed=" : " Card=";
+    detail += RankLetter(p.CardCodes.Rank(v));
+    detail += p.CardCodes.SuitLetter(v);
   }
-  return " Cell" + Str(s.CellNumber[row][col]) + "," + detail;
+  return " Cell" + Str(p.CellNumber(row, col)) + "," + detail;
 }
 
 }  // namespace
 
 void Picture1MouseUp(GameState& s, UserInterface& ui, int button, float x, float y) {
-  if (s.Solving == 1) {
-    if (ui.AskYesNo("Cancel Solution?")) s.CancelRequest = 1;
+  if (s.session.Solving == 1) {
+    if (ui.AskYesNo("Cancel Solution?")) s.session.CancelRequest = 1;
     return;
   }
   int row = 0, col = 0;
-  FindCell(s, x, y, row, col);
+  FindCell(s.puzzle, x, y, row, col);
   s.view.Label3 = NumText(row);
   s.view.Label4 = NumText(col);
   ui.ControlsChanged();
@@ -68,33 +69,33 @@ void Picture1MouseUp(GameState& s, UserInterface& ui, int button, float x, float
 
   if (button == kRightButton) {
     // No test of the givens: a right click empties any cell.
-    if (s.Grid[row][col] == 0) return;
-    PushUndo(s, row, col);
-    s.Grid[row][col] = 0;
-    s.SelectedCard.clear();
-    UpdateOptions(s, 1);
+    if (s.puzzle.Grid[row][col] == 0) return;
+    PushUndo(s.puzzle, s.session, s.view, row, col);
+    s.puzzle.Grid[row][col] = 0;
+    s.session.SelectedCard.clear();
+    UpdateOptions(s.puzzle, s.view.Remain);
     ui.DrawCell(-1, "", row, col);
     ui.ControlsChanged();
-  } else if (button == kLeftButton && !s.SelectedCard.empty()) {
+  } else if (button == kLeftButton && !s.session.SelectedCard.empty()) {
     PlaceSelectedCard(s, ui, row, col);
   }
 }
 
 void Picture1MouseMove(GameState& s, UserInterface& ui, float x, float y) {
-  if (s.Solving == 1) return;
+  if (s.session.Solving == 1) return;
   int row = 0, col = 0;
-  FindCell(s, x, y, row, col);
-  const std::string text = row == 0 && col == 0 ? std::string() : CellStatus(s, row, col);
+  FindCell(s.puzzle, x, y, row, col);
+  const std::string text = row == 0 && col == 0 ? std::string() : CellStatus(s.puzzle, row, col);
   if (text == s.view.pb) return;
   s.view.pb = text;
   ui.ControlsChanged();
 }
 
 void RemainClick(GameState& s, UserInterface& ui, int list, int index) {
-  if (list < 0 || list >= static_cast<int>(s.Remain.size())) return;
-  const auto& items = s.Remain[static_cast<size_t>(list)];
+  if (list < 0 || list >= static_cast<int>(s.view.Remain.size())) return;
+  const auto& items = s.view.Remain[static_cast<size_t>(list)];
   if (index < 0 || index >= static_cast<int>(items.size())) return;
-  s.SelectedCard = items[static_cast<size_t>(index)];
+  s.session.SelectedCard = items[static_cast<size_t>(index)];
   ui.ControlsChanged();
 }
 

@@ -1,7 +1,6 @@
 // Making many puzzles on one thread, two deals in turn.
 #include <optional>
 
-#include "board/geometry.h"
 #include "creation/generator.h"
 #include "creation/puzzle_maker.h"
 
@@ -12,23 +11,21 @@ using maker::PuzzleMaker;
 using Phase = PuzzleMaker::Phase;
 
 struct Slot {
-  GameState state;
+  Puzzle puzzle;
+  Session session;
   std::optional<PuzzleMaker> maker;
   uint64_t id = 0;
   Phase phase = Phase::kMade;
   bool busy = false;
 
-  Slot() {
-    state.Rows = state.Cols = maker::kSize;
-    CalcCellPos(state);
-  }
+  Slot() { puzzle.Rows = puzzle.Cols = maker::kSize; }
 
   // Takes the next job, if any, and starts its first deal.
   void Start(PuzzleJobs& jobs, UserInterface& ui) {
     int level = kLevelRandom;
-    busy = jobs.Next(id, state.rng, level);
+    busy = jobs.Next(id, session.rng, level);
     if (!busy) return;
-    maker.emplace(state, ui, level);
+    maker.emplace(puzzle, session, ui, level);
     phase = maker->Begin();
   }
 
@@ -36,7 +33,7 @@ struct Slot {
   void Settle(PuzzleJobs& jobs, UserInterface& ui) {
     // Nothing sets CancelRequest in a batch, so a puzzle that ends is made.
     if (!busy || phase == Phase::kDealing) return;
-    jobs.Made(id, state, maker->level());
+    jobs.Made(id, puzzle, maker->level());
     Start(jobs, ui);
   }
 };

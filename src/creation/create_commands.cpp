@@ -5,7 +5,6 @@
 #include <array>
 #include <vector>
 
-#include "board/geometry.h"
 #include "creation/transform.h"
 #include "files/file_commands.h"
 #include "files/puzzle_file.h"
@@ -17,68 +16,44 @@ namespace {
 
 constexpr const char* kAppendError = "Error apending puzzle to file: ";
 
-// The puzzle part of the state. The generator and the transformation work in
-// the grids themselves; when the puzzle shown before cannot be read back,
-// this puts it back so that the board and the state still agree.
+// The puzzle shown, with its suit panels. The generator and the
+// transformation work in the grids themselves; when the puzzle shown before
+// cannot be read back, this puts it back so that the board and the state
+// still agree.
 struct ShownPuzzle {
-  explicit ShownPuzzle(const GameState& s)
-      : Rows(s.Rows),
-        Cols(s.Cols),
-        Grid(s.Grid),
-        PuzzleGrid(s.PuzzleGrid),
-        SolutionGrid(s.SolutionGrid),
-        CellOptions(s.CellOptions),
-        CellOptionsSaved(s.CellOptionsSaved),
-        CardCodes(s.CardCodes),
-        AvailableCards(s.AvailableCards),
-        Remain(s.Remain) {}
+  explicit ShownPuzzle(const GameState& s) : puzzle(s.puzzle), remain(s.view.Remain) {}
 
   void Restore(GameState& s, UserInterface& ui) const {
-    s.Rows = Rows;
-    s.Cols = Cols;
-    s.Grid = Grid;
-    s.PuzzleGrid = PuzzleGrid;
-    s.SolutionGrid = SolutionGrid;
-    s.CellOptions = CellOptions;
-    s.CellOptionsSaved = CellOptionsSaved;
-    s.CardCodes = CardCodes;
-    s.AvailableCards = AvailableCards;
-    s.Remain = Remain;
-    CalcCellPos(s);
+    s.puzzle = puzzle;
+    s.view.Remain = remain;
     ui.DrawBoard();
     ui.ControlsChanged();
   }
 
-  int Rows, Cols;
-  Board<int32_t> Grid, PuzzleGrid, SolutionGrid;
-  Board<CardSet> CellOptions, CellOptionsSaved;
-  CardCodeTable CardCodes;
-  CardSet AvailableCards;
-  std::array<std::vector<std::string>, 4> Remain;
+  Puzzle puzzle;
+  RemainLists remain;
 };
 
 // Shows puzzle `number` of `file` again, or, when it cannot be read (no
 // puzzle was shown, or the file changed under us), the grids as they were.
 void ShowAgain(GameState& s, UserInterface& ui, const std::string& file, int number,
                const ShownPuzzle& before) {
-  std::string title;
-  if (LoadPuzzle(s, ui, file, number, title, 1) != 0) before.Restore(s, ui);
+  if (!LoadPuzzle(s, ui, file, number)) before.Restore(s, ui);
 }
 
 // The end of One Puzzle and of "Display only": the new puzzle goes to the end
 // of the temporary puzzle file, which becomes the current file, and is shown.
 void ShowNewPuzzle(GameState& s, UserInterface& ui, int level, const ShownPuzzle& before) {
   const std::string title = AutomaticTitle(level, LocalTimeNow());
-  const std::string previousFile = s.CurrentPuzzleFile;
-  const std::string file = s.AppFolder + kTemporaryPuzzleFile;
-  const int n = AppendPuzzleRecord(s, file, title);
+  const std::string previousFile = s.session.CurrentPuzzleFile;
+  const std::string file = s.session.AppFolder + kTemporaryPuzzleFile;
+  const int n = AppendPuzzleRecord(s.puzzle, file, title);
   const bool written = n > 0;
   if (written) {
-    s.CurrentPuzzleFile = file;
-    std::string loadedTitle;
-    LoadPuzzle(s, ui, file, n, loadedTitle, 1);
+    s.session.CurrentPuzzleFile = file;
+    LoadPuzzle(s, ui, file, n);
   } else {
-    ShowAgain(s, ui, previousFile, s.CurrentPuzzleNumber, before);
+    ShowAgain(s, ui, previousFile, s.session.CurrentPuzzleNumber, before);
   }
   s.view.Frame1Visible = false;
   s.view.pb.clear();
@@ -87,8 +62,8 @@ void ShowNewPuzzle(GameState& s, UserInterface& ui, int level, const ShownPuzzle
   ui.ShowMessage(written ? "Done - " + std::string(LevelName(level)) : kAppendError + file);
 }
 
-void ClearCellOptions(GameState& s) {
-  for (auto& row : s.CellOptions) row.fill(0);
+void ClearCellOptions(Puzzle& p) {
+  for (auto& row : p.CellOptions) row.fill(0);
 }
 
 // Text1 as a whole number of puzzles; not a number (or far too big) is 0.
@@ -108,20 +83,19 @@ int MakeBatch(GameState& s, UserInterface& ui, const Form3Values& form, int chos
   for (int i = 1; i <= n; ++i) {
     ui.SetBusy(true);
     ui.Yield();
-    if (s.CancelRequest == 1) break;
+    if (s.session.CancelRequest == 1) break;
     const std::string ofN = Str(i) + " of" + Str(n);
     s.view.Caption = "New" + ofN;
     s.view.pb = " New" + ofN;
     s.view.NewLab = "Creating Puzzle" + ofN + kNewLine + "Output File: " + outFile;
     ui.ControlsChanged();
-    s.Cols = s.Rows;
-    CalcCellPos(s);
+    s.puzzle.Cols = s.puzzle.Rows;
     int level = chosen;
     // A puzzle cut short by Cancel is written as it stands and counted; the
     // loop ends at the next check.
-    CreatePuzzle(s, ui, level);
+    CreatePuzzle(s.puzzle, s.session, ui, level);
     const std::string title = ownTitle ? form.Text4 : AutomaticTitle(level, LocalTimeNow());
-    if (!WritePuzzleRecord(s, outFile, base + i, title)) {
+    if (!WritePuzzleRecord(s.puzzle, outFile, base + i, title)) {
       ui.ShowMessage(kAppendError + outFile);
       break;
     }
@@ -133,23 +107,23 @@ int MakeBatch(GameState& s, UserInterface& ui, const Form3Values& form, int chos
 }  // namespace
 
 void mnunewrandpuzx(GameState& s, UserInterface& ui) {
-  if (RefusedWhileSolving(s, ui)) return;
+  if (RefusedWhileSolving(s.session, ui)) return;
   const ShownPuzzle before(s);
   ui.SetBusy(true);
   int level = kLevelRandom;
   do {
-    ClearCellOptions(s);
+    ClearCellOptions(s.puzzle);
     s.view.NewLab = "Creating New Puzzle...";
     s.view.pb = " This may take a bit of time...";
     s.view.Frame1Visible = true;
     ui.ControlsChanged();
     level = kLevelRandom;
-  } while (CreatePuzzle(s, ui, level) == 1);
+  } while (CreatePuzzle(s.puzzle, s.session, ui, level) == 1);
   ShowNewPuzzle(s, ui, level, before);
 }
 
 void mnumultipuzx(GameState& s, UserInterface& ui, const Form3Values& form) {
-  if (RefusedWhileSolving(s, ui)) return;
+  if (RefusedWhileSolving(s.session, ui)) return;
   if (form.result != "Y") return;
   if (!form.Check1 && !IsTitleLine(form.Text4)) {
     ui.ShowMessage(kTitleRefusedText);
@@ -158,7 +132,7 @@ void mnumultipuzx(GameState& s, UserInterface& ui, const Form3Values& form) {
   const ShownPuzzle before(s);
   ui.SetBusy(true);
   s.view.Frame1Visible = true;
-  s.CancelRequest = 0;
+  s.session.CancelRequest = 0;
   // A " Canceling..." left from the batch before would make Cancel ignore
   // a press before the first puzzle's label is up.
   s.view.NewLab.clear();
@@ -170,16 +144,16 @@ void mnumultipuzx(GameState& s, UserInterface& ui, const Form3Values& form) {
     ui.ControlsChanged();
     // Made once: a cancel here shows whatever the generator left.
     int level = chosen;
-    CreatePuzzle(s, ui, level);
+    CreatePuzzle(s.puzzle, s.session, ui, level);
     ShowNewPuzzle(s, ui, level, before);
     return;
   }
 
-  const int remembered = s.CurrentPuzzleNumber;
+  const int remembered = s.session.CurrentPuzzleNumber;
   const int made = MakeBatch(s, ui, form, chosen);
 
-  ShowAgain(s, ui, s.CurrentPuzzleFile, remembered, before);
-  s.CancelRequest = 0;
+  ShowAgain(s, ui, s.session.CurrentPuzzleFile, remembered, before);
+  s.session.CancelRequest = 0;
   s.view.Frame1Visible = false;
   s.view.pb = " Done";
   ui.ControlsChanged();
@@ -188,11 +162,11 @@ void mnumultipuzx(GameState& s, UserInterface& ui, const Form3Values& form) {
 }
 
 void cmdmakepuzzles(GameState& s, UserInterface& ui, int level) {
-  if (RefusedWhileSolving(s, ui)) return;
+  if (RefusedWhileSolving(s.session, ui)) return;
   const ShownPuzzle before(s);
   ui.SetBusy(true);
-  MakePuzzlesFromFile(s, ui, s.CurrentPuzzleFile, level);
-  ShowAgain(s, ui, s.CurrentPuzzleFile, s.CurrentPuzzleNumber, before);
+  MakePuzzlesFromFile(s, ui, s.session.CurrentPuzzleFile, level);
+  ShowAgain(s, ui, s.session.CurrentPuzzleFile, s.session.CurrentPuzzleNumber, before);
   ui.SetBusy(false);
 }
 

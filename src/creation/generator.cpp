@@ -26,26 +26,25 @@ void PlainCardCodes(CardCodeTable& codes) {
 }  // namespace
 
 PuzzleMaker::Phase PuzzleMaker::FreshDeal() {
-  PlainCardCodes(s_.CardCodes);
-  s_.CancelRequest = 0;
+  PlainCardCodes(p_.CardCodes);
+  session_.CancelRequest = 0;
   pool_ = kAllCards;  // all 52 items
   for (int r = 1; r <= kSize; ++r)
-    for (int c = 1; c <= kSize; ++c) s_.Grid[r][c] = 0;
+    for (int c = 1; c <= kSize; ++c) p_.Grid[r][c] = 0;
   rowRanks_.fill(0);
   base_.fill(0);  // column 1: nothing to its left, no ranks in its rows
   col_ = 1;
-  grid_ = &s_.Grid[0][col_];
+  grid_ = &p_.Grid[0][col_];
   return BeginAttempt(1);
 }
 
 PuzzleMaker::Phase PuzzleMaker::Cancelled() {
-  s_.List3 = pool_;
-  s_.rng = rng_;
+  session_.rng = rng_;
   return Phase::kCancelled;
 }
 
 PuzzleMaker::Phase PuzzleMaker::BeginAttempt(int attempt) {
-  if (s_.CancelRequest == 1) return Cancelled();
+  if (session_.CancelRequest == 1) return Cancelled();
   if (attempt > kColumnAttempts) return FreshDeal();
   attempt_ = attempt;
   ui_.Yield();
@@ -61,7 +60,7 @@ PuzzleMaker::Phase PuzzleMaker::AttemptFailed() {
     // Nothing fits the bottom cell and nothing was drawn, so every attempt
     // left would fail the same way: only a cancel pressed during this
     // attempt's yield can still end the call.
-    if (s_.CancelRequest == 1) return Cancelled();
+    if (session_.CancelRequest == 1) return Cancelled();
     return FreshDeal();
   }
   return BeginAttempt(attempt_ + 1);
@@ -73,22 +72,22 @@ PuzzleMaker::Phase PuzzleMaker::ColumnDealt() {
     base_[r] = rowRanks_[r] | near_[r];  // for the next column
   }
   if (++col_ > kSize) return BoardDealt();
-  grid_ = &s_.Grid[0][col_];
+  grid_ = &p_.Grid[0][col_];
   return BeginAttempt(1);
 }
 
 PuzzleMaker::Phase PuzzleMaker::BoardDealt() {
-  s_.List3 = pool_;
-  s_.rng = rng_;  // RemoveGivens draws from the state's source
-  s_.SolutionGrid = s_.Grid;
-  RebuildCardCodes(s_);  // the three undealt cards become "00X"
-  ApplyBasePattern(s_);
+  session_.rng = rng_;  // RemoveGivens draws from the session's source
+  p_.SolutionGrid = p_.Grid;
+  RebuildCardCodes(p_);  // the three undealt cards become "00X"
+  ApplyBasePattern(p_);
   // The solver's fill is not kept: the pattern cells stay blank.
-  if (SolveGridTrial(s_, ui_) != 0) return FreshDeal();  // rng_ is still the state's
+  if (SolveGridTrial(p_, session_, ui_) != SolveResult::kFilled)
+    return FreshDeal();  // rng_ is still the session's
   // What the solver run leaves: a full board has no options.
   for (int r = 1; r <= kSize; ++r)
-    for (int c = 1; c <= kSize; ++c) s_.CellOptions[r][c] = 0;
-  RemoveGivens(s_, ui_, level_);
+    for (int c = 1; c <= kSize; ++c) p_.CellOptions[r][c] = 0;
+  RemoveGivens(p_, session_, ui_, level_);
   return Phase::kMade;
 }
 
@@ -96,45 +95,33 @@ PuzzleMaker::Phase PuzzleMaker::BoardDealt() {
 
 namespace {
 
-// Card order and pool order differ by the order of the four suits within a
-// rank; the change is its own inverse.
-CardSet SwapSuitOrder(CardSet set) {
-  set = ((set >> 1) & 0x5555555555555555ULL) | ((set & 0x5555555555555555ULL) << 1);
-  return ((set >> 2) & 0x3333333333333333ULL) | ((set & 0x3333333333333333ULL) << 2);
-}
-
 // Text order of a cell number's leading-blank form: " 1" < " 10" < " 19" < " 2".
 constexpr uint16_t CellTextOrder(int n) {
   return static_cast<uint16_t>(n < 10 ? n * 11 : (n / 10) * 11 + n % 10 + 1);
 }
 
-}  // namespace
+// The removal queue (List6): one item per filled cell, a random key 1..98
+// and the cell number, kept in the ascending text order of the items
+// ("37 12" before "37 5").
+struct RemovalQueue {
+  struct Item {
+    uint8_t key;
+    uint8_t cell;
+    uint16_t order;  // sorts as the item's text does
+  };
+  std::array<Item, kMaxCellNumber> items{};
+  int count = 0;
+  int top = 0;  // items before it have been taken off the list
+};
 
-int PickRandomCard(GameState& s, CardSet excluded) {
-  const int bit = maker::DrawFromPool(s.rng, s.List3, SwapSuitOrder(excluded & kAllCards));
-  return bit < 0 ? 0 : maker::PoolCard(bit);
-}
-
-void ApplyBasePattern(GameState& s) {
-  const int rows = LoopRows(s);
-  for (int r = 1; r <= rows; ++r) {
-    for (const int c : r % 2 == 1 ? std::array<int, 2>{2, 6} : std::array<int, 2>{3, 5}) {
-      if (c > kMaxIndex) continue;
-      s.Grid[r][c] = 0;
-      s.PatternMask[r][c] = 1;
-    }
-  }
-}
-
-void ShuffleFilledCells(GameState& s) {
-  RemovalQueue& q = s.List6;
+void ShuffleFilledCells(const Puzzle& p, Random& rng, RemovalQueue& q) {
   q.count = q.top = 0;
-  const int rows = LoopRows(s), cols = LoopCols(s);
+  const int rows = LoopRows(p), cols = LoopCols(p);
   for (int r = 1; r <= rows; ++r) {
     for (int c = 1; c <= cols; ++c) {
-      if (s.Grid[r][c] <= 0) continue;
-      const int key = s.rng.Pick(98);
-      const int cell = s.CellNumber[r][c];
+      if (p.Grid[r][c] <= 0) continue;
+      const int key = rng.Pick(98);
+      const int cell = p.CellNumber(r, c);
       q.items[q.count++] = {static_cast<uint8_t>(key), static_cast<uint8_t>(cell),
                             static_cast<uint16_t>(key * 128 + CellTextOrder(cell))};
     }
@@ -143,25 +130,37 @@ void ShuffleFilledCells(GameState& s) {
             [](const RemovalQueue::Item& a, const RemovalQueue::Item& b) { return a.order < b.order; });
 }
 
-bool RemoveGivens(GameState& s, UserInterface& ui, int& difficulty) {
-  if (difficulty == kLevelRandom) difficulty = s.rng.Pick(3) - 1;
+}  // namespace
+
+void ApplyBasePattern(Puzzle& p) {
+  const int rows = LoopRows(p);
+  for (int r = 1; r <= rows; ++r) {
+    for (const int c : r % 2 == 1 ? std::array<int, 2>{2, 6} : std::array<int, 2>{3, 5}) {
+      if (c > kMaxIndex) continue;
+      p.Grid[r][c] = 0;
+    }
+  }
+}
+
+bool RemoveGivens(Puzzle& p, Session& session, UserInterface& ui, int& difficulty) {
+  if (difficulty == kLevelRandom) difficulty = session.rng.Pick(3) - 1;
   const DifficultyLevel* row = FindLevel(difficulty);
   // "Easy", and any value that is no level: the base pattern is the puzzle.
   if (row == nullptr || row->extraBlanks == 0) return true;
   const int limit = row->extraBlanks;
-  ShuffleFilledCells(s);
-  RemovalQueue& q = s.List6;
+  RemovalQueue q;
+  ShuffleFilledCells(p, session.rng, q);
   if (q.count == 0) return false;  // no top item to take
   int removed = 0;
-  BlankTrials trials(s);
+  BlankTrials trials(p, session);
   while (q.top < q.count) {
     const RemovalQueue::Item item = q.items[q.top++];
     ui.Yield();
-    const int row = s.CellRow[item.cell], col = s.CellCol[item.cell];
-    const int given = s.Grid[row][col];
-    s.Grid[row][col] = 0;
-    if (trials.Try(ui, row, col, given) == 1) {
-      s.Grid[row][col] = given;  // without it the board is no longer solvable by deduction
+    const int row = p.CellRow(item.cell), col = p.CellCol(item.cell);
+    const int given = p.Grid[row][col];
+    p.Grid[row][col] = 0;
+    if (trials.Try(ui, row, col, given) == SolveResult::kCellsLeft) {
+      p.Grid[row][col] = given;  // without it the board is no longer solvable by deduction
       continue;
     }
     trials.Keep(row, col, given);
@@ -175,11 +174,10 @@ std::string AutomaticTitle(int level, const std::tm& when) {
   return std::string(LevelName(level)) + " " + DateTimeText(when);
 }
 
-int CreatePuzzle(GameState& s, UserInterface& ui, int& difficulty) {
-  // The cell numbers of a 7x7 board, whatever size the last load left.
-  s.Rows = s.Cols = maker::kSize;
-  CalcCellPos(s);
-  maker::PuzzleMaker maker(s, ui, difficulty);
+int CreatePuzzle(Puzzle& p, Session& session, UserInterface& ui, int& difficulty) {
+  // A 7x7 board, whatever size the last load left.
+  p.Rows = p.Cols = maker::kSize;
+  maker::PuzzleMaker maker(p, session, ui, difficulty);
   auto phase = maker.Begin();
   while (phase == maker::PuzzleMaker::Phase::kDealing) phase = maker.Step();
   if (phase == maker::PuzzleMaker::Phase::kCancelled) return 1;

@@ -6,7 +6,8 @@
 #include <string>
 
 #include "creation/levels.h"
-#include "model/game_state.h"
+#include "model/puzzle.h"
+#include "model/session.h"
 #include "model/user_interface.h"
 
 namespace velmora {
@@ -18,29 +19,21 @@ inline constexpr int kColumnAttempts = 50;
 // and the time ("VHard 15/11/2026 10:03:33").
 std::string AutomaticTitle(int level, const std::tm& when);
 
-// Makes one 7x7 puzzle in the state: Grid holds the givens and blanks,
+// Makes one 7x7 puzzle in `p`: Grid holds the givens and blanks,
 // SolutionGrid the full board, CardCodes marks the three undealt cards
 // "00X". `difficulty` is 0..2, or 3 for a level drawn at random; on return
 // it holds the level made. Returns the failure flag: 0 made, 1 cancelled
 // (CancelRequest seen at the start of a column attempt).
-int CreatePuzzle(GameState& s, UserInterface& ui, int& difficulty);
+int CreatePuzzle(Puzzle& p, Session& session, UserInterface& ui, int& difficulty);
 
-// Deals a card from the pool List3 that is not in `excluded`: one draw picks
-// the k-th fitting pool item in text order; that card leaves the pool and
-// its index is returned. 0, with no draw, when no pooled card fits.
-int PickRandomCard(GameState& s, CardSet excluded);
-
-// Blanks the 14 cells of the base pattern and marks them in PatternMask.
-void ApplyBasePattern(GameState& s);
+// Blanks the 14 cells of the base pattern.
+void ApplyBasePattern(Puzzle& p);
 
 // Blanks further givens in random order while SolveGrid still completes the
 // board, as many as the level's row allows; kLevelRandom draws one of the
 // three and leaves it in `difficulty`. Returns false when there is no
 // filled cell to start from.
-bool RemoveGivens(GameState& s, UserInterface& ui, int& difficulty);
-
-// Fills List6 with one item per filled cell, a random key 1..98 each.
-void ShuffleFilledCells(GameState& s);
+bool RemoveGivens(Puzzle& p, Session& session, UserInterface& ui, int& difficulty);
 
 // The puzzles a batch is to make, and where they go.
 class PuzzleJobs {
@@ -49,8 +42,8 @@ class PuzzleJobs {
   // The next puzzle: an id for Made, its random source and its level (0..3).
   // False when there is none left.
   virtual bool Next(uint64_t& id, Random& rng, int& level) = 0;
-  // A puzzle is made in `s` (Grid, SolutionGrid, CardCodes) at `level`.
-  virtual void Made(uint64_t id, const GameState& s, int level) = 0;
+  // A puzzle is made in `p` (Grid, SolutionGrid, CardCodes) at `level`.
+  virtual void Made(uint64_t id, const Puzzle& p, int level) = 0;
 };
 
 // Makes every puzzle `jobs` hands out on the calling thread, two at a time:

@@ -8,7 +8,8 @@
 #include <array>
 #include <cstdint>
 
-#include "model/game_state.h"
+#include "model/puzzle.h"
+#include "model/session.h"
 #include "model/user_interface.h"
 
 namespace velmora::maker {
@@ -74,7 +75,7 @@ inline int SelectBit(uint64_t x, uint64_t sums, int j) {
   return place + kByteSelect.at[(x >> place) & 0xFF][j - before];
 }
 
-// PickRandomCard on a pool in text order: draws the k-th pooled item that
+// A deal from a pool in text order: draws the k-th pooled item that
 // `excluded` (in pool order) leaves, takes it off the pool and returns its
 // pool bit; -1, with no draw, when nothing fits.
 inline int DrawFromPool(Random& rng, CardSet& pool, CardSet excluded) {
@@ -87,17 +88,18 @@ inline int DrawFromPool(Random& rng, CardSet& pool, CardSet excluded) {
   return bit;
 }
 
-// CreatePuzzle's steps for one puzzle in the state. The state must be 7x7
-// with its cell numbers computed.
+// CreatePuzzle's steps for one puzzle, made in `p` (which must be 7x7) from
+// the session's random source, watching its CancelRequest.
 class PuzzleMaker {
  public:
   enum class Phase { kDealing, kMade, kCancelled };
 
-  PuzzleMaker(GameState& s, UserInterface& ui, int difficulty) : s_(s), ui_(ui), level_(difficulty) {}
+  PuzzleMaker(Puzzle& p, Session& session, UserInterface& ui, int difficulty)
+      : p_(p), session_(session), ui_(ui), level_(difficulty) {}
 
   // Starts the first deal.
   Phase Begin() {
-    rng_ = s_.rng;
+    rng_ = session_.rng;
     return FreshDeal();
   }
 
@@ -127,10 +129,11 @@ class PuzzleMaker {
   Phase BoardDealt();
   Phase Cancelled();
 
-  GameState& s_;
+  Puzzle& p_;
+  Session& session_;
   UserInterface& ui_;
   int level_;
-  Random rng_;  // the state's source, held here while dealing
+  Random rng_;  // the session's source, held here while dealing
   CardSet pool_ = 0;
   int32_t* grid_ = nullptr;  // Grid[0][col_]: a row further is kGridDim on
   // What the cells of this column may not take from their row and their

@@ -27,27 +27,27 @@ int DigitValue(const std::string& line, size_t position) {
   return c >= '0' && c <= '9' ? c - '0' : 0;
 }
 
-void ReadRecord(GameState& s, LineReader& in) {
+void ReadRecord(Puzzle& p, LineReader& in) {
   for (int i = 0; i < 3; ++i) NextLine(in);  // header, title, size line
-  for (int r = 1; r <= s.Rows; ++r) {
+  for (int r = 1; r <= p.Rows; ++r) {
     const std::string line = NextLine(in);
     const size_t bar = line.find('|');
     if (bar == std::string::npos) continue;  // the row keeps what it held
-    for (int c = 1; c <= s.Cols; ++c) {
+    for (int c = 1; c <= p.Cols; ++c) {
       if (r > kMaxIndex || c > kMaxIndex) throw TransformError{};
-      s.SolutionGrid[r][c] = s.Grid[r][c] = DigitValue(line, bar + static_cast<size_t>(c));
+      p.SolutionGrid[r][c] = p.Grid[r][c] = DigitValue(line, bar + static_cast<size_t>(c));
     }
   }
 }
 
-std::string RecordText(const GameState& s, int count) {
+std::string RecordText(const Puzzle& p, int count) {
   std::vector<std::string> lines{"#" + NumText(count), "Created:" + DateTimeText(LocalTimeNow()),
-                                 Str(s.Rows) + "," + Str(s.Cols) + "," + Str(CountBlanks(s))};
-  for (int r = 1; r <= LoopRows(s); ++r) {
+                                 Str(p.Rows) + "," + Str(p.Cols) + "," + Str(CountBlanks(p))};
+  for (int r = 1; r <= LoopRows(p); ++r) {
     std::string puzzle, solution;
-    for (int c = 1; c <= LoopCols(s); ++c) {
-      puzzle += s.Grid[r][c] <= 0 ? std::string(".") : NumText(s.Grid[r][c]);
-      solution += NumText(s.SolutionGrid[r][c]);
+    for (int c = 1; c <= LoopCols(p); ++c) {
+      puzzle += p.Grid[r][c] <= 0 ? std::string(".") : NumText(p.Grid[r][c]);
+      solution += NumText(p.SolutionGrid[r][c]);
     }
     lines.push_back(puzzle + "|" + solution);
   }
@@ -70,7 +70,6 @@ void MakePuzzlesFromFile(GameState& s, UserInterface& ui, const std::string& fil
     ui.ShowMessage("error?");
     return;
   }
-  CalcCellPos(s);  // RemoveGivens finds cells by their numbers
   // The records are collected and the output replaced in one step, so a run
   // that dies leaves the old output whole; an error still writes what is made.
   std::string made;
@@ -78,12 +77,12 @@ void MakePuzzlesFromFile(GameState& s, UserInterface& ui, const std::string& fil
   bool failed = false;
   try {
     while (!in.AtEnd()) {
-      ReadRecord(s, in);
-      if (!RemoveGivens(s, ui, difficulty)) throw TransformError{};
+      ReadRecord(s.puzzle, in);
+      if (!RemoveGivens(s.puzzle, s.session, ui, difficulty)) throw TransformError{};
       ++count;
       s.view.Label3 = NumText(count);
       ui.ControlsChanged();
-      made += RecordText(s, count);
+      made += RecordText(s.puzzle, count);
     }
   } catch (const TransformError&) {
     failed = true;

@@ -63,7 +63,7 @@ class FieldReader {
   size_t pos_ = 0;
 };
 
-std::string ConfigPath(const GameState& s) { return s.AppFolder + kConfigFileName; }
+std::string ConfigPath(const GameState& s) { return s.session.AppFolder + kConfigFileName; }
 
 // Four short lines; a file far longer is damaged, and is not read into memory.
 constexpr long long kMaxConfigBytes = 64 * 1024;
@@ -80,7 +80,8 @@ std::string PrintNumber(long long n) { return Str(n) + " "; }
 std::string TimeStamp() { return DateTimeText(LocalTimeNow()); }
 
 std::string ConfigText(const GameState& s) {
-  return JoinLines({TimeStamp(), s.ColorSchemeName, s.CurrentPuzzleFile, PrintNumber(s.CurrentPuzzleNumber)});
+  return JoinLines({TimeStamp(), s.look.ColorSchemeName, s.session.CurrentPuzzleFile,
+                    PrintNumber(s.session.CurrentPuzzleNumber)});
 }
 
 namespace {
@@ -91,12 +92,12 @@ bool ParseConfig(std::string contents, GameState& s) {
   FieldReader in(std::move(contents));
   if (!in.Line()) return false;
   const auto scheme = in.Field();
-  if (scheme) s.ColorSchemeName = Trim(*scheme).empty() ? "default.col" : *scheme;
+  if (scheme) s.look.ColorSchemeName = Trim(*scheme).empty() ? "default.col" : *scheme;
   const auto file = scheme ? in.Line() : std::nullopt;
-  if (file) s.CurrentPuzzleFile = *file;
+  if (file) s.session.CurrentPuzzleFile = *file;
   const auto number = file ? in.Field() : std::nullopt;
   const auto value = number ? ValInt(*number) : std::nullopt;
-  if (value) s.CurrentPuzzleNumber = *value;
+  if (value) s.session.CurrentPuzzleNumber = *value;
   return value.has_value();
 }
 
@@ -104,10 +105,10 @@ bool ParseConfig(std::string contents, GameState& s) {
 
 std::string ConfiguredSchemeName(const std::string& appFolder) {
   GameState s;
-  s.AppFolder = appFolder;
+  s.session.AppFolder = appFolder;
   std::string contents;
   if (ReadWholeFile(ConfigPath(s), contents, nullptr, kMaxConfigBytes) && ParseConfig(std::move(contents), s))
-    return s.ColorSchemeName;
+    return s.look.ColorSchemeName;
   return "default.col";
 }
 
@@ -116,9 +117,10 @@ void ReadcfgFile(GameState& s, UserInterface& ui) {
   std::string contents;
   if (ReadWholeFile(path, contents, nullptr, kMaxConfigBytes) && ParseConfig(std::move(contents), s)) return;
   ui.ShowMessage(AccessMessage(path, "could not be accessed, new file will be created"));
-  s.ColorSchemeName = "default.col";
+  s.look.ColorSchemeName = "default.col";
   // A file that cannot be created is noticed again at the next save.
-  WriteFileAtomically(path, JoinLines({TimeStamp(), s.ColorSchemeName, s.CurrentPuzzleFile, "1"}));
+  WriteFileAtomically(path,
+                      JoinLines({TimeStamp(), s.look.ColorSchemeName, s.session.CurrentPuzzleFile, "1"}));
 }
 
 bool SavecfgFile(const GameState& s, UserInterface& ui) {

@@ -23,10 +23,9 @@ constexpr int kMaxDroppedLines = 100;
 // Shows record n of the current file; when it cannot be loaded the view goes
 // back to record `previous`.
 void ShowRecord(GameState& s, UserInterface& ui, int n, int previous) {
-  s.CurrentPuzzleNumber = n;
-  std::string title;
-  if (LoadPuzzle(s, ui, s.CurrentPuzzleFile, n, title, 1) == 1) {
-    LoadPuzzle(s, ui, s.CurrentPuzzleFile, previous, title, 1);
+  s.session.CurrentPuzzleNumber = n;
+  if (!LoadPuzzle(s, ui, s.session.CurrentPuzzleFile, n)) {
+    LoadPuzzle(s, ui, s.session.CurrentPuzzleFile, previous);
   }
 }
 
@@ -57,7 +56,7 @@ std::string AskPuzzleFileName(const GameState& s, UserInterface& ui, const std::
   request.title = "velmora";
   request.fileTypes = kPuzzleFileTypes;
   request.fileTypesName = kPuzzleFileTypesName;
-  request.defaultDir = s.AppFolder;
+  request.defaultDir = s.session.AppFolder;
   std::string name = ui.AskFileName(request);
   if (!remembered.empty()) std::filesystem::current_path(remembered, ec);
   return name;
@@ -65,12 +64,11 @@ std::string AskPuzzleFileName(const GameState& s, UserInterface& ui, const std::
 
 void OpenPuzzleFile(GameState& s, UserInterface& ui, const std::string& file) {
   ui.SetBusy(true);
-  std::string title;
-  LoadPuzzle(s, ui, file, 1, title, 1);
+  LoadPuzzle(s, ui, file, 1);
   // Even a failed load makes the file current, with the old board still on
   // show; the arrows then work on the new file.
-  s.CurrentPuzzleFile = file;
-  s.CurrentPuzzleNumber = 1;
+  s.session.CurrentPuzzleFile = file;
+  s.session.CurrentPuzzleNumber = 1;
   ui.SetBusy(false);
 }
 
@@ -86,7 +84,7 @@ void mnusaveas(GameState& s, UserInterface& ui) {
   // Read first, then replace: a failed copy leaves the target as it was, and
   // copying a file onto itself keeps it.
   std::string contents;
-  if (!ReadWholeFile(s.CurrentPuzzleFile, contents) || !WriteFileAtomically(name, contents)) {
+  if (!ReadWholeFile(s.session.CurrentPuzzleFile, contents) || !WriteFileAtomically(name, contents)) {
     ui.ShowMessage(std::string("Error saving to file:") + kNewLine + name);
     return;
   }
@@ -94,18 +92,17 @@ void mnusaveas(GameState& s, UserInterface& ui) {
 }
 
 void mnupuzreset(GameState& s, UserInterface& ui) {
-  if (RefusedWhileSolving(s, ui)) return;
+  if (RefusedWhileSolving(s.session, ui)) return;
   if (!ui.AskYesNo("Reset puzzle from file?")) return;
   const double n = std::floor(Val(s.view.PuzNumNow));
-  std::string title;
-  if (n >= 1 && n <= 2147483647.0) LoadPuzzle(s, ui, s.CurrentPuzzleFile, static_cast<int>(n), title, 1);
+  if (n >= 1 && n <= 2147483647.0) LoadPuzzle(s, ui, s.session.CurrentPuzzleFile, static_cast<int>(n));
 }
 
 void mnusaveassli(GameState& s, UserInterface& ui) {
   const std::string name = AskPuzzleFileName(s, ui, "SAVE");
   if (name.empty()) return;
   ShowWrittenTitle(s, ui);
-  const int n = AppendPuzzleRecord(s, name, s.view.PuzTitle);
+  const int n = AppendPuzzleRecord(s.puzzle, name, s.view.PuzTitle);
   if (n == 0) {
     ui.ShowMessage(std::string("Error saving to file:") + kNewLine + name);
     return;
@@ -114,17 +111,16 @@ void mnusaveassli(GameState& s, UserInterface& ui) {
 }
 
 void mnuappend(GameState& s, UserInterface& ui) {
-  if (RefusedWhileSolving(s, ui)) return;
-  const std::string file = s.CurrentPuzzleFile;
+  if (RefusedWhileSolving(s.session, ui)) return;
+  const std::string file = s.session.CurrentPuzzleFile;
   if (!ui.AskYesNo(std::string("Append current puzzle to file:") + kNewLine + file)) return;
   ShowWrittenTitle(s, ui);
-  const int n = AppendPuzzleRecord(s, file, s.view.PuzTitle);
+  const int n = AppendPuzzleRecord(s.puzzle, file, s.view.PuzTitle);
   if (n == 0) {
     ui.ShowMessage("Error apending puzzle to file: " + file);
     return;
   }
-  std::string title;
-  LoadPuzzle(s, ui, file, n, title, 1);
+  LoadPuzzle(s, ui, file, n);
   ui.SetBusy(false);
   ui.ShowMessage("Puzzle#" + NumText(n) + " appended to file " + file);
 }
@@ -156,12 +152,12 @@ bool FileWithoutRecord(const std::string& file, int n, std::string& contents) {
 }
 
 void mnudelete(GameState& s, UserInterface& ui) {
-  if (RefusedWhileSolving(s, ui)) return;
-  if (s.PuzzleCount < 2) {
+  if (RefusedWhileSolving(s.session, ui)) return;
+  if (s.session.PuzzleCount < 2) {
     ui.ShowMessage(kOnlyOnePuzzle);
     return;
   }
-  const std::string file = s.CurrentPuzzleFile;
+  const std::string file = s.session.CurrentPuzzleFile;
   if (!ui.AskYesNo(std::string("Delete current puzzle from file:") + kNewLine + file)) return;
   const auto typed = ValInt(s.view.PuzNumNow);
   const int n = typed ? *typed : 0;
@@ -180,24 +176,23 @@ void mnudelete(GameState& s, UserInterface& ui) {
     return;
   }
   IndexWritten(locked.Replaced(), contents);  // the reload need not read the file again
-  std::string title;
-  LoadPuzzle(s, ui, file, n == 1 ? 1 : n - 1, title, 1);
+  LoadPuzzle(s, ui, file, n == 1 ? 1 : n - 1);
   ui.ShowMessage("Done");
 }
 
 void arrowsMouseUp(GameState& s, UserInterface& ui, int index, int button) {
-  const int m = s.CurrentPuzzleNumber;
-  if (m == 0 || (m == 1 && s.PuzzleCount == 1)) return;
-  if (RefusedWhileSolving(s, ui)) return;
-  s.PuzzleCount = CountPuzzles(s.CurrentPuzzleFile);
-  const int count = s.PuzzleCount;
+  const int m = s.session.CurrentPuzzleNumber;
+  if (m == 0 || (m == 1 && s.session.PuzzleCount == 1)) return;
+  if (RefusedWhileSolving(s.session, ui)) return;
+  s.session.PuzzleCount = CountPuzzles(s.session.CurrentPuzzleFile);
+  const int count = s.session.PuzzleCount;
   int n = m;
   if (index == kArrowPrevious) {
     n = button == kRightButton ? 1 : (m - 1 < 1 ? count : m - 1);
   } else if (index == kArrowNext) {
     n = button == kRightButton ? count : (m >= count ? 1 : m + 1);
   } else if (index == kArrowRandom) {
-    n = s.rng.Pick(count);
+    n = s.session.rng.Pick(count);
   } else {
     return;
   }
@@ -206,9 +201,9 @@ void arrowsMouseUp(GameState& s, UserInterface& ui, int index, int button) {
 
 void PuzNumNowEnter(GameState& s, UserInterface& ui) {
   const auto typed = ValInt(s.view.PuzNumNow);
-  s.PuzzleCount = CountPuzzles(s.CurrentPuzzleFile);
-  if (!typed || *typed < 1 || *typed > s.PuzzleCount) return;  // the typed text stays
-  ShowRecord(s, ui, *typed, s.CurrentPuzzleNumber);
+  s.session.PuzzleCount = CountPuzzles(s.session.CurrentPuzzleFile);
+  if (!typed || *typed < 1 || *typed > s.session.PuzzleCount) return;  // the typed text stays
+  ShowRecord(s, ui, *typed, s.session.CurrentPuzzleNumber);
 }
 
 }  // namespace velmora

@@ -2,11 +2,11 @@
 #include "files/puzzle_file.h"
 
 #include <cerrno>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 #include <vector>
 
-#include "board/geometry.h"
 #include "files/record_index.h"
 #include "model/hint.h"
 #include "model/rules.h"
@@ -70,114 +70,145 @@ int CountPuzzles(const std::string& file, int* error) {
   return whole ? index->headerLines : 0;
 }
 
-int LoadPuzzle(GameState& s, UserInterface& ui, const std::string& file, int n, std::string& title,
-               int drawFlag) {
+namespace {
+
+// The size line and the grids of the record the reader stands on. What it
+// read before a failure stays in the puzzle.
+void ReadGrids(Puzzle& p, LineReader& reader) {
+  const std::string size = NextLine(reader);
+  const size_t comma = size.find(',');
+  if (comma == std::string::npos) throw LoadError{};  // the size line has no second field
+  const size_t comma2 = size.find(',', comma + 1);
+  p.Rows = SizeField(size.substr(0, comma));
+  p.Cols =
+      SizeField(size.substr(comma + 1, comma2 == std::string::npos ? std::string::npos : comma2 - comma - 1));
+  for (long long r = 1; r <= p.Rows; ++r) {
+    const std::string row = NextLine(reader);
+    const size_t bar = row.find('|');
+    const long long at = bar == std::string::npos ? 0 : static_cast<long long>(bar) + 1;
+    const int ri = r > kMaxIndex ? kGridDim : static_cast<int>(r);
+    if (at > 1) {
+      for (long long c = 1; c <= p.Cols; ++c) {
+        const int ci = c > kMaxIndex ? kGridDim : static_cast<int>(c);
+        Cell(p.SolutionGrid, ri, ci) = CharCode(row, at + c) - 64;
+      }
+    }
+    for (long long c = 1; c <= p.Cols; ++c) {
+      const int ci = c > kMaxIndex ? kGridDim : static_cast<int>(c);
+      const int v = CharCode(row, c) - 64;
+      Cell(p.Grid, ri, ci) = v;
+      Cell(p.PuzzleGrid, ri, ci) = v;
+      p.CellOptions[ri][ci] = 0;
+    }
+  }
+}
+
+// The window's texts for record n of `file`, loaded.
+void ShowLoaded(GameState& s, const std::string& file, int n, const std::string& title) {
+  s.session.CurrentPuzzleNumber = n;
+  s.view.PuzNumNow = NumText(n);
+  s.session.PuzzleCount = CountPuzzles(file);
+  s.view.MaxPuzCount = " of" + Str(s.session.PuzzleCount);
+  s.view.PuzTitle = title;
+  s.view.Caption = "File: " + file;
+}
+
+// The options and the card codes of the grids just read.
+void Prepare(Puzzle& p, RemainLists& lists) {
+  if (!RebuildCardCodes(p) || !UpdateOptions(p, lists)) throw LoadError{};
+  p.CellOptionsSaved = p.CellOptions;
+}
+
+}  // namespace
+
+std::optional<std::string> ReadPuzzle(Puzzle& p, RemainLists& lists, const std::string& file, int n) {
+  try {
+    LineReader reader(file);
+    if (!reader.IsOpen()) return std::nullopt;
+    std::string title;
+    if (!SeekRecord(reader, n, title)) return std::nullopt;
+    ReadGrids(p, reader);
+    Prepare(p, lists);
+    return title;
+  } catch (const LoadError&) {
+    return std::nullopt;
+  }
+}
+
+bool LoadPuzzle(GameState& s, UserInterface& ui, const std::string& file, int n, Draw draw) {
   ui.SetBusy(true);
   try {
     LineReader reader(file);
     if (!reader.IsOpen()) throw LoadError{};
+    std::string title;
     if (!SeekRecord(reader, n, title)) {
       ui.SetBusy(false);
-      return 1;
+      return false;
     }
-    const std::string size = NextLine(reader);
-    const size_t comma = size.find(',');
-    if (comma == std::string::npos) throw LoadError{};  // the size line has no second field
-    const size_t comma2 = size.find(',', comma + 1);
-    s.Rows = SizeField(size.substr(0, comma));
-    s.Cols = SizeField(
-        size.substr(comma + 1, comma2 == std::string::npos ? std::string::npos : comma2 - comma - 1));
-    for (long long r = 1; r <= s.Rows; ++r) {
-      const std::string row = NextLine(reader);
-      const size_t bar = row.find('|');
-      const long long p = bar == std::string::npos ? 0 : static_cast<long long>(bar) + 1;
-      const int ri = r > kMaxIndex ? kGridDim : static_cast<int>(r);
-      if (p > 1) {
-        for (long long c = 1; c <= s.Cols; ++c) {
-          const int ci = c > kMaxIndex ? kGridDim : static_cast<int>(c);
-          const int v = CharCode(row, p + c) - 64;
-          Cell(s.SolutionGrid, ri, ci) = v;
-        }
-      }
-      for (long long c = 1; c <= s.Cols; ++c) {
-        const int ci = c > kMaxIndex ? kGridDim : static_cast<int>(c);
-        const int v = CharCode(row, c) - 64;
-        Cell(s.Grid, ri, ci) = v;
-        Cell(s.PuzzleGrid, ri, ci) = v;
-        s.CellOptions[ri][ci] = 0;
-      }
-    }
-
-    CalcCellPos(s);
-    s.CurrentPuzzleNumber = n;
-    s.view.PuzNumNow = NumText(n);
-    s.PuzzleCount = CountPuzzles(file);
-    s.view.MaxPuzCount = " of" + Str(s.PuzzleCount);
-    s.view.PuzTitle = title;
-    s.view.Caption = "File: " + file;
+    ReadGrids(s.puzzle, reader);
+    // The window shows the record's number and title before its cards.
+    ShowLoaded(s, file, n, title);
     ui.ControlsChanged();
-
-    if (!RebuildCardCodes(s) || !UpdateOptions(s, 1)) throw LoadError{};
-    if (drawFlag == 1) ui.DrawBoard();
-    s.CellOptionsSaved = s.CellOptions;
-    s.Solving = 0;
-    s.SelectedCard.clear();
+    Prepare(s.puzzle, s.view.Remain);
+    if (draw == Draw::kBoard) ui.DrawBoard();
+    s.session.Solving = 0;
+    s.session.SelectedCard.clear();
     // The keyboard cursor and a hint belonged to the board that was shown.
-    EndHint(s);
-    s.aids.cursorRow = s.aids.cursorCol = 0;
-    s.aids.pendingRank = 0;
+    EndHint(s.session.aids, s.view);
+    s.session.aids.cursorRow = s.session.aids.cursorCol = 0;
+    s.session.aids.pendingRank = 0;
     ui.ControlsChanged();
     ui.SetBusy(false);
-    return 0;
+    return true;
   } catch (const LoadError&) {
     ui.SetBusy(false);
-    s.Solving = 0;
-    return 1;
+    s.session.Solving = 0;
+    return false;
   }
 }
 
-std::string PuzzleRecordText(const GameState& s, int number, const std::string& title) {
+std::string PuzzleRecordText(const Puzzle& p, int number, const std::string& title) {
   std::vector<std::string> lines;
   std::string header = "#";
   header += NumText(number == 0 ? 1 : number);
   lines.push_back(std::move(header));
   lines.push_back(TitleLine(title));
-  lines.push_back(Str(s.Rows) + "," + Str(s.Cols) + "," + Str(CountBlanks(s)));
-  if (s.Rows > kMaxIndex || s.Cols > kMaxIndex) return {};  // no such grid cells
+  lines.push_back(Str(p.Rows) + "," + Str(p.Cols) + "," + Str(CountBlanks(p)));
+  if (p.Rows > kMaxIndex || p.Cols > kMaxIndex) return {};  // no such grid cells
   auto letter = [](int v, std::string& out) {
     if (v + 64 < 0 || v + 64 > 255) return false;
     out += static_cast<char>(v + 64);
     return true;
   };
-  for (int r = 1; r <= s.Rows; ++r) {
+  for (int r = 1; r <= p.Rows; ++r) {
     std::string puzzle, solution;
-    for (int c = 1; c <= LoopCols(s); ++c) {
-      if (s.Grid[r][c] <= 0) {
+    for (int c = 1; c <= LoopCols(p); ++c) {
+      if (p.Grid[r][c] <= 0) {
         puzzle += '@';
-      } else if (!letter(s.SolutionGrid[r][c], puzzle)) {
+      } else if (!letter(p.SolutionGrid[r][c], puzzle)) {
         return {};
       }
-      if (!letter(s.SolutionGrid[r][c], solution)) return {};
+      if (!letter(p.SolutionGrid[r][c], solution)) return {};
     }
     lines.push_back(puzzle + "|" + solution);
   }
   return JoinLines(lines);
 }
 
-bool WritePuzzleRecord(const GameState& s, const std::string& file, int number, const std::string& title) {
-  const std::string text = PuzzleRecordText(s, number, title);
+bool WritePuzzleRecord(const Puzzle& p, const std::string& file, int number, const std::string& title) {
+  const std::string text = PuzzleRecordText(p, number, title);
   if (text.empty()) return false;
   return number != 0 ? AppendToFile(file, text) : WriteFileAtomically(file, text);
 }
 
-int AppendPuzzleRecord(const GameState& s, const std::string& file, const std::string& title) {
+int AppendPuzzleRecord(const Puzzle& p, const std::string& file, const std::string& title) {
   LockedFile locked(file, true);
   const FileStamp before = locked.Stamp();
   // A damaged file has no count to number the record from.
   int error = 0;
   const int count = locked.Exists() ? CountPuzzles(locked.path(), &error) : 0;
   const int n = locked.ok() && error == 0 ? count + 1 : 0;
-  const std::string text = n > 0 ? PuzzleRecordText(s, n, title) : std::string();
+  const std::string text = n > 0 ? PuzzleRecordText(p, n, title) : std::string();
   if (text.empty() || !locked.Append(text)) return 0;
   IndexAppended(before, locked.Stamp(), text);
   return n;
@@ -193,10 +224,10 @@ std::string TitleLine(const std::string& title) {
 
 bool IsTitleLine(const std::string& title) { return TitleLine(title) == title; }
 
-int CountBlanks(const GameState& s) {
+int CountBlanks(const Puzzle& p) {
   int blanks = 0;
-  for (int r = 1; r <= LoopRows(s); ++r) {
-    for (int c = 1; c <= LoopCols(s); ++c) blanks += s.Grid[r][c] == 0;
+  for (int r = 1; r <= LoopRows(p); ++r) {
+    for (int c = 1; c <= LoopCols(p); ++c) blanks += p.Grid[r][c] == 0;
   }
   return blanks;
 }

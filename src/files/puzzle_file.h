@@ -1,6 +1,7 @@
 // Reading and writing puzzle records.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "files/text_file.h"
@@ -14,12 +15,19 @@ namespace velmora {
 // as if the records before the damage were all. `error` tells which.
 int CountPuzzles(const std::string& file, int* error = nullptr);
 
-// Loads record n (1-based ordinal) into the grids and shows it. Returns
-// notFound: 0 when loaded, 1 when there is no such record or reading failed
-// (a damaged file, as CountPuzzles tells, loads no record at all); what a
-// failed load already wrote into the state stays.
-int LoadPuzzle(GameState& s, UserInterface& ui, const std::string& file, int n, std::string& title,
-               int drawFlag);
+// Whether a load paints the board it loaded.
+enum class Draw { kNo, kBoard };
+
+// Loads record n (1-based ordinal) into the grids and shows it: the window's
+// texts (its title in PuzTitle), the suit panels, and with Draw::kBoard the
+// board. False when there is no such record or reading failed (a damaged
+// file, as CountPuzzles tells, loads no record at all); what a failed load
+// already wrote into the state stays.
+bool LoadPuzzle(GameState& s, UserInterface& ui, const std::string& file, int n, Draw draw = Draw::kBoard);
+
+// Record n of `file` read into `p` with its options, and the suit panels'
+// `lists`, showing nothing: the title when it was read, nothing on failure.
+std::optional<std::string> ReadPuzzle(Puzzle& p, RemainLists& lists, const std::string& file, int n);
 
 // A title as the program writes it: one line that is not a header. Line
 // breaks become blanks and a leading "#" gets a blank before it.
@@ -29,17 +37,17 @@ bool IsTitleLine(const std::string& title);
 inline constexpr const char* kTitleRefusedText = "A title cannot begin with \"#\" or hold a line break";
 
 // The record text WritePuzzleRecord writes (its title through TitleLine); empty when a value has no letter.
-std::string PuzzleRecordText(const GameState& s, int number, const std::string& title);
+std::string PuzzleRecordText(const Puzzle& p, int number, const std::string& title);
 
 // number != 0 appends a record headed "#number"; 0 replaces the whole file
 // with one record headed "#1". False on a file error.
-bool WritePuzzleRecord(const GameState& s, const std::string& file, int number, const std::string& title);
+bool WritePuzzleRecord(const Puzzle& p, const std::string& file, int number, const std::string& title);
 
 // Appends the current puzzle numbered one past the file's count, counted
 // under the file's lock. Returns that number, or 0 on a file error.
-int AppendPuzzleRecord(const GameState& s, const std::string& file, const std::string& title);
+int AppendPuzzleRecord(const Puzzle& p, const std::string& file, const std::string& title);
 
 // Cells of the board whose Grid value is 0.
-int CountBlanks(const GameState& s);
+int CountBlanks(const Puzzle& p);
 
 }  // namespace velmora

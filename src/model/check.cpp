@@ -9,26 +9,26 @@ namespace {
 
 // Rank letter and suit letter of a cell value, trimmed: "QH", "S" for a
 // spades mark; "x" for a value that has no code.
-std::string PlacedText(const GameState& s, int value) {
+std::string PlacedText(const Puzzle& p, int value) {
   if (!CardCodeTable::InRange(value)) return "x";
-  const std::string text = Trim(ListText(s, value));
+  const std::string text = Trim(ListText(p, value));
   return text.empty() ? "x" : text;
 }
 
 }  // namespace
 
-CheckResult CheckBoard(const GameState& s) {
+CheckResult CheckBoard(const Puzzle& p) {
   int filled = 0;
-  for (int r = 1; r <= LoopRows(s); ++r) {
-    for (int c = 1; c <= LoopCols(s); ++c) {
-      const int v = s.Grid[r][c];
-      if (v == 0 && s.CellOptions[r][c] == 0) {
+  for (int r = 1; r <= LoopRows(p); ++r) {
+    for (int c = 1; c <= LoopCols(p); ++c) {
+      const int v = p.Grid[r][c];
+      if (v == 0 && p.CellOptions[r][c] == 0) {
         return {"Cell" + Str(r) + "," + Str(c) + " - invalid value", kCheckFault};
       }
       // Only cells that were open at the load have saved options to match.
-      if (v != 0 && s.CellOptionsSaved[r][c] != 0) {
-        const std::string placed = PlacedText(s, v);
-        const std::string saved = OptionText(s.CellOptionsSaved[r][c]);
+      if (v != 0 && p.CellOptionsSaved[r][c] != 0) {
+        const std::string placed = PlacedText(p, v);
+        const std::string saved = OptionText(p.CellOptionsSaved[r][c]);
         if (!ContainsNoCase(saved, placed)) {
           return {"No match at" + Str(r) + Str(c) + kNewLine + placed + kNewLine + saved, kCheckFault};
         }

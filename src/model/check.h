@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "model/game_state.h"
+#include "model/puzzle.h"
 
 namespace velmora {
 
@@ -18,6 +18,6 @@ struct CheckResult {
 
 // Complete means exactly 49 non-empty cells, whatever the board's size;
 // suit-only marks count. Given cards are never tested against options.
-CheckResult CheckBoard(const GameState& s);
+CheckResult CheckBoard(const Puzzle& p);
 
 }  // namespace velmora

@@ -13,26 +13,26 @@ namespace {
 constexpr const char* kNoUniqueSolution = "No unique solution - please check the puzzle";
 
 // After a full solve the suit panels show the three cards the puzzle leaves out.
-void ListLeftOutCards(GameState& s) {
-  for (auto& list : s.Remain) list.clear();
+void ListLeftOutCards(const Puzzle& p, RemainLists& lists) {
+  for (auto& list : lists) list.clear();
   for (int k = 1; k <= 52; ++k) {
-    if (!s.CardCodes.IsAbsent(k)) continue;
+    if (!p.CardCodes.IsAbsent(k)) continue;
     // The card's own rank and suit letters, not its "00X" code.
     const std::string text = CardText(k);
-    s.Remain[static_cast<size_t>(SuitListIndex(text.substr(1)))].push_back(text);
+    lists[static_cast<size_t>(SuitListIndex(text.substr(1)))].push_back(text);
   }
 }
 
 }  // namespace
 
-bool RefusedWhileSolving(const GameState& s, UserInterface& ui) {
-  if (s.Solving != 1) return false;
+bool RefusedWhileSolving(const Session& session, UserInterface& ui) {
+  if (session.Solving != 1) return false;
   ui.ShowMessage("Cancel AutoSolve first");
   return true;
 }
 
 void mnusolveall(GameState& s, UserInterface& ui) {
-  const CheckResult check = CheckBoard(s);
+  const CheckResult check = CheckBoard(s.puzzle);
   if (check.status == kCheckDone) {
     ui.ShowMessage("Puzzles appears to been solved!");
     return;
@@ -41,46 +41,46 @@ void mnusolveall(GameState& s, UserInterface& ui) {
     ui.ShowMessage(check.message);
     return;
   }
-  SaveGridSnapshot(s, 0);
-  const int result = SolveGrid(s, ui);
+  SaveGridSnapshot(s.puzzle, s.session, 0);
+  const SolveResult result = SolveGrid(s.puzzle, s.session, ui);
   ui.DrawBoard();
-  if (result == 1) {
+  if (result == SolveResult::kCellsLeft) {
     ui.ShowMessage(kNoUniqueSolution);
     return;
   }
-  ListLeftOutCards(s);
+  ListLeftOutCards(s.puzzle, s.view.Remain);
   ui.ControlsChanged();
   ui.ShowMessage("Done");
 }
 
 void mnurestore(GameState& s, UserInterface& ui) {
-  if (RefusedWhileSolving(s, ui)) return;
-  if (Trim(s.GridBackups[0]).empty()) {
+  if (RefusedWhileSolving(s.session, ui)) return;
+  if (Trim(s.session.GridBackups[0]).empty()) {
     ui.ShowMessage("Backup grid not found");
     return;
   }
-  RestoreGridSnapshot(s, 0);
-  UpdateOptions(s, 1);
+  RestoreGridSnapshot(s.puzzle, s.session, 0);
+  UpdateOptions(s.puzzle, s.view.Remain);
   ui.DrawBoard();
-  s.GridBackups[0].clear();  // a snapshot is restored once
+  s.session.GridBackups[0].clear();  // a snapshot is restored once
   ui.ControlsChanged();
 }
 
 void mnuviewsol(GameState& s, UserInterface& ui) {
-  if (RefusedWhileSolving(s, ui)) return;
+  if (RefusedWhileSolving(s.session, ui)) return;
   ui.ShowSolutionOverlay();
 }
 
 void UndoEdit(GameState& s, UserInterface& ui) { UndoLast(s, ui); }
 
 void Autosolvex(GameState& s, UserInterface& ui) {
-  const int result = SolveGrid(s, ui);
+  const SolveResult result = SolveGrid(s.puzzle, s.session, ui);
   ui.DrawBoard();
-  ui.ShowMessage(result == 1 ? kNoUniqueSolution : "Done");
+  ui.ShowMessage(result == SolveResult::kCellsLeft ? kNoUniqueSolution : "Done");
 }
 
 void Command6(GameState& s, UserInterface& ui) {
-  const CheckResult check = CheckBoard(s);
+  const CheckResult check = CheckBoard(s.puzzle);
   if (check.status == kCheckFault) {
     ui.ShowMessage(Str(1) + "=" + check.message);
   } else if (check.status == kCheckDone) {
@@ -91,8 +91,9 @@ void Command6(GameState& s, UserInterface& ui) {
 }
 
 void Command7(GameState& s, UserInterface& ui) {
-  for (int r = 1; r <= LoopRows(s); ++r) {
-    for (int c = 1; c <= LoopCols(s); ++c) s.Grid[r][c] = s.SolutionGrid[r][c];
+  Puzzle& p = s.puzzle;
+  for (int r = 1; r <= LoopRows(p); ++r) {
+    for (int c = 1; c <= LoopCols(p); ++c) p.Grid[r][c] = p.SolutionGrid[r][c];
   }
   ui.DrawBoard();
 }

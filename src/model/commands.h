@@ -8,7 +8,7 @@ namespace velmora {
 
 // True, after saying "Cancel AutoSolve first", while AutoSolve runs: the
 // commands that would change the board or the file refuse then.
-bool RefusedWhileSolving(const GameState& s, UserInterface& ui);
+bool RefusedWhileSolving(const Session& session, UserInterface& ui);
 
 void mnusolveall(GameState& s, UserInterface& ui);  // Solve > "AutoSolve"
 void mnurestore(GameState& s, UserInterface& ui);   // Solve > "Restore"

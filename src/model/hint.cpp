@@ -14,12 +14,12 @@ std::string CellText(const Hint& hint) { return NumText(hint.row) + ", " + NumTe
 // The first card put down that the stored solution does not have there.
 // Givens as loaded are the puzzle's own and never wrong; a cell without a
 // stored card cannot be judged.
-bool FindWrong(const GameState& s, Hint& hint) {
-  for (int r = 1; r <= LoopRows(s); ++r) {
-    for (int c = 1; c <= LoopCols(s); ++c) {
-      const int v = s.Grid[r][c];
-      const int solution = s.SolutionGrid[r][c];
-      if (v == 0 || v == s.PuzzleGrid[r][c] || solution == 0 || v == solution) continue;
+bool FindWrong(const Puzzle& p, Hint& hint) {
+  for (int r = 1; r <= LoopRows(p); ++r) {
+    for (int c = 1; c <= LoopCols(p); ++c) {
+      const int v = p.Grid[r][c];
+      const int solution = p.SolutionGrid[r][c];
+      if (v == 0 || v == p.PuzzleGrid[r][c] || solution == 0 || v == solution) continue;
       hint = {kHintWrong, r, c, 0};
       return true;
     }
@@ -29,12 +29,12 @@ bool FindWrong(const GameState& s, Hint& hint) {
 
 }  // namespace
 
-Hint FindHint(const GameState& s) {
+Hint FindHint(const Puzzle& p) {
   Hint hint;
-  if (FindWrong(s, hint)) return hint;
-  // UpdateOptions works on a state; a copy keeps this one as it is.
-  GameState work = s;
-  if (!UpdateOptions(work, 0)) return hint;
+  if (FindWrong(p, hint)) return hint;
+  // UpdateOptions writes the options; a copy keeps the puzzle as it is.
+  Puzzle work = p;
+  if (!UpdateOptions(work)) return hint;
   std::array<int, kMaxCardIndex + 1> count{}, place{};
   for (int r = 1; r <= LoopRows(work); ++r) {
     for (int c = 1; c <= LoopCols(work); ++c) {
@@ -55,10 +55,10 @@ Hint FindHint(const GameState& s) {
   return hint;
 }
 
-void EndHint(GameState& s) {
-  if (s.aids.hintKind == 0) return;
-  s.aids.hintKind = 0;
-  s.view.pb.clear();
+void EndHint(PlayAids& aids, WindowTexts& view) {
+  if (aids.hintKind == 0) return;
+  aids.hintKind = 0;
+  view.pb.clear();
 }
 
 std::string HintText(const Hint& hint) {

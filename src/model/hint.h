@@ -17,13 +17,13 @@ struct Hint {
 };
 
 // Looks at the board as it stands and changes nothing. The options are the
-// ones UpdateOptions(0) computes, as the solver reads them.
-Hint FindHint(const GameState& s);
+// ones UpdateOptions computes, as the solver reads them.
+Hint FindHint(const Puzzle& p);
 
 // The hint shown ends with the board it was shown for: a change to the board
 // (placing, emptying, undo, redo, another puzzle) takes its text off the
 // status line, and the next press looks afresh.
-void EndHint(GameState& s);
+void EndHint(PlayAids& aids, WindowTexts& view);
 
 // "the card at 3, 4 is wrong", "3, 4 can only take QH",
 // "QH fits nowhere else but 3, 4", "No step follows from the rules alone".

@@ -6,10 +6,13 @@
 
 namespace velmora {
 
-bool UpdateOptions(GameState& s, int refresh) {
+namespace {
+
+// The options, and the lists when they are asked for.
+bool Update(Puzzle& s, RemainLists* lists) {
   s.AvailableCards = s.CardCodes.deck;
-  if (refresh == 1) {
-    for (auto& list : s.Remain) list.clear();
+  if (lists) {
+    for (auto& list : *lists) list.clear();
   }
   const int rows = s.Rows, cols = s.Cols;
   if (rows < 1 || cols < 1) return true;
@@ -61,14 +64,19 @@ bool UpdateOptions(GameState& s, int refresh) {
     }
   }
 
-  if (refresh == 1 && anyEmpty) {
+  if (lists && anyEmpty) {
     for (CardSet set = available; set; set &= set - 1) {
       const int card = __builtin_ctzll(set) + 1;
-      s.Remain[CardSuit(card) - 1].push_back(CardText(card));
+      (*lists)[CardSuit(card) - 1].push_back(CardText(card));
     }
   }
   return true;
 }
+
+}  // namespace
+
+bool UpdateOptions(Puzzle& p) { return Update(p, nullptr); }
+bool UpdateOptions(Puzzle& p, RemainLists& lists) { return Update(p, &lists); }
 
 int FindCardIndex(std::string_view text) {
   for (int k = 1; k <= 52; ++k) {

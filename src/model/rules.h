@@ -3,14 +3,16 @@
 
 #include <string_view>
 
-#include "model/game_state.h"
+#include "model/puzzle.h"
 
 namespace velmora {
 
-// Recomputes CellOptions for the whole board; refresh = 1 also rebuilds the
-// four Remain lists. Returns false on a run-time error: a cell value that
-// indexes outside CardCodes or AvailableCards.
-bool UpdateOptions(GameState& s, int refresh);
+// Recomputes CellOptions and AvailableCards for the whole board; with `lists`
+// also rebuilds the four suit panels' lists of cards still to place. Returns
+// false on a run-time error: a cell value that indexes outside CardCodes or
+// AvailableCards.
+bool UpdateOptions(Puzzle& p);
+bool UpdateOptions(Puzzle& p, RemainLists& lists);
 
 // Card index of a two-letter list text such as "KS" (prefix match, any
 // case); -1 when no card's list text begins with it.

@@ -35,12 +35,12 @@ struct OpenCell {
 template <bool kTrial>
 class Solver {
  public:
-  explicit Solver(GameState& s) : s_(s) {}
+  explicit Solver(Puzzle& s) : s_(s) {}
 
   // Takes the board as it stands; false when UpdateOptions(0) fails on it.
   bool Begin() {
     if (Start()) return true;
-    if (kTrial || !UpdateOptions(s_, 0)) return false;
+    if (kTrial || !UpdateOptions(s_)) return false;
     Reset();
     StartFromOptions();
     return true;
@@ -261,7 +261,7 @@ class Solver {
     options_[i] = options_[count_];
   }
 
-  GameState& s_;
+  Puzzle& s_;
   CardSet avail_ = 0;
   bool dead_ = false;
   bool marks_ = false;  // the board has suit-only marks
@@ -277,47 +277,48 @@ class Solver {
 
 }  // namespace
 
-int SolveGrid(GameState& s, UserInterface& ui) {
-  s.Solving = 1;
-  Solver<false> solver(s);
+SolveResult SolveGrid(Puzzle& p, Session& session, UserInterface& ui) {
+  session.Solving = 1;
+  Solver<false> solver(p);
   if (!solver.Begin()) {
-    s.Solving = 0;
-    return 1;
+    session.Solving = 0;
+    return SolveResult::kCellsLeft;
   }
   int changes;
   do {
-    const size_t undoEntries = s.UndoList.size();
-    const int rows = s.Rows, cols = s.Cols, solving = s.Solving;
+    const size_t undoEntries = session.UndoList.size();
+    const int rows = p.Rows, cols = p.Cols, solving = session.Solving;
     ui.Yield();  // once per pass: the window stays responsive
     // The commands that may run during the yield and change the board are a
     // load, which clears Solving, and an undo, which takes an entry off the
     // undo list; the pass then starts again from the board as it now is.
-    if (s.Solving != solving || s.UndoList.size() != undoEntries || s.Rows != rows || s.Cols != cols) {
+    if (session.Solving != solving || session.UndoList.size() != undoEntries || p.Rows != rows ||
+        p.Cols != cols) {
       solver.Reset();
       if (!solver.Begin()) {
-        s.Solving = 0;
-        return 1;
+        session.Solving = 0;
+        return SolveResult::kCellsLeft;
       }
     }
     changes = solver.Pass();
   } while (changes != 0);
   solver.Finish();
-  s.Solving = 0;
-  const int rows = LoopRows(s), cols = LoopCols(s);
+  session.Solving = 0;
+  const int rows = LoopRows(p), cols = LoopCols(p);
   for (int r = 1; r <= rows; ++r) {
     for (int c = 1; c <= cols; ++c) {
-      if (s.Grid[r][c] == 0) return 1;  // a suit-only mark counts as filled
+      if (p.Grid[r][c] == 0) return SolveResult::kCellsLeft;  // a suit-only mark counts as filled
     }
   }
-  return 0;
+  return SolveResult::kFilled;
 }
 
 namespace {
 
 // SolveGridTrial's passes on a started solver: those of SolveGrid, each
 // after a yield, up to the point where the answer is known.
-int RunTrial(Solver<true>& solver, GameState& s, UserInterface& ui) {
-  s.Solving = 1;
+SolveResult RunTrial(Solver<true>& solver, Session& session, UserInterface& ui) {
+  session.Solving = 1;
   ui.Yield();
   while (!solver.Stuck() && solver.Pass() != 0) {
     // A cell left without options is never filled; no open cell is left
@@ -325,46 +326,47 @@ int RunTrial(Solver<true>& solver, GameState& s, UserInterface& ui) {
     if (solver.Stuck() || solver.AllPlaced()) break;
     ui.Yield();
   }
-  s.Solving = 0;
-  return solver.Stuck() || solver.EmptyCellLeft() ? 1 : 0;
+  session.Solving = 0;
+  return solver.Stuck() || solver.EmptyCellLeft() ? SolveResult::kCellsLeft : SolveResult::kFilled;
 }
 
 }  // namespace
 
-int SolveGridTrial(GameState& s, UserInterface& ui) {
-  Solver<true> solver(s);
+SolveResult SolveGridTrial(Puzzle& p, Session& session, UserInterface& ui) {
+  Solver<true> solver(p);
   if (!solver.Start()) {
     // Values without a code: the literal way, on the state itself.
-    const Board<int32_t> grid = s.Grid;
-    const Board<CardSet> options = s.CellOptions;
-    const int result = SolveGrid(s, ui);
-    s.Grid = grid;
-    s.CellOptions = options;
+    const Board<int32_t> grid = p.Grid;
+    const Board<CardSet> options = p.CellOptions;
+    const SolveResult result = SolveGrid(p, session, ui);
+    p.Grid = grid;
+    p.CellOptions = options;
     return result;
   }
-  return RunTrial(solver, s, ui);
+  return RunTrial(solver, session, ui);
 }
 
 struct BlankTrials::Board {
-  explicit Board(GameState& s) : read(s), trial(s) {}
+  explicit Board(Puzzle& p) : read(p), trial(p) {}
   Solver<true> read;   // the board as it stands between trials
   Solver<true> trial;  // one trial's working copy
   bool patchable = false;
 };
 
-BlankTrials::BlankTrials(GameState& s) : s_(s), board_(std::make_unique<Board>(s)) {
+BlankTrials::BlankTrials(Puzzle& p, Session& session)
+    : p_(p), session_(session), board_(std::make_unique<Board>(p)) {
   board_->patchable = board_->read.Read() && !board_->read.Dupes();
 }
 
 BlankTrials::~BlankTrials() = default;
 
-int BlankTrials::Try(UserInterface& ui, int row, int col, int card) {
-  if (!board_->patchable) return SolveGridTrial(s_, ui);
+SolveResult BlankTrials::Try(UserInterface& ui, int row, int col, int card) {
+  if (!board_->patchable) return SolveGridTrial(p_, session_, ui);
   Solver<true>& trial = board_->trial;
   trial.CopyReadFrom(board_->read);
   trial.Open(row, col, card);
   trial.Recompute();
-  return RunTrial(trial, s_, ui);
+  return RunTrial(trial, session_, ui);
 }
 
 void BlankTrials::Keep(int row, int col, int card) {

@@ -29,73 +29,74 @@ bool OnBoardArrays(int row, int col) { return row >= 0 && row <= kMaxIndex && co
 
 std::string UndoEntry(int row, int col, int value) { return Str(row) + "," + Str(col) + "," + Str(value); }
 
-void PushUndo(GameState& s, int row, int col) {
+void PushUndo(const Puzzle& p, Session& session, WindowTexts& view, int row, int col) {
   if (!OnBoardArrays(row, col)) return;
-  s.UndoList.push_front(UndoEntry(row, col, s.Grid[row][col]));
-  s.aids.RedoList.clear();  // a new change ends what could be redone
-  EndHint(s);
+  session.UndoList.push_front(UndoEntry(row, col, p.Grid[row][col]));
+  session.aids.RedoList.clear();  // a new change ends what could be redone
+  EndHint(session.aids, view);
 }
 
 void UndoLast(GameState& s, UserInterface& ui) {
-  if (s.UndoList.empty()) return;
-  EndHint(s);
-  const auto parts = Split(s.UndoList.front(), ',');
+  if (s.session.UndoList.empty()) return;
+  EndHint(s.session.aids, s.view);
+  const auto parts = Split(s.session.UndoList.front(), ',');
   const int row = parts.size() >= 3 ? ValInt(parts[0]).value_or(-1) : -1;
   const int col = parts.size() >= 3 ? ValInt(parts[1]).value_or(-1) : -1;
   // An entry that names no cell is dropped without a change.
   if (OnBoardArrays(row, col)) {
-    s.aids.RedoList.push_back({row, col, s.Grid[row][col]});
-    s.Grid[row][col] = ValInt(parts[2]).value_or(0);
-    s.CellOptions[row][col] = 0;
-    UpdateOptions(s, 1);
+    s.session.aids.RedoList.push_back({row, col, s.puzzle.Grid[row][col]});
+    s.puzzle.Grid[row][col] = ValInt(parts[2]).value_or(0);
+    s.puzzle.CellOptions[row][col] = 0;
+    UpdateOptions(s.puzzle, s.view.Remain);
     ui.DrawCell(-1, "", row, col);
   }
-  s.SelectedCard.clear();
-  s.UndoList.pop_front();
+  s.session.SelectedCard.clear();
+  s.session.UndoList.pop_front();
   ui.ControlsChanged();
 }
 
 void RedoLast(GameState& s, UserInterface& ui) {
-  if (s.aids.RedoList.empty()) return;
-  EndHint(s);
-  const PlayAids::Change change = s.aids.RedoList.back();
-  s.aids.RedoList.pop_back();
+  if (s.session.aids.RedoList.empty()) return;
+  EndHint(s.session.aids, s.view);
+  const PlayAids::Change change = s.session.aids.RedoList.back();
+  s.session.aids.RedoList.pop_back();
   const int row = change.row, col = change.col, value = change.value;
   // Not PushUndo: that would end the rest of the redo list.
-  s.UndoList.push_front(UndoEntry(row, col, s.Grid[row][col]));
-  s.Grid[row][col] = value;
-  s.CellOptions[row][col] = 0;
-  UpdateOptions(s, 1);
+  s.session.UndoList.push_front(UndoEntry(row, col, s.puzzle.Grid[row][col]));
+  s.puzzle.Grid[row][col] = value;
+  s.puzzle.CellOptions[row][col] = 0;
+  UpdateOptions(s.puzzle, s.view.Remain);
   // Unlike an undo, the cell shows what it now holds.
   if (value >= 1 && value <= kMaxCardIndex) {
-    ui.DrawCell(s.CardCodes.Rank(value), std::string(1, s.CardCodes.SuitLetter(value)), row, col);
+    ui.DrawCell(s.puzzle.CardCodes.Rank(value), std::string(1, s.puzzle.CardCodes.SuitLetter(value)), row,
+                col);
   } else if (value < 0 && value >= kMinCardIndex) {
     ui.DrawCell(-1, std::string(1, kSuitLetters[-value]), row, col);
   } else {
     ui.DrawCell(-1, "", row, col);
   }
-  s.SelectedCard.clear();
+  s.session.SelectedCard.clear();
   ui.ControlsChanged();
 }
 
-void SaveGridSnapshot(GameState& s, int n) {
-  if (n < 0 || n >= static_cast<int>(s.GridBackups.size())) return;
+void SaveGridSnapshot(const Puzzle& p, Session& session, int n) {
+  if (n < 0 || n >= static_cast<int>(session.GridBackups.size())) return;
   std::string text;
-  for (int r = 1; r <= LoopRows(s); ++r) {
-    for (int c = 1; c <= LoopCols(s); ++c) text += NumText(s.Grid[r][c]) + ";";
+  for (int r = 1; r <= LoopRows(p); ++r) {
+    for (int c = 1; c <= LoopCols(p); ++c) text += NumText(p.Grid[r][c]) + ";";
   }
-  s.GridBackups[static_cast<size_t>(n)] = text;
+  session.GridBackups[static_cast<size_t>(n)] = text;
 }
 
-void RestoreGridSnapshot(GameState& s, int n) {
-  if (n < 0 || n >= static_cast<int>(s.GridBackups.size())) return;
-  const auto parts = Split(s.GridBackups[static_cast<size_t>(n)], ';');
+void RestoreGridSnapshot(Puzzle& p, const Session& session, int n) {
+  if (n < 0 || n >= static_cast<int>(session.GridBackups.size())) return;
+  const auto parts = Split(session.GridBackups[static_cast<size_t>(n)], ';');
   size_t next = 0;
   // A snapshot of a smaller board fills only the cells it has values for.
-  for (int r = 1; r <= LoopRows(s); ++r) {
-    for (int c = 1; c <= LoopCols(s); ++c) {
+  for (int r = 1; r <= LoopRows(p); ++r) {
+    for (int c = 1; c <= LoopCols(p); ++c) {
       if (next >= parts.size()) return;
-      s.Grid[r][c] = ValInt(parts[next++]).value_or(0);
+      p.Grid[r][c] = ValInt(parts[next++]).value_or(0);
     }
   }
 }

@@ -12,7 +12,7 @@ namespace velmora {
 std::string UndoEntry(int row, int col, int value);
 
 // Records the cell's current value as the newest undo entry.
-void PushUndo(GameState& s, int row, int col);
+void PushUndo(const Puzzle& p, Session& session, WindowTexts& view, int row, int col);
 
 // Takes back the newest entry, if any: the cell gets its old value and is
 // painted blank whatever that value is (the next full redraw shows it).
@@ -23,7 +23,7 @@ void UndoLast(GameState& s, UserInterface& ui);
 void RedoLast(GameState& s, UserInterface& ui);
 
 // GridBackups(n) as "9;0;-3;..." rows outer; n other than 0 is ignored.
-void SaveGridSnapshot(GameState& s, int n);
-void RestoreGridSnapshot(GameState& s, int n);
+void SaveGridSnapshot(const Puzzle& p, Session& session, int n);
+void RestoreGridSnapshot(Puzzle& p, const Session& session, int n);
 
 }  // namespace velmora

@@ -21,26 +21,15 @@ constexpr int kTopY = 1400;
 constexpr int kFileLowerY = 8400;     // the lower grid of a file page
 constexpr int kCurrentLowerY = 8500;  // the solution under the puzzle of "Puzzle and Solution"
 
-// Loads inside the print loop: their pointer and control updates stay off
-// the window, which shows the remembered puzzle again afterwards.
-class QuietUi : public SilentUserInterface {
- public:
-  explicit QuietUi(UserInterface& ui) : ui_(ui) {}
-  void ShowMessage(const std::string& text) override { ui_.ShowMessage(text); }
-  bool AskYesNo(const std::string& text) override { return ui_.AskYesNo(text); }
-
- private:
-  UserInterface& ui_;
-};
-
-void PrintValue(const GameState& s, PrintSurface& p, int v, int x, int y) {
+void PrintValue(const Puzzle& puzzle, PrintSurface& p, int v, int x, int y) {
   if (v < 1) {
     p.Box(x, y, x + kCellSize, y + kCellSize);
     return;
   }
   // What CellRank and CellSuit read for a cell holding v.
   const bool known = CardCodeTable::InRange(v);
-  PrintCell(p, known ? s.CardCodes.Rank(v) : 0, known ? std::string(1, s.CardCodes.SuitLetter(v)) : "", x, y);
+  PrintCell(p, known ? puzzle.CardCodes.Rank(v) : 0,
+            known ? std::string(1, puzzle.CardCodes.SuitLetter(v)) : "", x, y);
 }
 
 int NumberValue(const std::string& text) {
@@ -52,7 +41,7 @@ int NumberValue(const std::string& text) {
 template <typename Draw>
 void PrintCurrent(const GameState& s, UserInterface& ui, PrintJobs& jobs, const char* question, Draw draw) {
   if (!ui.AskYesNo(question)) return;
-  PrintSurface* page = jobs.StartJob(s.CurrentPuzzleFile);
+  PrintSurface* page = jobs.StartJob(s.session.CurrentPuzzleFile);
   if (!page) return;
   draw(*page);
   const std::string failure = jobs.EndJob();
@@ -61,7 +50,7 @@ void PrintCurrent(const GameState& s, UserInterface& ui, PrintJobs& jobs, const 
 
 void PrintCurrentPage(const GameState& s, PrintSurface& page, int mode) {
   int x = kPageX, y = kTopY;
-  PrintPage(s, page, x, y, NumberValue(s.view.PuzNumNow), s.view.PuzTitle, mode);
+  PrintPage(s.puzzle, s.view.Remain, page, x, y, NumberValue(s.view.PuzNumNow), s.view.PuzTitle, mode);
 }
 
 struct PrintFileChoice {
@@ -87,16 +76,19 @@ bool ParseAnswer(const std::string& answer, PrintFileChoice& c) {
   return true;  // fields[3], the per-page choice, decides nothing
 }
 
-void PrintRange(const GameState& s, UserInterface& ui, PrintSurface& page, const PrintFileChoice& c) {
-  GameState work = s;
-  QuietUi quiet(ui);
+// The records are read into copies: the puzzle shown is loaded again afterwards.
+void PrintRange(const GameState& s, PrintSurface& page, const PrintFileChoice& c) {
+  Puzzle work = s.puzzle;
+  RemainLists remain = s.view.Remain;
   std::string title;
   auto print = [&](long long n, int y, int mode) {
     int x = kPageX;
-    PrintPage(work, page, x, y, static_cast<int>(n), title, mode);
+    PrintPage(work, remain, page, x, y, static_cast<int>(n), title, mode);
   };
   auto load = [&](long long n) {
-    return LoadPuzzle(work, quiet, c.file, static_cast<int>(n), title, 0) == 0;
+    auto read = ReadPuzzle(work, remain, c.file, static_cast<int>(n));
+    if (read) title = *read;
+    return read.has_value();
   };
   if (c.solutions) {
     for (long long n = c.first; n <= c.last; ++n) {
@@ -128,22 +120,22 @@ void PrintCell(PrintSurface& p, int rank, const std::string& suitLetter, int x, 
   p.Text(x + 560, y + 500, 14, true, rankText);
 }
 
-void PrintPage(const GameState& s, PrintSurface& p, int& originX, int& originY, int number,
-               const std::string& title, int mode) {
+void PrintPage(const Puzzle& puzzle, const RemainLists& remainLists, PrintSurface& p, int& originX,
+               int& originY, int number, const std::string& title, int mode) {
   p.Text(originX, originY, 8, false, (mode == 0 ? "Puz#" : "Sol#") + NumText(number) + ":" + title);
   originY += 200;
-  for (int row = 1; row <= LoopRows(s); ++row) {
-    for (int col = 1; col <= LoopCols(s); ++col) {
-      const int v = mode == 1 ? s.SolutionGrid[row][col] : s.Grid[row][col];
-      PrintValue(s, p, v, s.CellX[row][col] + originX, s.CellY[row][col] + originY);
+  for (int row = 1; row <= LoopRows(puzzle); ++row) {
+    for (int col = 1; col <= LoopCols(puzzle); ++col) {
+      const int v = mode == 1 ? puzzle.SolutionGrid[row][col] : puzzle.Grid[row][col];
+      PrintValue(puzzle, p, v, CellX(col) + originX, CellY(row) + originY);
     }
   }
   if (mode == 0) {
     // Beside the grid, one line per suit in the height of rows 1 to 4.
     for (int suit = 1; suit <= 4; ++suit) {
-      const int x = s.TextX[suit][7] + originX + 900, y = s.TextY[suit][1] + originY;
+      const int x = TextX(7) + originX + 900, y = TextY(suit) + originY;
       PrintCell(p, -1, std::string(1, kSuitLetters[suit]), x, y - 100);
-      const auto& remain = s.Remain[static_cast<size_t>(suit - 1)];
+      const auto& remain = remainLists[static_cast<size_t>(suit - 1)];
       const int count = static_cast<int>(remain.size()), first = x + 500;
       // 300 apart where the line fits the paper; a longer one closes up to end inside it.
       int step = 300;
@@ -153,15 +145,15 @@ void PrintPage(const GameState& s, PrintSurface& p, int& originX, int& originY, 
         p.Text(first + step * i, y, 14, true, remain[static_cast<size_t>(i)].substr(0, 1));
     }
   }
-  p.Text(s.TextX[1][6] + originX + 500, originY - 200, 6, false, kPrintFooter);
+  p.Text(TextX(6) + originX + 500, originY - 200, 6, false, kPrintFooter);
 }
 
 void PrintPuzzleAndSolution(const GameState& s, PrintSurface& p) {
   const int number = NumberValue(s.view.PuzNumNow);
   int x = kPageX, y = kTopY;
-  PrintPage(s, p, x, y, number, "", 0);
+  PrintPage(s.puzzle, s.view.Remain, p, x, y, number, "", 0);
   x = kPageX, y = kCurrentLowerY;
-  PrintPage(s, p, x, y, number, "", 1);
+  PrintPage(s.puzzle, s.view.Remain, p, x, y, number, "", 1);
 }
 
 void mnuprintcurrentpuz(GameState& s, UserInterface& ui, PrintJobs& jobs) {
@@ -202,8 +194,8 @@ std::string Form5Answer(UserInterface& ui, const std::string& file, const std::s
 }
 
 void mnuprintfile(GameState& s, UserInterface& ui, PrintJobs& jobs) {
-  if (RefusedWhileSolving(s, ui)) return;
-  const std::string answer = jobs.AskPrintFile(s.CurrentPuzzleFile);
+  if (RefusedWhileSolving(s.session, ui)) return;
+  const std::string answer = jobs.AskPrintFile(s.session.CurrentPuzzleFile);
   ui.Yield();
   PrintFileChoice choice;
   if (answer.empty() || answer == "X" || !ParseAnswer(answer, choice)) return;
@@ -216,15 +208,14 @@ void mnuprintfile(GameState& s, UserInterface& ui, PrintJobs& jobs) {
   PrintSurface* page = jobs.StartJob(choice.file);
   if (!page) return;
   ui.SetBusy(true);
-  const std::string rememberedFile = s.CurrentPuzzleFile;
-  const int remembered = s.CurrentPuzzleNumber;
-  s.CancelRequest = 0;
-  PrintRange(s, ui, *page, choice);
+  const std::string rememberedFile = s.session.CurrentPuzzleFile;
+  const int remembered = s.session.CurrentPuzzleNumber;
+  s.session.CancelRequest = 0;
+  PrintRange(s, *page, choice);
   const std::string failure = jobs.EndJob();
-  s.CancelRequest = 0;
+  s.session.CancelRequest = 0;
   s.view.NewLab.clear();
-  std::string title;
-  LoadPuzzle(s, ui, rememberedFile, remembered == -1 ? 1 : remembered, title, 1);
+  LoadPuzzle(s, ui, rememberedFile, remembered == -1 ? 1 : remembered);
   ui.SetBusy(false);
   ui.ShowMessage(failure.empty() ? "Done" : failure);
 }

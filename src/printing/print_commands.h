@@ -53,8 +53,8 @@ void PrintCell(PrintSurface& p, int rank, const std::string& suitLetter, int x, 
 
 // Heading, grid and, for mode 0 (puzzle), the remaining cards; mode 1 prints
 // the stored solution. Adds 200 to originY, as callers expect.
-void PrintPage(const GameState& s, PrintSurface& p, int& originX, int& originY, int number,
-               const std::string& title, int mode);
+void PrintPage(const Puzzle& puzzle, const RemainLists& remainLists, PrintSurface& p, int& originX,
+               int& originY, int number, const std::string& title, int mode);
 
 // The page of "Puzzle and Solution": both grids, the headings without a title.
 void PrintPuzzleAndSolution(const GameState& s, PrintSurface& p);

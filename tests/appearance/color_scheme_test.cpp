@@ -25,8 +25,8 @@ std::string SchemeText(const std::string& nameLine, int base) {
 struct SchemeRun {
   explicit SchemeRun(const std::string& contents) {
     dir.Write("all.col", contents);
-    s.AppFolder = dir.path() + "/";
-    s.Scheme.fill(Rgb(1, 2, 3));
+    s.session.AppFolder = dir.path() + "/";
+    s.look.Scheme.fill(Rgb(1, 2, 3));
     FillSchemeList(s, list);
   }
   bool Read(const std::string& name) { return ReadColorScheme(s, ui, name); }
@@ -43,7 +43,7 @@ TEST(ReadColorScheme, LoadsTheNamedSchemeWithElementFiveFromThree) {
   SchemeColors expected;
   for (int i = 0; i < 13; ++i) expected[i] = Rgb(100 + i, 2 * i, 255 - i);
   expected[5] = expected[3];
-  EXPECT_EQ(run.s.Scheme, expected);
+  EXPECT_EQ(run.s.look.Scheme, expected);
   EXPECT_TRUE(run.ui.messages.empty());
 }
 
@@ -68,11 +68,12 @@ TEST(ReadColorScheme, DamagedFilesNeverStopTheProgram) {
   };
   for (const auto& c : cases) {
     SchemeRun run(c.file);
-    run.s.ColorSchemeName = "cut.col";
+    run.s.look.ColorSchemeName = "cut.col";
     EXPECT_EQ(run.Read("cut.col"), c.found) << c.what;
     EXPECT_EQ(run.ui.messages, c.found ? Strings{} : Strings{"Color Scheme: cut.col not found"}) << c.what;
-    EXPECT_EQ(run.s.ColorSchemeName, c.found ? "cut.col" : "default.col") << c.what;
-    EXPECT_EQ(std::vector({run.s.Scheme[0], run.s.Scheme[1]}), std::vector({c.first, c.second})) << c.what;
+    EXPECT_EQ(run.s.look.ColorSchemeName, c.found ? "cut.col" : "default.col") << c.what;
+    EXPECT_EQ(std::vector({run.s.look.Scheme[0], run.s.look.Scheme[1]}), std::vector({c.first, c.second}))
+        << c.what;
   }
 }
 
@@ -87,7 +88,7 @@ TEST(EffectiveColors, DefaultSchemeTakesSystemBackgroundAndGreyButtons) {
 
 TEST(AddSch, AppendsTheLowerCaseNameOnlyWhenNewAndNamed) {
   SchemeRun run(SchemeText("default.col", 0) + " 9; 9; 9");  // no final line end
-  run.s.Scheme[4] = Rgb(10, 20, 30);
+  run.s.look.Scheme[4] = Rgb(10, 20, 30);
   run.ui.texts = {"Blue", "blue", "My.COLours", ""};  // a name with ".col" could never be found again
   EXPECT_TRUE(AddSch(run.s, run.ui, run.list));
   EXPECT_EQ(run.list.items, (Strings{"default", "blue"}));
@@ -125,11 +126,11 @@ TEST(RepSch, ReplacesOnlyTheChosenSchemesColourLinesThroughTheWorkFile) {
 TEST(DelSch, RefusesTheActiveSchemeAfterTheQuestionAndRemovesOthers) {
   const std::string a = SchemeText("a.col", 0), c = SchemeText("c.col", 20);
   SchemeRun run(a + SchemeText("b.col", 10) + c);
-  run.s.ColorSchemeName = "b.col";
+  run.s.look.ColorSchemeName = "b.col";
   EXPECT_FALSE(DelSch(run.s, run.ui, run.list));
   run.list.Select("b");
   EXPECT_FALSE(DelSch(run.s, run.ui, run.list));
-  run.s.ColorSchemeName = "a.col";
+  run.s.look.ColorSchemeName = "a.col";
   EXPECT_TRUE(DelSch(run.s, run.ui, run.list));
   EXPECT_EQ(run.File(), a + c);
   EXPECT_EQ(run.list.items, (Strings{"a", "c"}));

@@ -22,24 +22,26 @@ TEST(Aids, HintsPressedTwiceSolveEveryShippedPuzzleThatDeductionSolves) {
     GameState s = test::Loaded(kShipped, n);
     test::RecordingUi ui;
     GameState solver = s;
-    if (SolveGrid(solver, ui) != 0 || solver.Grid != s.SolutionGrid) continue;
+    if (SolveGrid(solver.puzzle, solver.session, ui) == SolveResult::kCellsLeft ||
+        solver.puzzle.Grid != s.puzzle.SolutionGrid)
+      continue;
     ++solved;
     // A wrong card where the first step would go comes before every other
     // step; the second press takes it off again.
-    const Hint first = FindHint(s);
+    const Hint first = FindHint(s.puzzle);
     const int row = first.row, col = first.col;
-    s.Grid[row][col] = s.SolutionGrid[row][col] % 52 + 1;
+    s.puzzle.Grid[row][col] = s.puzzle.SolutionGrid[row][col] % 52 + 1;
     mnuhint(s, ui);
     EXPECT_EQ(s.view.pb, "the card at " + std::to_string(row) + ", " + std::to_string(col) + " is wrong");
     mnuhint(s, ui);
-    ASSERT_EQ(s.Grid[row][col], 0);
+    ASSERT_EQ(s.puzzle.Grid[row][col], 0);
     EXPECT_EQ(s.view.pb, "");  // the hint's text goes with the step taken
-    for (int step = 0; step < 60 && s.Grid != s.SolutionGrid; ++step) {
+    for (int step = 0; step < 60 && s.puzzle.Grid != s.puzzle.SolutionGrid; ++step) {
       mnuhint(s, ui);
-      ASSERT_NE(FindHint(s).kind, kHintNone) << n;
+      ASSERT_NE(FindHint(s.puzzle).kind, kHintNone) << n;
       mnuhint(s, ui);
     }
-    EXPECT_EQ(s.Grid, s.SolutionGrid) << n;
+    EXPECT_EQ(s.puzzle.Grid, s.puzzle.SolutionGrid) << n;
     EXPECT_EQ(ui.messages, std::vector<std::string>{"Done"}) << n;
   }
   EXPECT_GT(solved, 0);
@@ -53,28 +55,28 @@ TEST(Aids, RedoRestoresBoardAndUndoListAndANewChangeEndsIt) {
   MoveCursor(s, ui, 0, 1);
   EXPECT_EQ(s.view.pb, " Cell 2, Options= 5D 6D 9D");
   for (char letter : std::string("5xd")) TypeLetter(s, ui, letter);  // x forgets the rank
-  EXPECT_EQ(s.Grid[1][2], 0);
+  EXPECT_EQ(s.puzzle.Grid[1][2], 0);
   for (char letter : std::string("5d9d")) TypeLetter(s, ui, letter);  // 9D exchanges 5D
-  EXPECT_EQ(s.Grid[1][2], 35);
+  EXPECT_EQ(s.puzzle.Grid[1][2], 35);
   const GameState placed = s;
   for (int i = 0; i < 3; ++i) UndoLast(s, ui);
   for (int i = 0; i < 4; ++i) mnuredo(s, ui);  // the fourth finds nothing
-  EXPECT_EQ(s.Grid, placed.Grid);
-  EXPECT_EQ(s.UndoList, placed.UndoList);
-  EXPECT_EQ(s.Remain, placed.Remain);
+  EXPECT_EQ(s.puzzle.Grid, placed.puzzle.Grid);
+  EXPECT_EQ(s.session.UndoList, placed.session.UndoList);
+  EXPECT_EQ(s.view.Remain, placed.view.Remain);
   UndoLast(s, ui);
   for (char letter : std::string("6d")) TypeLetter(s, ui, letter);  // a new change ends the redo
   mnuredo(s, ui);
-  EXPECT_EQ(s.Grid[1][2], 23);
+  EXPECT_EQ(s.puzzle.Grid[1][2], 23);
   ClearAtCursor(s, ui);
-  EXPECT_EQ(s.Grid[1][2], 0);
+  EXPECT_EQ(s.puzzle.Grid[1][2], 0);
   // A hint and the cursor end with the board they were shown on.
   mnuhint(s, ui);
   UndoLast(s, ui);
   EXPECT_EQ(s.view.pb, "");
   std::string title;
-  LoadPuzzle(s, ui, test::SolvableFile(), 1, title, 1);
-  EXPECT_EQ(s.aids.cursorRow + s.aids.cursorCol, 0);
+  LoadPuzzle(s, ui, test::SolvableFile(), 1);
+  EXPECT_EQ(s.session.aids.cursorRow + s.session.aids.cursorCol, 0);
 }
 
 }  // namespace

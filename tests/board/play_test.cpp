@@ -31,12 +31,12 @@ class Play : public ::testing::Test {
   }
   void Choose(const std::string& card) {
     for (int list = 0; list < 4; ++list)
-      for (size_t i = 0; i < s.Remain[list].size(); ++i)
-        if (s.Remain[list][i] == card) RemainClick(s, ui, list, static_cast<int>(i));
-    ASSERT_EQ(s.SelectedCard, card);
+      for (size_t i = 0; i < s.view.Remain[list].size(); ++i)
+        if (s.view.Remain[list][i] == card) RemainClick(s, ui, list, static_cast<int>(i));
+    ASSERT_EQ(s.session.SelectedCard, card);
   }
   bool Listed(const std::string& card) {
-    const auto& list = s.Remain[SuitListIndex(card.substr(1))];
+    const auto& list = s.view.Remain[SuitListIndex(card.substr(1))];
     return std::find(list.begin(), list.end(), card) != list.end();
   }
   GameState s = test::Loaded(test::SolvableFile());
@@ -45,25 +45,25 @@ class Play : public ::testing::Test {
 
 TEST_F(Play, StatusForAGivenAnEmptyCellACardAndASuitMarkAndNothingWhileSolving) {
   EXPECT_EQ(StatusAt(1, 1), " Cell 1, Fixed=3C");
-  s.CellOptions[1][2] = 0;  // the options shown are the saved ones
+  s.puzzle.CellOptions[1][2] = 0;  // the options shown are the saved ones
   EXPECT_EQ(StatusAt(1, 2), " Cell 2, Options= 5D 6D 9D");
-  s.Grid[2][5] = 46;
+  s.puzzle.Grid[2][5] = 46;
   EXPECT_EQ(StatusAt(2, 5), " Cell 12, Card=QH");
-  s.Grid[2][3] = s.PuzzleGrid[2][3] = -2;  // a given mark is fixed like a given card
+  s.puzzle.Grid[2][3] = s.puzzle.PuzzleGrid[2][3] = -2;  // a given mark is fixed like a given card
   EXPECT_EQ(StatusAt(2, 3), " Cell 10, Fixed= H");
   EXPECT_EQ(StatusAt(1, 9), "");  // off the board
   s.view.pb = "kept";
-  s.Solving = 1;  // while solving the status stays and a click only asks to cancel
+  s.session.Solving = 1;  // while solving the status stays and a click only asks to cancel
   EXPECT_EQ(StatusAt(1, 1), "kept");
-  s.SelectedCard = "5D";
+  s.session.SelectedCard = "5D";
   ui.answer = false;
   Click(kLeftButton, 1, 2);
-  EXPECT_EQ(s.CancelRequest, 0);
+  EXPECT_EQ(s.session.CancelRequest, 0);
   ui.answer = true;
   Click(kRightButton, 1, 1);
-  EXPECT_EQ(s.CancelRequest, 1);
+  EXPECT_EQ(s.session.CancelRequest, 1);
   EXPECT_EQ(ui.questions, (Strings{"Cancel Solution?", "Cancel Solution?"}));
-  EXPECT_EQ(s.Grid[1][2] * 100 + s.Grid[1][1], 12);
+  EXPECT_EQ(s.puzzle.Grid[1][2] * 100 + s.puzzle.Grid[1][1], 12);
 }
 
 TEST_F(Play, LabelsShowTheCellABorderBelongsToTheSmallerRowAndRefusalsAreSilent) {
@@ -77,35 +77,35 @@ TEST_F(Play, LabelsShowTheCellABorderBelongsToTheSmallerRowAndRefusalsAreSilent)
   Click(kLeftButton, 1, 1);  // a given card
   Click(3, 1, 2);            // neither left nor right
   Choose("3H");
-  Click(kLeftButton, 1, 2);  // no heart among the saved options
-  s.SelectedCard = "ZZ";     // no such card
+  Click(kLeftButton, 1, 2);       // no heart among the saved options
+  s.session.SelectedCard = "ZZ";  // no such card
   Click(kLeftButton, 1, 2);
   Click(kRightButton, 1, 2);  // already empty
   for (const auto& [list, item] : {std::pair{2, -1}, {2, 99}, {7, 0}})
     RemainClick(s, ui, list, item);  // no item
-  EXPECT_EQ(s.SelectedCard, "ZZ");
-  EXPECT_EQ(s.Grid, before.Grid);
-  EXPECT_TRUE(s.UndoList.empty() && ui.messages.empty() && ui.cells.empty());
+  EXPECT_EQ(s.session.SelectedCard, "ZZ");
+  EXPECT_EQ(s.puzzle.Grid, before.puzzle.Grid);
+  EXPECT_TRUE(s.session.UndoList.empty() && ui.messages.empty() && ui.cells.empty());
 }
 
 TEST_F(Play, PlacementTestsTheSuitOnlyAnExchangeLeavesTwoUndoEntriesAndRightClickEmptiesEvenAGiven) {
   Choose("7D");  // 7 is barred in row 1's blank, but diamonds are not
   Click(kLeftButton, 1, 2);
-  EXPECT_EQ(NumText(s.Grid[1][2]) + s.SelectedCard, "27");  // and the chosen card is dropped
+  EXPECT_EQ(NumText(s.puzzle.Grid[1][2]) + s.session.SelectedCard, "27");  // and the chosen card is dropped
   EXPECT_FALSE(Listed("7D"));
   Choose("9D");
   Click(kLeftButton, 1, 2);
   EXPECT_TRUE(Listed("7D"));
   Choose("5D");
   Click(kRightButton, 1, 1);
-  EXPECT_EQ(NumText(s.Grid[1][1]) + NumText(s.Grid[1][2]) + s.SelectedCard, "035");
+  EXPECT_EQ(NumText(s.puzzle.Grid[1][1]) + NumText(s.puzzle.Grid[1][2]) + s.session.SelectedCard, "035");
   EXPECT_TRUE(Listed("3C"));
-  EXPECT_EQ(s.UndoList, (Undo{" 1, 1, 12", " 1, 2, 0", " 1, 2, 27", " 1, 2, 0"}));
+  EXPECT_EQ(s.session.UndoList, (Undo{" 1, 1, 12", " 1, 2, 0", " 1, 2, 27", " 1, 2, 0"}));
   EXPECT_EQ(ui.cells, (Strings{"7,D,1,2", "9,D,1,2", "-1,,1,1"}));
-  s.PuzzleGrid[1][3] = 1;  // a given 1S is as fixed as every other given
-  Choose(s.Remain[0].front());
+  s.puzzle.PuzzleGrid[1][3] = 1;  // a given 1S is as fixed as every other given
+  Choose(s.view.Remain[0].front());
   Click(kLeftButton, 1, 3);
-  EXPECT_EQ(s.Grid[1][3], 41);  // still the JS the file gives
+  EXPECT_EQ(s.puzzle.Grid[1][3], 41);  // still the JS the file gives
 }
 
 }  // namespace

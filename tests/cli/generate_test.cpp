@@ -19,12 +19,12 @@ TEST(Generate, SeededRecordsAreTheContractWhateverTheThreadsNumberedOnAfterThose
   std::string first, after = test::Records(13);
   for (int i = 1; i <= 30; ++i) {  // puzzle i draws from seed 1000 + i
     GameState s;
-    s.rng = Random::Seeded(1000 + static_cast<uint64_t>(i));
+    s.session.rng = Random::Seeded(1000 + static_cast<uint64_t>(i));
     SilentUserInterface ui;
     int level = kLevelVHard;
-    ASSERT_EQ(CreatePuzzle(s, ui, level), 0);
-    first += PuzzleRecordText(s, i, "Book");
-    after += PuzzleRecordText(s, 13 + i, "Book");
+    ASSERT_EQ(CreatePuzzle(s.puzzle, s.session, ui, level), 0);
+    first += PuzzleRecordText(s.puzzle, i, "Book");
+    after += PuzzleRecordText(s.puzzle, 13 + i, "Book");
   }
   for (const auto& [file, jobs] : {std::pair{fresh, "1"}, std::pair{book, "2"}}) {
     const auto r = RunCli({"generate", file, "--count", "30", "--level", "vhard", "--seed", "1000", "--jobs",

@@ -44,9 +44,9 @@ struct Desk {
   explicit Desk(uint64_t seed = 7) {
     std::filesystem::copy_file(test::SampleFile(), Puzzles());
     s = test::Loaded(Puzzles(), 2);
-    s.AppFolder = dir.path() + "/";
-    s.CurrentPuzzleFile = Puzzles();
-    s.rng = Random::Seeded(seed);
+    s.session.AppFolder = dir.path() + "/";
+    s.session.CurrentPuzzleFile = Puzzles();
+    s.session.rng = Random::Seeded(seed);
   }
   std::string Puzzles() const { return dir.File("puzzles.vlm"); }
   std::string Temporary() const { return dir.File("TemporaryPuzzleFile.vlm"); }
@@ -77,7 +77,7 @@ TEST(CreateGuard, RefusedWhileAutoSolveRunsAndMultipleOnlyOnCreate) {
   // A title that would read as a header, or as more than one line.
   for (const char* title : {"#Book 3", "evil\r\n#99\r\nx"})
     mnumultipuzx(d.s, d.ui, Batch(out, "2", kLevelEasy, title));
-  d.s.Solving = 1;
+  d.s.session.Solving = 1;
   mnunewrandpuzx(d.s, d.ui);
   mnumultipuzx(d.s, d.ui, Batch(out, "2", kLevelEasy));
   cmdmakepuzzles(d.s, d.ui, kLevelEasy);
@@ -99,7 +99,7 @@ TEST(OnePuzzle, AppendsToTheTemporaryFileShowsItAndSaysTheLevelACancelOnlyStarts
   for (const std::string& look : d.ui.seen) labels += look.substr(0, look.find('|')) + ";";
   EXPECT_NE(labels.find("Creating New Puzzle...", labels.find(" Canceling...")), std::string::npos) << labels;
   // Shown as the third record of the temporary file, its title read back.
-  EXPECT_EQ(d.s.CurrentPuzzleFile + Str(d.s.CurrentPuzzleNumber) + d.s.view.MaxPuzCount,
+  EXPECT_EQ(d.s.session.CurrentPuzzleFile + Str(d.s.session.CurrentPuzzleNumber) + d.s.view.MaxPuzCount,
             d.Temporary() + " 3 of 3");
   const std::string& title = d.s.view.PuzTitle;
   EXPECT_TRUE(test::IsAutomaticTitle(title)) << title;
@@ -111,7 +111,7 @@ TEST(OnePuzzle, AppendsToTheTemporaryFileShowsItAndSaysTheLevelACancelOnlyStarts
 TEST(MultiplePuzzles, NumbersOnAfterTheRecordsInTheFileWithAutomaticTitlesForABlankOne) {
   Desk d;
   const std::string out = d.dir.Write("out.vlm", test::Records(12));
-  const Board<int32_t> shown = d.s.Grid;
+  const Board<int32_t> shown = d.s.puzzle.Grid;
   mnumultipuzx(d.s, d.ui, Batch(out, "3", kLevelEasy, "   "));
   const std::vector<Strings> records = Records(d.dir.Read("out.vlm"));
   ASSERT_EQ(records.size(), 15u);
@@ -124,8 +124,8 @@ TEST(MultiplePuzzles, NumbersOnAfterTheRecordsInTheFileWithAutomaticTitlesForABl
   EXPECT_EQ(std::ranges::count(d.ui.seen, second), 1);
   EXPECT_EQ(d.ui.messages, Strings{" 3 new puzzles added to file:\r\n" + out});
   // The puzzle shown before comes back, in its own file.
-  EXPECT_EQ(d.s.CurrentPuzzleFile + Str(d.s.CurrentPuzzleNumber), d.Puzzles() + " 2");
-  EXPECT_EQ(d.s.Grid, shown);
+  EXPECT_EQ(d.s.session.CurrentPuzzleFile + Str(d.s.session.CurrentPuzzleNumber), d.Puzzles() + " 2");
+  EXPECT_EQ(d.s.puzzle.Grid, shown);
   EXPECT_EQ(d.ui.seen.back(),
             "Creating Puzzle 3 of 3\r\nOutput File: " + out + "| Done|File: " + d.Puzzles() + "|0");
   EXPECT_FALSE(d.ui.busy || FileExists(d.Temporary()));
@@ -139,7 +139,7 @@ TEST(MultiplePuzzles, DisplayOnlyNeverTouchesTheOutputFile) {
   mnumultipuzx(d.s, d.ui, form);
   EXPECT_EQ(d.dir.Read("out.vlm"), test::Records(4));
   // Shown from the temporary file instead, with an automatic title.
-  EXPECT_EQ(d.s.CurrentPuzzleFile + Str(d.s.CurrentPuzzleNumber), d.Temporary() + " 1");
+  EXPECT_EQ(d.s.session.CurrentPuzzleFile + Str(d.s.session.CurrentPuzzleNumber), d.Temporary() + " 1");
   EXPECT_TRUE(test::IsAutomaticTitle(d.s.view.PuzTitle, "Easy")) << d.s.view.PuzTitle;
   EXPECT_EQ(d.ui.messages, Strings{"Done - Easy"});
 }
@@ -159,7 +159,7 @@ TEST(MultiplePuzzles, OwnTitleOnEveryPuzzleAndCancelEndsTheBatchCountingThePuzzl
   const std::vector<Strings> records = Records(d.dir.Read("out.vlm"));  // the own title on every puzzle
   ASSERT_EQ(records.size(), 4u);
   EXPECT_EQ(records[2][0] + records[2][1] + records[3][0] + records[3][1], "#3 My set #4 My set ");
-  EXPECT_EQ(Str(d.s.CancelRequest) + Str(d.s.CurrentPuzzleNumber), " 0 2");
+  EXPECT_EQ(Str(d.s.session.CancelRequest) + Str(d.s.session.CurrentPuzzleNumber), " 0 2");
 
   // The next batch's Cancel, pressed before its first puzzle, is not taken
   // for a second press of the one before; no file is created.
@@ -170,28 +170,28 @@ TEST(MultiplePuzzles, OwnTitleOnEveryPuzzleAndCancelEndsTheBatchCountingThePuzzl
   mnumultipuzx(d.s, d.ui, Batch(other, "3", kLevelRandom));
   EXPECT_EQ(d.ui.messages, Strings(2, " 0 new puzzles added to file:\r\n" + other));
   EXPECT_FALSE(FileExists(other));
-  EXPECT_EQ(d.s.CancelRequest, 0);
+  EXPECT_EQ(d.s.session.CancelRequest, 0);
 }
 
 TEST(CreateFailures, AFileThatCannotBeWrittenIsReportedAndTheShownPuzzleKept) {
   Desk d;
-  const Board<int32_t> shown = d.s.Grid;
+  const Board<int32_t> shown = d.s.puzzle.Grid;
   const std::string out = d.dir.File("no-such-folder/out.vlm");
   mnumultipuzx(d.s, d.ui, Batch(out, "3", kLevelEasy));
   EXPECT_EQ(d.ui.messages,
             (Strings{"Error apending puzzle to file: " + out, " 0 new puzzles added to file:\r\n" + out}));
-  EXPECT_EQ(d.s.Grid, shown);
+  EXPECT_EQ(d.s.puzzle.Grid, shown);
 }
 
 TEST(MakePuzzlesButton, TransformsTheCurrentFileAndShowsTheCurrentPuzzleAgain) {
   Desk d;
-  const Board<int32_t> shown = d.s.Grid;
+  const Board<int32_t> shown = d.s.puzzle.Grid;
   cmdmakepuzzles(d.s, d.ui, kLevelEasy);
   EXPECT_EQ(CountPuzzles(d.dir.File("puzzles_new.vlm")), 3);
-  d.s.CurrentPuzzleFile.clear();  // no current file: the transformation's own "error?"
+  d.s.session.CurrentPuzzleFile.clear();  // no current file: the transformation's own "error?"
   cmdmakepuzzles(d.s, d.ui, kLevelRandom);
   EXPECT_EQ(d.ui.messages, (Strings{" 3 puzzles made", "error?"}));
-  EXPECT_EQ(d.s.Grid, shown);
+  EXPECT_EQ(d.s.puzzle.Grid, shown);
 }
 
 }  // namespace

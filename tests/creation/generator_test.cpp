@@ -17,16 +17,15 @@ namespace {
 
 GameState SeededState(uint64_t seed) {
   GameState s;
-  s.Rows = s.Cols = 7;
-  CalcCellPos(s);
-  s.rng = Random::Seeded(seed);
+  s.puzzle.Rows = s.puzzle.Cols = 7;
+  s.session.rng = Random::Seeded(seed);
   return s;
 }
 
 GameState Generated(int level, uint64_t seed) {
   GameState s = SeededState(seed);
   SilentUserInterface ui;
-  EXPECT_EQ(CreatePuzzle(s, ui, level), 0);
+  EXPECT_EQ(CreatePuzzle(s.puzzle, s.session, ui, level), 0);
   return s;
 }
 
@@ -36,15 +35,15 @@ TEST(Generator, MatchesTheWordForWordVersionDrawForDraw) {
       GameState fast = SeededState(seed), literal = SeededState(seed);
       int fastLevel = level, literalLevel = level;
       SilentUserInterface ui;
-      ASSERT_EQ(CreatePuzzle(fast, ui, fastLevel), 0);
+      ASSERT_EQ(CreatePuzzle(fast.puzzle, fast.session, ui, fastLevel), 0);
       ASSERT_EQ(test::LiteralCreatePuzzle(literal, ui, literalLevel), 0);
       SCOPED_TRACE("level " + std::to_string(level) + " seed " + std::to_string(seed));
       EXPECT_EQ(fastLevel, literalLevel);
-      EXPECT_EQ(fast.Grid, literal.Grid);
-      EXPECT_EQ(fast.SolutionGrid, literal.SolutionGrid);
-      EXPECT_EQ(fast.PatternMask, literal.PatternMask);
-      for (int k = -4; k <= 52; ++k) EXPECT_EQ(fast.CardCodes.Code(k), literal.CardCodes.Code(k)) << k;
-      EXPECT_EQ(fast.rng.state(), literal.rng.state()) << "a different number of draws";
+      EXPECT_EQ(fast.puzzle.Grid, literal.puzzle.Grid);
+      EXPECT_EQ(fast.puzzle.SolutionGrid, literal.puzzle.SolutionGrid);
+      for (int k = -4; k <= 52; ++k)
+        EXPECT_EQ(fast.puzzle.CardCodes.Code(k), literal.puzzle.CardCodes.Code(k)) << k;
+      EXPECT_EQ(fast.session.rng.state(), literal.session.rng.state()) << "a different number of draws";
       if (HasFailure()) return;
     }
   }
@@ -60,12 +59,13 @@ TEST(Generator, EveryPuzzleSolvesToItsSolutionAndMarksTheUndealtCards) {
       const GameState made = Generated(level, seed);
       GameState s = made;
       SilentUserInterface ui;
-      EXPECT_EQ(SolveGrid(s, ui), 0);
-      ASSERT_EQ(s.Grid, made.SolutionGrid) << "level " << level << " seed " << seed;
+      EXPECT_EQ(SolveGrid(s.puzzle, s.session, ui), SolveResult::kFilled);
+      ASSERT_EQ(s.puzzle.Grid, made.puzzle.SolutionGrid) << "level " << level << " seed " << seed;
       std::set<int> used;
-      for (int r = 1; r <= 7; ++r) used.insert(s.Grid[r].begin() + 1, s.Grid[r].begin() + 8);
+      for (int r = 1; r <= 7; ++r) used.insert(s.puzzle.Grid[r].begin() + 1, s.puzzle.Grid[r].begin() + 8);
       EXPECT_EQ(used.size(), 49u);
-      for (int k = 1; k <= 52; ++k) EXPECT_EQ(made.CardCodes.Code(k) == "00X", used.count(k) == 0) << k;
+      for (int k = 1; k <= 52; ++k)
+        EXPECT_EQ(made.puzzle.CardCodes.Code(k) == "00X", used.count(k) == 0) << k;
     }
   }
 }
@@ -74,7 +74,7 @@ TEST(Generator, EveryPuzzleSolvesToItsSolutionAndMarksTheUndealtCards) {
 struct CancelAtYield : SilentUserInterface {
   CancelAtYield(GameState& state, int at) : state(state), at(at) {}
   void Yield() override {
-    if (++yields == at) state.CancelRequest = 1;
+    if (++yields == at) state.session.CancelRequest = 1;
   }
   GameState& state;
   int at, yields = 0;
@@ -85,15 +85,15 @@ TEST(Generator, CancelIsSeenAtTheNextColumnAttemptAndForgottenByAFreshDeal) {
     GameState fast = SeededState(9), literal = SeededState(9);
     CancelAtYield a(fast, at), b(literal, at);
     int la = kLevelVHard, lb = kLevelVHard;
-    ASSERT_EQ(CreatePuzzle(fast, a, la), 1) << at;
+    ASSERT_EQ(CreatePuzzle(fast.puzzle, fast.session, a, la), 1) << at;
     ASSERT_EQ(test::LiteralCreatePuzzle(literal, b, lb), 1) << at;
-    EXPECT_EQ(fast.Grid, literal.Grid) << at;  // the part dealt so far
+    EXPECT_EQ(fast.puzzle.Grid, literal.puzzle.Grid) << at;  // the part dealt so far
   }
   GameState stale = SeededState(5);
-  stale.CancelRequest = 1;  // standing before the call: cleared by the first fresh deal
+  stale.session.CancelRequest = 1;  // standing before the call: cleared by the first fresh deal
   CancelAtYield never(stale, 0);
   int level = kLevelEasy;
-  EXPECT_EQ(CreatePuzzle(stale, never, level), 0);
+  EXPECT_EQ(CreatePuzzle(stale.puzzle, stale.session, never, level), 0);
 }
 
 uint64_t FrozenClock() { return 12345678901234ULL; }

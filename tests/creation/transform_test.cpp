@@ -40,8 +40,7 @@ TEST(MakePuzzlesFromFile, EveryRecordBlankedAsRemoveGivensDoesAtTheLevelFirstDra
   test::TempDir dir;
   const std::string in = dir.Write("set.vlm", NumericRecord(4, kRowsA) + NumericRecord(9, kRowsB));
   GameState s;
-  CalcCellPos(s);
-  s.rng = Random::Seeded(1);
+  s.session.rng = Random::Seeded(1);
   GameState expected = s;
   test::RecordingUi ui;
   int level = kLevelRandom, literalLevel = kLevelRandom;
@@ -61,11 +60,12 @@ TEST(MakePuzzlesFromFile, EveryRecordBlankedAsRemoveGivensDoesAtTheLevelFirstDra
     EXPECT_TRUE(test::IsAutomaticTitle("Easy " + title.substr(8))) << title;  // the same date and time forms
     const auto& rows = record == 0 ? kRowsA : kRowsB;
     for (int n = 0; n < 49; ++n)
-      expected.SolutionGrid[n / 7 + 1][n % 7 + 1] = expected.Grid[n / 7 + 1][n % 7 + 1] =
+      expected.puzzle.SolutionGrid[n / 7 + 1][n % 7 + 1] = expected.puzzle.Grid[n / 7 + 1][n % 7 + 1] =
           rows[n / 7][n % 7] - '0';
     test::LiteralRemoveGivens(expected, ui, literalLevel);
     std::string cells;  // the puzzle part, row after row
-    for (int n = 0; n < 49; ++n) cells += expected.Grid[n / 7 + 1][n % 7 + 1] ? rows[n / 7][n % 7] : '.';
+    for (int n = 0; n < 49; ++n)
+      cells += expected.puzzle.Grid[n / 7 + 1][n % 7 + 1] ? rows[n / 7][n % 7] : '.';
     want.insert(want.end(), {"#" + std::to_string(record + 1), title,
                              " 7, 7, " + std::to_string(std::ranges::count(cells, '.'))});
     for (int r = 0; r < 7; ++r) want.push_back(cells.substr(7 * static_cast<size_t>(r), 7) + "|" + rows[r]);
@@ -90,7 +90,7 @@ TEST(MakePuzzlesFromFile, ErrorsEndTheRunAndKeepWhatWasMade) {
                {dir.Write("big.vlm", cut), 12, "error?", 0}};  // rows beyond what the grids hold
   for (const auto& c : cases) {
     GameState s;
-    s.Rows = c.rows;
+    s.puzzle.Rows = c.rows;
     test::RecordingUi ui;
     int level = kLevelEasy;
     MakePuzzlesFromFile(s, ui, c.in, level);

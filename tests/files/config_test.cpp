@@ -8,6 +8,7 @@
 #include <tuple>
 
 #include "app/startup.h"
+#include "board/geometry.h"
 #include "model/text.h"
 #include "recording_ui.h"
 #include "test_support.h"
@@ -20,7 +21,7 @@ struct ConfigRun {
   test::RecordingUi ui;
   test::TempDir dir;
   explicit ConfigRun(const char* contents = nullptr) {
-    s.AppFolder = dir.path() + "/";
+    s.session.AppFolder = dir.path() + "/";
     if (contents) dir.Write("velmora.cfg", contents);
     ReadcfgFile(s, ui);
   }
@@ -37,8 +38,8 @@ TEST(ReadcfgFile, FieldsOfTheThreeRememberedValues) {
   };
   for (const auto& [text, read] : cases) {
     ConfigRun run(text);
-    EXPECT_EQ(run.s.ColorSchemeName + "|" + run.s.CurrentPuzzleFile + "|" + Str(run.s.CurrentPuzzleNumber) +
-                  (run.ui.messages.empty() ? "" : "|and a message"),
+    EXPECT_EQ(run.s.look.ColorSchemeName + "|" + run.s.session.CurrentPuzzleFile + "|" +
+                  Str(run.s.session.CurrentPuzzleNumber) + (run.ui.messages.empty() ? "" : "|and a message"),
               read);
   }
 }
@@ -55,17 +56,17 @@ TEST(ReadcfgFile, FirstRunAndShortOrBadFilesShowTheMessageOnceAndWriteTheFileAne
     EXPECT_EQ(run.ui.messages,
               std::vector<std::string>{"Configuration file:\r\n" + run.dir.path() +
                                        "/velmora.cfg\r\ncould not be accessed, new file will be created"});
-    EXPECT_EQ(run.s.ColorSchemeName + Str(run.s.CurrentPuzzleNumber), "default.col 0");
+    EXPECT_EQ(run.s.look.ColorSchemeName + Str(run.s.session.CurrentPuzzleNumber), "default.col 0");
     EXPECT_EQ(run.dir.Read("velmora.cfg"), run.Written().at(0) + "\r\ndefault.col\r\n" + file + "\r\n1\r\n");
   }
 }
 
 TEST(SavecfgFile, WritesTheFourLinesOrReportsTheFolder) {
   ConfigRun run("x\nsea.col\n/data/p.vlm\n1\n");
-  run.s.CurrentPuzzleNumber = 12;
+  run.s.session.CurrentPuzzleNumber = 12;
   ASSERT_TRUE(SavecfgFile(run.s, run.ui));
   EXPECT_EQ(run.Written()[1] + "|" + run.Written()[2] + "|" + run.Written()[3], "sea.col|/data/p.vlm| 12 ");
-  run.s.AppFolder = run.dir.path() + "/missing/";
+  run.s.session.AppFolder = run.dir.path() + "/missing/";
   EXPECT_FALSE(SavecfgFile(run.s, run.ui));
   EXPECT_EQ(run.ui.messages,
             std::vector<std::string>{"Configuration file:\r\n" + run.dir.path() +
@@ -93,8 +94,9 @@ TEST(StartUp, FallsBackToTheDefaultFileAndThenToAnEmptyBoard) {
     int setCols = 0;
     StartUp(s, ui, dir.path(), [&] { ++setCols; });
     EXPECT_EQ(ui.messages.size(), messages) << config;
-    EXPECT_EQ(s.CurrentPuzzleFile + "|" + s.view.PuzNumNow, shown ? dir.File("puzzles.vlm") + "|1" : "|");
-    EXPECT_EQ(CountBlanks(s) == 49 && s.CellX[7][7] == 30 + 6 * 810, !shown) << config;  // an empty 7x7
+    EXPECT_EQ(s.session.CurrentPuzzleFile + "|" + s.view.PuzNumNow,
+              shown ? dir.File("puzzles.vlm") + "|1" : "|");
+    EXPECT_EQ(CountBlanks(s.puzzle) == 49 && CellX(7) == 30 + 6 * 810, !shown) << config;  // an empty 7x7
     EXPECT_TRUE(setCols == 1 && !ui.busy);
   }
 }

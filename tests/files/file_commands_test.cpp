@@ -35,14 +35,14 @@ namespace fs = std::filesystem;
 // Record n of `file` on show as after start-up, the program folder beside it.
 GameState Showing(const std::string& file, int n) {
   GameState s = test::Loaded(file, n);
-  s.AppFolder = fs::path(file).parent_path().string() + "/";
-  s.CurrentPuzzleFile = file;
+  s.session.AppFolder = fs::path(file).parent_path().string() + "/";
+  s.session.CurrentPuzzleFile = file;
   return s;
 }
 
 // What the puzzle fields show: "2 of 3 T2".
 std::string Shown(const GameState& s) {
-  return NumText(s.CurrentPuzzleNumber) + s.view.MaxPuzCount + " " + s.view.PuzTitle;
+  return NumText(s.session.CurrentPuzzleNumber) + s.view.MaxPuzCount + " " + s.view.PuzTitle;
 }
 
 // A folder whose p.vlm holds `count` records T1, T2, ..., record n on show.
@@ -60,11 +60,11 @@ TEST(Load, AsksInTheProgramFolderShowsTheFirstPuzzleAndKeepsTheNewNameEvenWhenLo
   d.ui.names = {"", d.dir.Write("b.vlm", Record(9, "other", 20) + Record(4, "x")), d.dir.File("missing.vlm")};
   mnuloadpuz(d.s, d.ui);  // cancelled
   EXPECT_EQ(Shown(d.s), "3 of 3 T3");
-  EXPECT_EQ(d.ui.requests[0].mode + d.ui.requests[0].defaultDir, "OPEN" + d.s.AppFolder);
+  EXPECT_EQ(d.ui.requests[0].mode + d.ui.requests[0].defaultDir, "OPEN" + d.s.session.AppFolder);
   mnuloadpuz(d.s, d.ui);
-  EXPECT_EQ(Shown(d.s) + Str(d.s.SolutionGrid[1][1]), "1 of 2 other 21");
+  EXPECT_EQ(Shown(d.s) + Str(d.s.puzzle.SolutionGrid[1][1]), "1 of 2 other 21");
   mnuloadpuz(d.s, d.ui);  // the name is kept, the old board stays on show
-  EXPECT_EQ(d.s.CurrentPuzzleFile + Shown(d.s), d.dir.File("missing.vlm") + "1 of 2 other");
+  EXPECT_EQ(d.s.session.CurrentPuzzleFile + Shown(d.s), d.dir.File("missing.vlm") + "1 of 2 other");
   EXPECT_TRUE(d.ui.messages.empty());
 }
 
@@ -83,8 +83,9 @@ TEST(Copy, AsksBeforeOverwritingANonEmptyFileAndLeavesTheTargetAloneOnErrors) {
   EXPECT_EQ(d.ui.messages, (Strings{"Puzzle file saved as:\r\n" + fresh, "Puzzle file saved as:\r\n" + other,
                                     "Puzzle file saved as:\r\n" + d.file}));
   for (const char* name : {"new.vlm", "other.vlm", "p.vlm"}) EXPECT_EQ(d.dir.Read(name), Records(3));
-  EXPECT_EQ(d.s.CurrentPuzzleFile + d.ui.requests[0].mode, d.file + "SAVE");
-  d.s.CurrentPuzzleFile = d.dir.File("gone.vlm");  // from a file that has gone: the target is not emptied
+  EXPECT_EQ(d.s.session.CurrentPuzzleFile + d.ui.requests[0].mode, d.file + "SAVE");
+  d.s.session.CurrentPuzzleFile =
+      d.dir.File("gone.vlm");  // from a file that has gone: the target is not emptied
   d.ui.names = {other};
   mnusaveas(d.s, d.ui);
   EXPECT_EQ(d.dir.Read("other.vlm"), Records(3));
@@ -93,38 +94,39 @@ TEST(Copy, AsksBeforeOverwritingANonEmptyFileAndLeavesTheTargetAloneOnErrors) {
 TEST(Save, AppendsTheBoardAsAPuzzleToTheChosenFileWithoutSwitchingToIt) {
   Desk d(3, 2);
   const std::string fresh = d.dir.File("fresh.vlm"), three = d.dir.Write("three.vlm", Records(3, 40));
-  d.s.Grid[1][1] = d.s.SolutionGrid[1][2];  // a wrong card: saved as the solution's
+  d.s.puzzle.Grid[1][1] = d.s.puzzle.SolutionGrid[1][2];  // a wrong card: saved as the solution's
   d.s.view.PuzTitle = "edited title";
   d.ui.names = {fresh, three};
   for (int i = 0; i < 2; ++i) mnusaveassli(d.s, d.ui);
   EXPECT_EQ(d.ui.messages, (Strings{"Puzzle number 1 added to file:\r\n" + fresh,
                                     "Puzzle number 4 added to file:\r\n" + three}));
   EXPECT_EQ(d.dir.Read("fresh.vlm").substr(0, 24), "#1\r\nedited title\r\n 7, 7,");
-  EXPECT_EQ(test::Loaded(fresh).Grid[1][1], d.s.SolutionGrid[1][1]);
+  EXPECT_EQ(test::Loaded(fresh).puzzle.Grid[1][1], d.s.puzzle.SolutionGrid[1][1]);
   EXPECT_EQ(test::Headers(d.dir.Read("three.vlm")), (Strings{"#40", "#41", "#42", "#4"}));
-  EXPECT_EQ(d.s.CurrentPuzzleFile + Shown(d.s), d.file + "2 of 3 edited title");
+  EXPECT_EQ(d.s.session.CurrentPuzzleFile + Shown(d.s), d.file + "2 of 3 edited title");
 }
 
 TEST(AppendAndReset, RefusedWhileSolvingOrAskFirstThenChangeTheFileOrTheBoard) {
   Desk d(3, 2);
-  d.s.Solving = 1;
+  d.s.session.Solving = 1;
   mnuappend(d.s, d.ui);
   mnudelete(d.s, d.ui);
   mnupuzreset(d.s, d.ui);
   for (int arrow : {kArrowPrevious, kArrowNext, kArrowRandom}) d.Arrow(arrow);
   EXPECT_EQ(d.ui.messages, Strings(6, "Cancel AutoSolve first"));
-  d.s.Solving = 0;
-  d.s.Grid[3][3] = d.s.SolutionGrid[3][3];
+  d.s.session.Solving = 0;
+  d.s.puzzle.Grid[3][3] = d.s.puzzle.SolutionGrid[3][3];
   d.ui.answer = false;
   mnuappend(d.s, d.ui);
   mnupuzreset(d.s, d.ui);
   EXPECT_EQ(d.ui.questions,
             (Strings{"Append current puzzle to file:\r\n" + d.file, "Reset puzzle from file?"}));
-  EXPECT_EQ(d.dir.Read("p.vlm") + Str(d.s.Grid[3][3]), Records(3) + Str(d.s.SolutionGrid[3][3]));
+  EXPECT_EQ(d.dir.Read("p.vlm") + Str(d.s.puzzle.Grid[3][3]),
+            Records(3) + Str(d.s.puzzle.SolutionGrid[3][3]));
   d.ui.answer = true;
   mnuappend(d.s, d.ui);  // and shows the appended record
-  EXPECT_EQ(test::Headers(d.dir.Read("p.vlm")).back() + " " + Shown(d.s) + Str(d.s.PuzzleGrid[3][3]),
-            "#4 4 of 4 T2" + Str(d.s.SolutionGrid[3][3]));  // the placed card now a given
+  EXPECT_EQ(test::Headers(d.dir.Read("p.vlm")).back() + " " + Shown(d.s) + Str(d.s.puzzle.PuzzleGrid[3][3]),
+            "#4 4 of 4 T2" + Str(d.s.puzzle.SolutionGrid[3][3]));  // the placed card now a given
   d.s.view.PuzNumNow = "3.9";  // Reset loads whatever the box holds, even without Enter
   mnupuzreset(d.s, d.ui);
   EXPECT_EQ(Shown(d.s), "3 of 4 T3");
@@ -143,7 +145,7 @@ TEST(Arrows, StepWrapJumpCountAfreshDrawAndFallBackAndTheTypedNumber) {
   EXPECT_EQ(shown, (Strings{"10 of 10 T10", "1 of 10 T1", "2 of 10 T2", "10 of 10 T10", "9 of 10 T9",
                             "1 of 10 T1"}));
   EXPECT_FALSE(d.ui.busy);  // the pointer is back to normal after each step
-  d.s.rng = Random::Seeded(7);
+  d.s.session.rng = Random::Seeded(7);
   std::set<std::string> seen;  // random draws every record, with either button
   for (int i = 0; i < 300; ++i) {
     d.Arrow(kArrowRandom, i % 2 ? kRightButton : kLeftButton);
@@ -152,14 +154,14 @@ TEST(Arrows, StepWrapJumpCountAfreshDrawAndFallBackAndTheTypedNumber) {
   EXPECT_EQ(seen.size(), 10u);
   d.s = Showing(d.dir.Write("b.vlm", Records(2) + "#3\r\nbad\r\n 7, 7, 0\r\nAB\r\n"), 2);
   d.Arrow(kArrowNext);  // a record that cannot be loaded: back to the one shown
-  EXPECT_EQ(Shown(d.s) + Str(d.s.SolutionGrid[1][1]), "2 of 3 T2 2");
+  EXPECT_EQ(Shown(d.s) + Str(d.s.puzzle.SolutionGrid[1][1]), "2 of 3 T2 2");
   d.s.view.PuzNumNow = " 1";  // the typed number, on Enter, within the file only
   PuzNumNowEnter(d.s, d.ui);
   EXPECT_EQ(Shown(d.s) + "|" + d.s.view.PuzNumNow, "1 of 3 T1|1");
   for (const char* typed : {"0", "4", "-1", "abc", "99999999999"}) {
     d.s.view.PuzNumNow = typed;
     PuzNumNowEnter(d.s, d.ui);
-    EXPECT_EQ(Str(d.s.CurrentPuzzleNumber) + "|" + d.s.view.PuzNumNow, " 1|" + std::string(typed));
+    EXPECT_EQ(Str(d.s.session.CurrentPuzzleNumber) + "|" + d.s.view.PuzNumNow, " 1|" + std::string(typed));
   }
   EXPECT_TRUE(d.ui.messages.empty());
 }
@@ -232,12 +234,12 @@ TEST_F(Delete, RemovesTheTypedRecordKeepsLaterHeaderNumbersAndShowsItsNeighbour)
 
 TEST_F(Delete, OnePuzzleFileAloneEvenWhenTheCountShownIsStaleAndNoRefused) {
   GameState s = Showing(dir_.Write("one.vlm", Record(1, "only")), 1);
-  s.Solving = 1;  // the arrows do nothing, without even the guard's message
+  s.session.Solving = 1;  // the arrows do nothing, without even the guard's message
   for (int arrow : {kArrowPrevious, kArrowNext, kArrowRandom}) arrowsMouseUp(s, ui_, arrow, kRightButton);
-  EXPECT_EQ(Str(s.CurrentPuzzleNumber) + Str(ui_.boards) + Str(ui_.messages.size()), " 1 0 0");
-  s.Solving = 0;
-  mnudelete(s, ui_);  // not even asked
-  s.PuzzleCount = 2;  // the recount after the question catches it
+  EXPECT_EQ(Str(s.session.CurrentPuzzleNumber) + Str(ui_.boards) + Str(ui_.messages.size()), " 1 0 0");
+  s.session.Solving = 0;
+  mnudelete(s, ui_);          // not even asked
+  s.session.PuzzleCount = 2;  // the recount after the question catches it
   mnudelete(s, ui_);
   EXPECT_EQ(ui_.messages, Strings(2, "There is only one puzzle in this file"));
   GameState t = Showing(dir_.Write("two.vlm", Records(2)), 2);
@@ -425,7 +427,7 @@ TEST(FileSafety, AnOrdinaryUserRewritesNoFileTheyMayNotWriteAndKeepsOwnersAndLin
     Random rng = Random::Seeded(1);
     SortPuzzleFile(sort, rng, ui);
     GameState s;
-    s.AppFolder = dir.path() + "/";
+    s.session.AppFolder = dir.path() + "/";
     SchemeListBox list;
     FillSchemeList(s, list);
     list.Select("blue");

@@ -33,10 +33,9 @@ std::string Damaged(const std::string& size, int rows = 7, const std::string& ro
 // LoadPuzzle's not-found result.
 int Load(GameState& s, const std::string& file, int n) {
   test::RecordingUi ui;
-  std::string title;
-  const int notFound = LoadPuzzle(s, ui, file, n, title, 1);
-  EXPECT_EQ(ui.boards, notFound == 0 ? 1 : 0) << "a load draws when it succeeds";
-  return notFound;
+  const bool loaded = LoadPuzzle(s, ui, file, n);
+  EXPECT_EQ(ui.boards, loaded ? 1 : 0) << "a load draws when it succeeds";
+  return loaded ? 0 : 1;
 }
 
 TEST(LoadPuzzle, ANumberOutsideTheFileFailsAndLeavesBoardAndDisplay) {
@@ -44,7 +43,7 @@ TEST(LoadPuzzle, ANumberOutsideTheFileFailsAndLeavesBoardAndDisplay) {
   GameState s = test::Loaded(file, 2);
   const GameState before = s;
   for (int n : {CountPuzzles(file) + 1, 0, -1}) EXPECT_EQ(Load(s, file, n), 1) << n;
-  EXPECT_EQ(s.Grid, before.Grid);
+  EXPECT_EQ(s.puzzle.Grid, before.puzzle.Grid);
   EXPECT_EQ(s.view.PuzNumNow + s.view.MaxPuzCount + s.view.PuzTitle,
             before.view.PuzNumNow + before.view.MaxPuzCount + before.view.PuzTitle);
 }
@@ -67,24 +66,24 @@ TEST(LoadPuzzle, DamagedRecordsFailOrLoadWithinTheTablesWithoutACrash) {
   };
   for (const auto& [what, record, rows] : cases) {
     GameState s;
-    EXPECT_EQ(Load(s, dir.Write("bad.vlm", record), 1) ? kFails : s.Rows, rows) << what;
+    EXPECT_EQ(Load(s, dir.Write("bad.vlm", record), 1) ? kFails : s.puzzle.Rows, rows) << what;
   }
   // A short cell line fails after the rows before it were overwritten.
   GameState s;
-  s.Solving = 1;
+  s.session.Solving = 1;
   EXPECT_EQ(Load(s, dir.Write("short.vlm", Damaged(" 7, 7, 0", 2) + "AB|ABCDEFG\r\n"), 1), 1);
-  EXPECT_EQ(Str(s.Grid[2][3]) + Str(s.SolutionGrid[2][3]) + Str(s.Solving), " 0 3 0");
+  EXPECT_EQ(Str(s.puzzle.Grid[2][3]) + Str(s.puzzle.SolutionGrid[2][3]) + Str(s.session.Solving), " 0 3 0");
 }
 
 // Number 0 writes the board as record 1 in place of the whole file.
 TEST(WritePuzzleRecord, NumberZeroReplacesTheFileAndSuitOnlyMarksAreWrittenEmptyButNotCountedAsBlanks) {
   test::TempDir dir;
   GameState s = test::Loaded(test::SolvableFile());  // 14 blanks, (1,2) and (1,6) among them
-  s.Grid[1][2] = -2;
-  s.Grid[1][6] = -4;
-  s.Grid[2][1] = 0;  // a given taken away
+  s.puzzle.Grid[1][2] = -2;
+  s.puzzle.Grid[1][6] = -4;
+  s.puzzle.Grid[2][1] = 0;  // a given taken away
   const std::string file = dir.Write("w.vlm", Records(2));
-  ASSERT_TRUE(WritePuzzleRecord(s, file, 0, "marks"));
+  ASSERT_TRUE(WritePuzzleRecord(s.puzzle, file, 0, "marks"));
   const auto lines = test::Lines(dir.Read("w.vlm"));
   ASSERT_EQ(lines.size(), 10u);
   EXPECT_EQ(lines[0] + lines[1] + "|" + lines[2] + "|" + lines[3], "#1marks| 7, 7, 13|L@i_f@m|Lci_fPm");
@@ -98,8 +97,7 @@ std::string Loads(const std::string& file) {
   std::string seen = Str(count) + ":";
   for (int n = 1; n <= count + 2; ++n) {
     GameState s;
-    std::string title;
-    seen += (LoadPuzzle(s, ui, file, n, title, 0) ? "-" : title) + "|";
+    seen += (LoadPuzzle(s, ui, file, n, Draw::kNo) ? s.view.PuzTitle : "-") + "|";
   }
   return seen;
 }
@@ -125,9 +123,9 @@ TEST(RecordIndex, LoadsAndCountsAsReadingFromTheTopFreshKeptAndAfterOwnAppends) 
     EXPECT_EQ(Loads(file), " 6:#seven|three||t|-|-|-|-|") << pass;  // "#9" has no title
   }
   GameState s = test::Loaded(file, 4);  // the grid of the record asked for
-  EXPECT_EQ(s.SolutionGrid[7][7], 20);
+  EXPECT_EQ(s.puzzle.SolutionGrid[7][7], 20);
   // The first appended header is the title "#9" lacked; the size line then is "new 1".
-  for (const char* title : {"new 1", "#new 2"}) EXPECT_GT(AppendPuzzleRecord(s, file, title), 0);
+  for (const char* title : {"new 1", "#new 2"}) EXPECT_GT(AppendPuzzleRecord(s.puzzle, file, title), 0);
   EXPECT_EQ(Loads(file), " 8:#seven|three||t|-| #new 2|-|-|-|-|");
 
   // An over-long line is damage: the records before it are not shown as if

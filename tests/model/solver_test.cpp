@@ -16,7 +16,7 @@
 namespace velmora {
 namespace {
 
-bool InDeck(const GameState& s, int v) { return v >= 1 && v <= 52 && s.CardCodes.Code(v) != "00X"; }
+bool InDeck(const GameState& s, int v) { return v >= 1 && v <= 52 && s.puzzle.CardCodes.Code(v) != "00X"; }
 
 // The rules read straight off the board: card k may go into (r, c) unless it
 // lies on the board, a card of the row or column has its rank, or a card next
@@ -28,9 +28,9 @@ CardSet ReferenceOptions(const GameState& s, int r, int c) {
   CardSet options = 0;
   for (int k = 1; k <= 52; ++k) {
     bool fits = InDeck(s, k);
-    for (int i = 1; i <= s.Rows; ++i) {
-      for (int j = 1; j <= s.Cols; ++j) {
-        const int v = s.Grid[i][j], gap = (rank(k) - rank(v) + 13) % 13;
+    for (int i = 1; i <= s.puzzle.Rows; ++i) {
+      for (int j = 1; j <= s.puzzle.Cols; ++j) {
+        const int v = s.puzzle.Grid[i][j], gap = (rank(k) - rank(v) + 13) % 13;
         const bool line = (i == r) != (j == c), next = std::abs(i - r) + std::abs(j - c) == 1;
         if (v == k || (line && rank(v) == rank(k))) fits = false;
         if (next && (suit(v) == suit(k) || (rank(v) > 0 && (gap == 1 || gap == 12)))) fits = false;
@@ -46,29 +46,30 @@ CardSet ReferenceOptions(const GameState& s, int r, int c) {
 // an option of one cell alone goes there.
 int ReferenceSolve(GameState& s) {
   const auto update = [&s] {
-    for (int r = 1; r <= s.Rows; ++r)
-      for (int c = 1; c <= s.Cols; ++c)
-        s.CellOptions[r][c] = s.Grid[r][c] > 0 ? 0 : ReferenceOptions(s, r, c);
+    for (int r = 1; r <= s.puzzle.Rows; ++r)
+      for (int c = 1; c <= s.puzzle.Cols; ++c)
+        s.puzzle.CellOptions[r][c] = s.puzzle.Grid[r][c] > 0 ? 0 : ReferenceOptions(s, r, c);
   };
   update();
   for (bool changed = true; changed;) {
     changed = false;
-    for (int r = 1; r <= s.Rows; ++r)
-      for (int c = 1; c <= s.Cols; ++c)
-        if (std::popcount(s.CellOptions[r][c]) == 1)
-          s.Grid[r][c] = std::countr_zero(s.CellOptions[r][c]) + 1, changed = true;
+    for (int r = 1; r <= s.puzzle.Rows; ++r)
+      for (int c = 1; c <= s.puzzle.Cols; ++c)
+        if (std::popcount(s.puzzle.CellOptions[r][c]) == 1)
+          s.puzzle.Grid[r][c] = std::countr_zero(s.puzzle.CellOptions[r][c]) + 1, changed = true;
     update();
     int count[53] = {}, row[53] = {}, col[53] = {};
-    for (int r = 1; r <= s.Rows; ++r)
-      for (int c = 1; c <= s.Cols; ++c)
+    for (int r = 1; r <= s.puzzle.Rows; ++r)
+      for (int c = 1; c <= s.puzzle.Cols; ++c)
         for (int k = 1; k <= 52; ++k)
-          if (s.CellOptions[r][c] & CardBit(k)) ++count[k], row[k] = r, col[k] = c;
+          if (s.puzzle.CellOptions[r][c] & CardBit(k)) ++count[k], row[k] = r, col[k] = c;
     for (int k = 1; k <= 52; ++k)
-      if (count[k] == 1) s.Grid[row[k]][col[k]] = k, s.CellOptions[row[k]][col[k]] = 0, changed = true;
+      if (count[k] == 1)
+        s.puzzle.Grid[row[k]][col[k]] = k, s.puzzle.CellOptions[row[k]][col[k]] = 0, changed = true;
   }
-  for (int r = 1; r <= s.Rows; ++r)
-    for (int c = 1; c <= s.Cols; ++c)
-      if (s.Grid[r][c] == 0) return 1;
+  for (int r = 1; r <= s.puzzle.Rows; ++r)
+    for (int c = 1; c <= s.puzzle.Cols; ++c)
+      if (s.puzzle.Grid[r][c] == 0) return 1;
   return 0;
 }
 
@@ -76,9 +77,9 @@ void ExpectSameAsReference(const GameState& start, const std::string& what) {
   GameState fast = start, slow = start;
   SilentUserInterface ui;
   const int expected = ReferenceSolve(slow);
-  EXPECT_EQ(SolveGrid(fast, ui), expected) << what;
-  EXPECT_EQ(fast.Grid, slow.Grid) << what;
-  EXPECT_EQ(fast.CellOptions, slow.CellOptions) << what;
+  EXPECT_EQ(static_cast<int>(SolveGrid(fast.puzzle, fast.session, ui)), expected) << what;
+  EXPECT_EQ(fast.puzzle.Grid, slow.puzzle.Grid) << what;
+  EXPECT_EQ(fast.puzzle.CellOptions, slow.puzzle.CellOptions) << what;
 }
 
 // The solution with `blanks` random cells changed: most emptied, some made
@@ -86,11 +87,11 @@ void ExpectSameAsReference(const GameState& start, const std::string& what) {
 // marks replaced by other suits, cells left without options).
 GameState Scrambled(const GameState& full, std::mt19937& rng, int blanks) {
   GameState s = full;
-  s.Grid = s.SolutionGrid;
+  s.puzzle.Grid = s.puzzle.SolutionGrid;
   for (int b = 0; b < blanks; ++b) {
     const int r = 1 + static_cast<int>(rng() % 7), c = 1 + static_cast<int>(rng() % 7);
     const unsigned kind = rng() % 10;
-    s.Grid[r][c] =
+    s.puzzle.Grid[r][c] =
         kind == 0 ? -static_cast<int>(1 + rng() % 4) : (kind == 1 ? 1 + static_cast<int>(rng() % 52) : 0);
   }
   return s;
@@ -113,9 +114,9 @@ TEST(SolveGrid, BoardsItCannotReadGiveOneWithoutACrash) {
   const int cases[][3] = {{7, 60, 1}, {0, 0, 0}, {-3, 0, 0}, {12, 0, 1}};
   for (const auto& [rows, value, result] : cases) {
     GameState s = test::Loaded(test::SolvableFile());
-    s.Rows = rows, s.Grid[1][2] = value;
-    EXPECT_EQ(SolveGrid(s, ui), result) << rows;
-    EXPECT_EQ(s.Solving, 0) << rows;
+    s.puzzle.Rows = rows, s.puzzle.Grid[1][2] = value;
+    EXPECT_EQ(static_cast<int>(SolveGrid(s.puzzle, s.session, ui)), result) << rows;
+    EXPECT_EQ(s.session.Solving, 0) << rows;
   }
 }
 
@@ -125,7 +126,7 @@ class InterferingUi : public SilentUserInterface {
  public:
   InterferingUi(GameState& s, std::function<void(GameState&)> act) : s_(s), act_(std::move(act)) {}
   void Yield() override {
-    if (solving == -1) solving = s_.Solving, act_(s_);
+    if (solving == -1) solving = s_.session.Solving, act_(s_);
   }
   int solving = -1;
 
@@ -136,21 +137,20 @@ class InterferingUi : public SilentUserInterface {
 
 TEST(SolveGrid, GoesOnFromTheBoardALoadOrAnUndoDuringItsYieldLeaves) {
   const int wrong =
-      test::Loaded(test::SolvableFile()).SolutionGrid[1][6];  // a card of the deck, wrong at (1, 2)
+      test::Loaded(test::SolvableFile()).puzzle.SolutionGrid[1][6];  // a card of the deck, wrong at (1, 2)
   SilentUserInterface quiet;
-  std::string title;
   const std::function<void(GameState&)> acts[] = {
-      [&](GameState& st) { ASSERT_EQ(LoadPuzzle(st, quiet, test::SampleFile(), 2, title, 0), 0); },
+      [&](GameState& st) { ASSERT_TRUE(LoadPuzzle(st, quiet, test::SampleFile(), 2, Draw::kNo)); },
       [&](GameState& st) { UndoLast(st, quiet); }};
   for (int i = 0; i < 2; ++i) {
     GameState s = test::Loaded(test::SolvableFile());
-    s.UndoList.push_front(UndoEntry(1, 2, wrong));
+    s.session.UndoList.push_front(UndoEntry(1, 2, wrong));
     GameState expected = s;
     acts[i](expected);
-    const int result = SolveGrid(expected, quiet);
+    const SolveResult result = SolveGrid(expected.puzzle, expected.session, quiet);
     InterferingUi ui(s, acts[i]);
-    EXPECT_EQ(SolveGrid(s, ui), result) << i;
-    EXPECT_EQ(s.Grid, expected.Grid) << i;
+    EXPECT_EQ(SolveGrid(s.puzzle, s.session, ui), result) << i;
+    EXPECT_EQ(s.puzzle.Grid, expected.puzzle.Grid) << i;
     EXPECT_EQ(ui.solving, 1) << i;
   }
 }

@@ -61,11 +61,11 @@ struct RecordingJobs : PrintJobs {
 
 TEST(PrintPage, HeadingCellsAndRemainingCardsOfPuzzleAndSolution) {
   GameState s = test::Loaded(test::SampleFile(), 1);
-  s.Grid[1][2] = -3;  // a suit-only mark prints as an empty box
-  s.Grid[2][1] = 1;   // the first card, 1S, prints as any other
+  s.puzzle.Grid[1][2] = -3;  // a suit-only mark prints as an empty box
+  s.puzzle.Grid[2][1] = 1;   // the first card, 1S, prints as any other
   RecordingPage page;
   int x = 1800, y = 1400;
-  PrintPage(s, page, x, y, 12, "Easy 3", 0);
+  PrintPage(s.puzzle, s.view.Remain, page, x, y, 12, "Easy 3", 0);
   const Strings& p = page.pages.at(0);
   EXPECT_EQ(p.front(), "T 1800,1400 8 Puz#12:Easy 3");
   // Row 1 of record 1: R (card 18, 5 of hearts), the mark, \ (28, 7 of clubs);
@@ -88,7 +88,7 @@ TEST(PrintPage, HeadingCellsAndRemainingCardsOfPuzzleAndSolution) {
 
   RecordingPage solution;
   x = 1800, y = 8400;
-  PrintPage(s, solution, x, y, 12, "Easy 3", 1);
+  PrintPage(s.puzzle, s.view.Remain, solution, x, y, 12, "Easy 3", 1);
   EXPECT_TRUE(solution.Has("S 2700,8680 0"));  // the solution's spade where the mark was
   for (const std::string& m : solution.pages.at(0)) EXPECT_LT(std::stoi(m.substr(2)), 7500) << m;
 }
@@ -96,13 +96,13 @@ TEST(PrintPage, HeadingCellsAndRemainingCardsOfPuzzleAndSolution) {
 TEST(PrintPage, EveryRemainingCardOfAFullSuitIsPrintedInsideA4AndLetterPaper) {
   GameState s = test::Loaded(test::SampleFile(), 1);
   for (int r = 1; r <= 7; ++r)
-    for (int c = 1; c <= 7; ++c) s.Grid[r][c] = 0;
-  ASSERT_TRUE(UpdateOptions(s, 1));  // all 49 cards remain: at least one suit whole
+    for (int c = 1; c <= 7; ++c) s.puzzle.Grid[r][c] = 0;
+  ASSERT_TRUE(UpdateOptions(s.puzzle, s.view.Remain));  // all 49 cards remain: at least one suit whole
   for (int right : {11906 - 360, 12240 - 360}) {
     RecordingPage page;
     page.right = right;
     int x = 1800, y = 1400, beside = 0;
-    PrintPage(s, page, x, y, 1, "", 0);
+    PrintPage(s.puzzle, s.view.Remain, page, x, y, 1, "", 0);
     for (const std::string& m : page.pages.at(0)) {
       if (m[0] != 'T' || m.back() == ' ' || m.find(" 14 ") == std::string::npos ||
           std::stoi(m.substr(2)) < 8340)
@@ -149,7 +149,7 @@ struct FileDesk {
     file = dir.Write("p.vlm", test::Record(1, "T1") + test::Record(2, "T2", 1) + test::Record(3, "T3", 2) +
                                   broken + test::Record(5, "T5", 4) + test::Record(6, "T6", 5));
     s = test::Loaded(file, 2);
-    s.CurrentPuzzleFile = file;
+    s.session.CurrentPuzzleFile = file;
   }
   std::vector<Strings> Print(const std::string& answer) {
     jobs.answer = answer;
@@ -179,7 +179,7 @@ TEST(PrintFile, PagesOfBothLayoutsAndTheBoardAfterwards) {
   };
   for (const auto& c : cases) {
     FileDesk desk;
-    const Board<int32_t> shown = desk.s.Grid;
+    const Board<int32_t> shown = desk.s.puzzle.Grid;
     EXPECT_EQ(desk.Print(desk.file + c.fields), c.pages) << c.fields;
     EXPECT_EQ(desk.jobs.shownFile, desk.file);
     // An empty range says so before any printer or file is asked for.
@@ -187,7 +187,7 @@ TEST(PrintFile, PagesOfBothLayoutsAndTheBoardAfterwards) {
     EXPECT_EQ(desk.ui.messages,
               (none ? Strings{"Nothing to print: puzzle 4 comes after puzzle 2", "Done"} : Strings{"Done"}));
     EXPECT_EQ(desk.jobs.ended, none ? 0 : 1);
-    EXPECT_TRUE(desk.s.Grid == shown && desk.s.view.PuzTitle == "T2");
+    EXPECT_TRUE(desk.s.puzzle.Grid == shown && desk.s.view.PuzTitle == "T2");
   }
 }
 
@@ -204,7 +204,7 @@ TEST(PrintFile, RefusalsExitAndAutoSolve) {
 
   for (const char* answer : {"", "X"}) EXPECT_TRUE(desk.Print(answer).empty());
   EXPECT_EQ(desk.jobs.ended, 0);
-  desk.s.Solving = 1;
+  desk.s.session.Solving = 1;
   EXPECT_TRUE(desk.Print(desk.file + ",1,2, 0, 1").empty());
   EXPECT_EQ(desk.ui.messages, Strings{"Cancel AutoSolve first"});
 }

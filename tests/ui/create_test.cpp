@@ -1,5 +1,6 @@
 // The create dialog and creating puzzles from the main window: the batch's
 // progress panel, Cancel and the close box, the commands held off meanwhile.
+#include "board/geometry.h"
 #include "board/play.h"
 #include "controls/ui/fndialog.h"
 #include "creation/ui/form3.h"
@@ -70,9 +71,9 @@ TEST(Form1Create, CancelStopsABatchWhileEveryOtherCommandIsDisabledAndRefused) {
     // The board stays enabled, yet a right click on a card does not empty it.
     GameState& s = win.s();
     for (int k = 0; k < 49 && held; ++k) {
-      const int r = k / 7 + 1, c = k % 7 + 1, card = s.Grid[r][c];
-      win.w.Board()->onMouseUp(kRightButton, s.CellX[r][c] + 400.0f, s.CellY[r][c] + 400.0f);
-      held = s.Grid[r][c] == card && s.UndoList.empty();
+      const int r = k / 7 + 1, c = k % 7 + 1, card = s.puzzle.Grid[r][c];
+      win.w.Board()->onMouseUp(kRightButton, CellX(c) + 400.0f, CellY(r) + 400.0f);
+      held = s.puzzle.Grid[r][c] == card && s.session.UndoList.empty();
     }
     if (s.view.Caption == "New 2 of 5") {
       pressed = true;
@@ -88,7 +89,7 @@ TEST(Form1Create, CancelStopsABatchWhileEveryOtherCommandIsDisabledAndRefused) {
   // Afterwards the panel and the wait cursor are gone and the controls work again.
   EXPECT_FALSE(win.Get("Frame1")->isVisible() || QApplication::overrideCursor());
   Click(win.Get("arrows1"));
-  EXPECT_EQ(win.s().CurrentPuzzleNumber, 2);
+  EXPECT_EQ(win.s().session.CurrentPuzzleNumber, 2);
 }
 
 TEST(Form1Create, TheCloseBoxDuringABatchCancelsItAndEndsWithoutAWord) {

@@ -6,6 +6,7 @@
 #include "app/app_folder.h"
 #include "app/ui/help_window.h"
 #include "appearance/color_scheme.h"
+#include "board/geometry.h"
 #include "controls/ui/fndialog.h"
 #include "files/ui/sort_form.h"
 #include "model/hint.h"
@@ -20,8 +21,8 @@ TEST(Form1, ShowsTheRememberedPuzzleAndPaintsCellsInSchemeColourTwo) {
   EXPECT_EQ(win.w.windowTitle().toStdString(), "File: " + win.Puzzles());
   // Cells take scheme colour 2 as it stands when painted; the surface, which
   // shows around the board and inside empty cells, keeps the applied one.
-  ASSERT_TRUE(win.s().Grid[1][1] > 0 && win.s().Grid[1][2] == 0);
-  win.s().Scheme[kSchemeBackground] = Rgb(20, 160, 90);
+  ASSERT_TRUE(win.s().puzzle.Grid[1][1] > 0 && win.s().puzzle.Grid[1][2] == 0);
+  win.s().look.Scheme[kSchemeBackground] = Rgb(20, 160, 90);
   win.w.DrawBoard();
   EXPECT_EQ(win.Pixel(30 + 700, 30 + 100), QColor(20, 160, 90));
   EXPECT_EQ(win.Pixel(840 + 400, 30 + 300), QColor(243, 234, 214));
@@ -39,18 +40,17 @@ TEST(Form1, TheBoardGrowsAndShrinksWithTheWindowAndStillFindsItsCells) {
   EXPECT_GT(board->width(), natural * 3 / 2);
   // The pointer over the middle of cell 2 where the grown board shows it, and its outline there.
   const GameState& s = win.s();
-  const QPointF centre = board->TwipsToPixels(QPointF(s.CellX[1][2] + 405, s.CellY[1][2] + 405));
-  EXPECT_GT(centre.x(), 2 * natural * (s.CellX[1][2] + 405.0) / kPictureWidth * 0.9);
+  const QPointF centre = board->TwipsToPixels(QPointF(CellX(2) + 405, CellY(1) + 405));
+  EXPECT_GT(centre.x(), 2 * natural * (CellX(2) + 405.0) / kPictureWidth * 0.9);
   QMouseEvent move(QEvent::MouseMove, centre, board->mapToGlobal(centre), Qt::NoButton, Qt::NoButton,
                    Qt::NoModifier);
   QApplication::sendEvent(board, &move);
   EXPECT_TRUE(win.Text("pb").startsWith(" Cell 2,")) << win.Text("pb").toStdString();
-  const QPointF line = board->TwipsToPixels(QPointF(s.CellX[1][2] + 405, s.CellY[1][2]));
+  const QPointF line = board->TwipsToPixels(QPointF(CellX(2) + 405, CellY(1)));
   EXPECT_EQ(board->grab().toImage().pixelColor(line.toPoint()), QColor(Qt::black));
   win.Trigger("mnuhint");  // its frame, drawn over the board, grown with it
-  const Hint hint = FindHint(s);
-  const QPointF frame =
-      board->TwipsToPixels(QPointF(s.CellX[hint.row][hint.col] + 405, s.CellY[hint.row][hint.col] + 30));
+  const Hint hint = FindHint(s.puzzle);
+  const QPointF frame = board->TwipsToPixels(QPointF(CellX(hint.col) + 405, CellY(hint.row) + 30));
   EXPECT_EQ(board->grab().toImage().pixelColor(frame.toPoint()), QColor(230, 140, 0));
 }
 
@@ -77,7 +77,7 @@ TEST(Form1, ArrowsAndTheTypedNumber) {
   auto* number = win.Get<QLineEdit>("PuzNumNow");
   number->selectAll();
   Key(number, Qt::Key_3, "3");
-  EXPECT_EQ(win.s().CurrentPuzzleNumber, 2);  // typing alone does not jump
+  EXPECT_EQ(win.s().session.CurrentPuzzleNumber, 2);  // typing alone does not jump
   Key(number, Qt::Key_Return);
   EXPECT_EQ(win.Text("PuzTitle"), "Sample 3");
 }
@@ -96,13 +96,13 @@ TEST(Form1, LoadAsksInTheProgramFolderHelpExplainsEveryMenuCommandAboutNamesTheF
       EXPECT_TRUE(a->isSeparator() || page.contains(a->text().remove('&'))) << a->text().toStdString();
   }
   win.Trigger("mnuabout");
-  EXPECT_EQ(win.Get<QLabel>("AppFolder")->text().toStdString(), "Folder: " + win.s().AppFolder);
+  EXPECT_EQ(win.Get<QLabel>("AppFolder")->text().toStdString(), "Folder: " + win.s().session.AppFolder);
 }
 
 TEST(Form1Exit, NoKeepsRunningYesSavesCloseBoxDoesNot) {
   Window win(2);
   const std::string before = win.Config();
-  win.s().CurrentPuzzleNumber = 3;  // what a save would write
+  win.s().session.CurrentPuzzleNumber = 3;  // what a save would write
   win.hand.answers = {QMessageBox::No};
   win.Get<QPushButton>("cmdexit")->click();
   EXPECT_TRUE(win.w.isVisible());

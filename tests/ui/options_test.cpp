@@ -18,9 +18,9 @@ TEST(Form2Options, PreviewThenExitOrEscapeKeepsTheSchemeApplyRecoloursAndBothOut
       EXPECT_EQ(Child<QGroupBox>(f, "Frame1")->title(), "Color Scheme: sand");
       EXPECT_EQ(f->palette().color(QPalette::Window), QColor(243, 234, 214));
       Child<QScrollBar>(f, "RedBar")->setValue(7);  // the picker edits the background at once
-      EXPECT_EQ(win.s().Scheme[2], Rgb(7, 234, 214));
+      EXPECT_EQ(win.s().look.Scheme[2], Rgb(7, 234, 214));
       Key(list, Qt::Key_Return);  // reads "sand" again
-      EXPECT_EQ(win.s().Scheme[2], Rgb(243, 234, 214));
+      EXPECT_EQ(win.s().look.Scheme[2], Rgb(243, 234, 214));
       Child<QRadioButton>(f, "Size2")->click();  // Large
       leave == std::string("Escape") ? Key(f, Qt::Key_Escape) : Press(f, leave);
     });
@@ -36,8 +36,8 @@ TEST(Form2Options, PreviewThenExitOrEscapeKeepsTheSchemeApplyRecoloursAndBothOut
 
   Form1 again;  // the next start over the same folder
   again.StartUp(win.dir.path());
-  EXPECT_EQ(again.State().ColorSchemeName, "sand.col");
-  EXPECT_EQ(LoadSettings(again.State().AppFolder).textSize, kLarge);
+  EXPECT_EQ(again.State().look.ColorSchemeName, "sand.col");
+  EXPECT_EQ(LoadSettings(again.State().session.AppFolder).textSize, kLarge);
 }
 
 TEST(Form2Options, OpeningAndApplyingWithoutAChangeKeepsEveryColourOfTheScheme) {
@@ -51,7 +51,7 @@ TEST(Form2Options, OpeningAndApplyingWithoutAChangeKeepsEveryColourOfTheScheme) 
   });
   win.Trigger("mnuoptions");
   EXPECT_TRUE(hand.done);
-  EXPECT_EQ(win.s().Scheme, tint);
+  EXPECT_EQ(win.s().look.Scheme, tint);
 }
 
 TEST(Form2Options, ReplaceAndDeleteActOnTheSchemeChosenInTheList) {

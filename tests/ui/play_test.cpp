@@ -52,10 +52,9 @@ TEST(BoardPainter, EachSuitHasItsSymbolAndColourWithTheRankAtTheLowerRight) {
                         {40, 3, kBlackSuit}, {-1, 0, kBlackSuit}, {-3, 2, kRedSuit}};
   for (const Case& c : cases) {
     GameState s;
-    CalcCellPos(s);
-    s.Grid[2][3] = c.grid;
+    s.puzzle.Grid[2][3] = c.grid;
     const Rendered r(s);
-    const double x = s.CellX[2][3], y = s.CellY[2][3];
+    const double x = CellX(3), y = CellY(2);
     SCOPED_TRACE(c.grid);
     EXPECT_EQ(r.Count(x + 335, y + 325, 15, 15, kStrip[c.symbol]), 1);  // the symbol's centre
     const int rank = r.Count(x + 560, y + 475, 250, 335, c.colour);
@@ -67,16 +66,15 @@ TEST(BoardPainter, EachSuitHasItsSymbolAndColourWithTheRankAtTheLowerRight) {
 
 TEST(BoardPainter, SolutionTextSitsAtTheLowerLeftOfEveryCellInTheBlackSuitColour) {
   GameState s;
-  CalcCellPos(s);
   for (int k = 0; k < 49; ++k)
-    s.SolutionGrid[k / 7 + 1][k % 7 + 1] = 4 * (k % 7) + (k / 7) % 4 + 1;  // from 1S
-  s.SolutionGrid[7][7] = 52;                                               // to KC
+    s.puzzle.SolutionGrid[k / 7 + 1][k % 7 + 1] = 4 * (k % 7) + (k / 7) % 4 + 1;  // from 1S
+  s.puzzle.SolutionGrid[7][7] = 52;                                               // to KC
   const Rendered r(s, true);
   const auto ink = [](QColor c) { return c != kSurface; };
   // Small text blends the suit colour with the surface: grey, darker at the core.
   const auto notGrey = [](QColor c) { return c.red() != c.green() || c.green() != c.blue(); };
   for (int k = 0; k < 49; ++k) {
-    const double x = s.CellX[k / 7 + 1][k % 7 + 1], y = s.CellY[k / 7 + 1][k % 7 + 1];
+    const double x = CellX(k % 7 + 1), y = CellY(k / 7 + 1);
     const int text = r.Count(x + 50, y + 600, 450, 200, ink);
     EXPECT_GT(text, 5) << k;
     EXPECT_EQ(r.Count(x + 30, y + 30, 750, 750, ink), text) << k;  // the only ink in the cell
@@ -94,10 +92,10 @@ TEST(Play, MouseKeysAndTheAssistMenuReachTheBoard) {
   EXPECT_TRUE(win.Get<QAction>("mnushadefits")->isCheckable() &&
               win.Get<QAction>("mnumarkgivens")->isCheckable());
   win.Trigger("mnuhint");
-  const Hint hint = FindHint(s);
+  const Hint hint = FindHint(s.puzzle);
   ASSERT_EQ(win.Text("pb").toStdString(), HintText(hint));
   const int row = hint.row, col = hint.col, card = hint.card;
-  const double x = s.CellX[row][col], y = s.CellY[row][col];
+  const double x = CellX(col), y = CellY(row);
   const QPoint frame = board->TwipsToPixels(QPointF(x + 405, y + 30)).toPoint();
   EXPECT_EQ(board->grab().toImage().pixelColor(frame), QColor(230, 140, 0));  // the hint's cell framed
   const QPointF centre = board->TwipsToPixels(QPointF(x + 405, y + 405));
@@ -105,7 +103,7 @@ TEST(Play, MouseKeysAndTheAssistMenuReachTheBoard) {
                    Qt::NoModifier);
   QApplication::sendEvent(board, &move);
   EXPECT_TRUE(win.Text("pb").endsWith(
-      QString::fromStdString(", Options=" + OptionText(s.CellOptionsSaved[row][col]))));
+      QString::fromStdString(", Options=" + OptionText(s.puzzle.CellOptionsSaved[row][col]))));
 
   // Keyboard: the cursor to the cell, then its card typed; Delete empties it again.
   Key(board, Qt::Key_Up);  // shows the cursor on 1, 1
@@ -114,11 +112,11 @@ TEST(Play, MouseKeysAndTheAssistMenuReachTheBoard) {
   const QPoint dash = board->TwipsToPixels(QPointF(x + 70, y + 30)).toPoint();
   EXPECT_EQ(board->grab().toImage().pixelColor(dash),
             QColor(20, 90, 210));  // the cursor's frame, over the hint's
-  const std::string name = ListText(s, card);
+  const std::string name = ListText(s.puzzle, card);
   for (const char letter : name) Key(board, Qt::Key_A, QString(QChar::fromLatin1(letter)));
-  EXPECT_EQ(s.Grid[row][col], card);
+  EXPECT_EQ(s.puzzle.Grid[row][col], card);
   Key(board, Qt::Key_Delete);
-  EXPECT_EQ(s.Grid[row][col], 0);
+  EXPECT_EQ(s.puzzle.Grid[row][col], 0);
 
   // Mouse: the card chosen in its list (shading, painted over the kept picture,
   // shows where it fits), then the cell clicked, emptied, and undone.
@@ -140,12 +138,12 @@ TEST(Play, MouseKeysAndTheAssistMenuReachTheBoard) {
     return n;
   };
   Click(board, Qt::LeftButton, centre);
-  EXPECT_EQ(s.Grid[row][col], card);
+  EXPECT_EQ(s.puzzle.Grid[row][col], card);
   EXPECT_GT(marks(), 20);  // symbol and rank painted
   Click(board, Qt::RightButton, centre);
-  EXPECT_EQ(s.Grid[row][col] + marks(), 0);
+  EXPECT_EQ(s.puzzle.Grid[row][col] + marks(), 0);
   win.Get<QPushButton>("UndoEdit")->click();
-  EXPECT_EQ(s.Grid[row][col], card);
+  EXPECT_EQ(s.puzzle.Grid[row][col], card);
   win.Get<QPushButton>("UndoEdit")->click();
   win.Trigger("mnuviewsol");
   EXPECT_GT(marks(), 0);  // the solution's letters in the empty cell

@@ -46,7 +46,7 @@ Form1::Form1(QWidget* parent) : QMainWindow(parent) {
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(kTitle);
   systemButtonFace_ = QApplication::palette().color(QPalette::Button);
-  s_.Scheme = DefaultSchemeColors();
+  s_.look.Scheme = DefaultSchemeColors();
   BuildControls();
   BuildMenus();
   BuildAssist();
@@ -121,8 +121,8 @@ Form3* Form1::CreateDialog() {
 }
 
 void Form1::MultiplePuzzles() {
-  if (RefusedWhileSolving(s_, *this)) return;
-  const Form3Values form = CreateDialog()->Ask(s_.CurrentPuzzleFile, s_.AppFolder);
+  if (RefusedWhileSolving(s_.session, *this)) return;
+  const Form3Values form = CreateDialog()->Ask(s_.session.CurrentPuzzleFile, s_.session.AppFolder);
   if (form.result != "Y") return;
   RunLong([form](GameState& s, UserInterface& ui) { mnumultipuzx(s, ui, form); });
 }
@@ -136,7 +136,8 @@ void Form1::StartUp(const std::string& appFolder) {
 }
 
 void Form1::SetCol() {
-  const SchemeColors c = EffectiveColors(s_.Scheme, s_.ColorSchemeName, FromColor(systemButtonFace_));
+  const SchemeColors c =
+      EffectiveColors(s_.look.Scheme, s_.look.ColorSchemeName, FromColor(systemButtonFace_));
   const QColor background = ToColor(c[kSchemeBackground]);
   const QColor buttonFace = ToColor(c[kSchemeButtonFace]);
   QPalette pal = palette();
@@ -176,7 +177,7 @@ void Form1::closeEvent(QCloseEvent* event) {
 
 void Form1::ShowHelp() {
   if (!help_) {
-    help_ = new Form4(QString::fromLocal8Bit((s_.ShippedFolder + "velmora.htm").c_str()), this);
+    help_ = new Form4(QString::fromLocal8Bit((s_.session.ShippedFolder + "velmora.htm").c_str()), this);
     help_->setPalette(palette());
   }
   help_->show();
@@ -186,7 +187,7 @@ void Form1::ShowHelp() {
 
 void Form1::ShowAbout() {
   if (!about_) {
-    about_ = NewAboutForm(this, s_.AppFolder);
+    about_ = NewAboutForm(this, s_.session.AppFolder);
     about_->setPalette(palette());
   }
   about_->show();
@@ -234,7 +235,7 @@ void Form1::SetBusy(bool busy) {
 void Form1::Yield() { QCoreApplication::processEvents(); }
 
 void Form1::ControlsChanged() {
-  const ViewState& v = s_.view;
+  const WindowTexts& v = s_.view;
   if (puzNumNow_->text() != Q(v.PuzNumNow)) puzNumNow_->setText(Q(v.PuzNumNow));
   maxPuzCount_->setText(Q(v.MaxPuzCount));
   if (puzTitle_->text() != Q(v.PuzTitle)) {
@@ -263,7 +264,7 @@ void Form1::ControlsChanged() {
 
 void Form1::FillRemain(int list) {
   QListWidget* w = remain_[list];
-  const auto& items = s_.Remain[list];
+  const auto& items = s_.view.Remain[list];
   bool same = w->count() == static_cast<int>(items.size());
   for (int i = 0; same && i < w->count(); ++i) same = w->item(i)->text() == Q(items[i]);
   if (same) return;
@@ -281,7 +282,7 @@ void Form1::FillRemain(int list) {
 
 void Form1::ShowSelection() {
   // At most one item of the four lists is selected: the selected card's.
-  const QString selected = Q(s_.SelectedCard);
+  const QString selected = Q(s_.session.SelectedCard);
   for (QListWidget* w : remain_) {
     for (int i = 0; i < w->count(); ++i) {
       QListWidgetItem* item = w->item(i);
@@ -294,7 +295,8 @@ void Form1::ShowSelection() {
 QColor Form1::CellColor() const {
   // Read when painting: a colour picked in the options dialog shows on the
   // cells painted next, before the scheme is applied to the windows.
-  const SchemeColors c = EffectiveColors(s_.Scheme, s_.ColorSchemeName, FromColor(systemButtonFace_));
+  const SchemeColors c =
+      EffectiveColors(s_.look.Scheme, s_.look.ColorSchemeName, FromColor(systemButtonFace_));
   return ToColor(c[kSchemeBackground]);
 }
 

@@ -33,7 +33,7 @@ void Form1::BuildAssist() {
 }
 
 void Form1::LoadAssist() {
-  const Settings saved = LoadSettings(s_.AppFolder);
+  const Settings saved = LoadSettings(s_.session.AppFolder);
   shadeFits_->setChecked(saved.shadeFits);
   markGivens_->setChecked(saved.markGivens);
   if (markGivens_->isChecked()) DrawBoard();
@@ -41,7 +41,7 @@ void Form1::LoadAssist() {
 
 void Form1::ApplyAids() {
   // A file that cannot be written keeps the choice for this session only, without a word.
-  ChangeSettings(s_.AppFolder, [this](Settings& saved) {
+  ChangeSettings(s_.session.AppFolder, [this](Settings& saved) {
     saved.shadeFits = shadeFits_->isChecked();
     saved.markGivens = markGivens_->isChecked();
   });
@@ -90,7 +90,7 @@ bool Form1::AssistKey(QKeyEvent* event) {
 
 bool Form1::eventFilter(QObject* watched, QEvent* event) {
   // A suit letter after a rank belongs to the card, not to the Hint key.
-  if (event->type() == QEvent::ShortcutOverride && s_.aids.pendingRank != 0) {
+  if (event->type() == QEvent::ShortcutOverride && s_.session.aids.pendingRank != 0) {
     const auto* key = static_cast<QKeyEvent*>(event);
     if (key->modifiers() == Qt::NoModifier && QStringLiteral("SHDCshdc").contains(key->text()) &&
         !key->text().isEmpty()) {

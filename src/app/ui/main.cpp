@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
   velmora::ApplyTextSize(velmora::LoadSettings(folders.app).textSize);
   velmora::Form1 window;
   if (std::getenv("VELMORA_TIMING")) window.EnableTimingLog(sinceStart);
-  window.State().ShippedFolder = folders.shipped;
+  window.State().session.ShippedFolder = folders.shipped;
   window.StartUp(folders.app);
   if (!file.isEmpty()) {
     velmora::OpenPuzzleFile(window.State(), window, Local(file));

@@ -77,7 +77,7 @@ Form2::Form2(GameState& s, UserInterface& ui, QWidget* mainWindow)
   auto* sizeFrame = new QGroupBox(QStringLiteral("Size"), this);
   sizeFrame->setObjectName(QStringLiteral("Frame2"));
   auto* sizeLayout = new QHBoxLayout(sizeFrame);
-  const TextSize saved = LoadSettings(s_.AppFolder).textSize;
+  const TextSize saved = LoadSettings(s_.session.AppFolder).textSize;
   for (int i = 0; i < 4; ++i) {
     QRadioButton* option = sizes_[static_cast<size_t>(i)] =
         new QRadioButton(QLatin1String(kTextSizeNames[i]), sizeFrame);
@@ -94,14 +94,14 @@ Form2::Form2(GameState& s, UserInterface& ui, QWidget* mainWindow)
   outer->setSizeConstraint(QLayout::SetFixedSize);
 
   FillList();
-  shownName_ = s_.ColorSchemeName;
+  shownName_ = s_.look.ColorSchemeName;
   frame_->setTitle(QText("Color Scheme: " + shownName_));
-  colPik1_->SetColor(ToColor(s_.Scheme[kSchemeBackground]));
+  colPik1_->SetColor(ToColor(s_.look.Scheme[kSchemeBackground]));
   {
     // Showing the contrast of the scheme is no change to it: only the user's
     // own move of the bar recomputes the button face.
     const QSignalBlocker quiet(contrastV_);
-    contrastV_->setValue(ButtonContrast(s_.Scheme));
+    contrastV_->setValue(ButtonContrast(s_.look.Scheme));
   }
   ShowColors();
   list1_->setFocus();
@@ -111,9 +111,9 @@ void Form2::BuildSchemeFrame(QGroupBox* frame) {
   colPik1_ = new ColorPicker(frame);
   colPik1_->setObjectName(QStringLiteral("ColPik1"));
   connect(colPik1_, &ColorPicker::ColorPicked, this, [this](const QColor& c) {
-    s_.Scheme[kSchemeBackground] = FromColor(c);
+    s_.look.Scheme[kSchemeBackground] = FromColor(c);
     const QSignalBlocker quiet(contrastV_);
-    contrastV_->setValue(ButtonContrast(s_.Scheme));
+    contrastV_->setValue(ButtonContrast(s_.look.Scheme));
     ShowColors();
   });
 
@@ -126,7 +126,7 @@ void Form2::BuildSchemeFrame(QGroupBox* frame) {
   contrastV_->setToolTip(tr("Buttons darker (left) or lighter (right) than the background"));
   contrastCaption->setBuddy(contrastV_);
   connect(contrastV_, &QScrollBar::valueChanged, this, [this](int value) {
-    SetButtonContrast(s_.Scheme, value);
+    SetButtonContrast(s_.look.Scheme, value);
     ShowColors();
   });
 
@@ -208,15 +208,15 @@ void Form2::Choose() {
   ChooseScheme(s_, ui_, list_);
   shownName_ = name + ".col";
   frame_->setTitle(QText("Color Scheme: " + name));
-  colPik1_->SetColor(ToColor(s_.Scheme[kSchemeBackground]));
+  colPik1_->SetColor(ToColor(s_.look.Scheme[kSchemeBackground]));
   const QSignalBlocker quiet(contrastV_);
-  contrastV_->setValue(ButtonContrast(s_.Scheme));
+  contrastV_->setValue(ButtonContrast(s_.look.Scheme));
   ShowColors();
 }
 
 void Form2::ShowColors() {
   const SchemeColors c =
-      EffectiveColors(s_.Scheme, shownName_, FromColor(QApplication::palette().color(QPalette::Button)));
+      EffectiveColors(s_.look.Scheme, shownName_, FromColor(QApplication::palette().color(QPalette::Button)));
   QPalette pal = palette();
   pal.setColor(QPalette::Window, ToColor(c[kSchemeBackground]));
   pal.setColor(QPalette::Button, ToColor(c[kSchemeBackground]));
@@ -234,7 +234,7 @@ void Form2::Apply() {
   for (int i = 0; i < 4; ++i) {
     if (!sizes_[static_cast<size_t>(i)]->isChecked()) continue;
     const auto size = static_cast<TextSize>(i);
-    ChangeSettings(s_.AppFolder, [size](Settings& saved) { saved.textSize = size; });
+    ChangeSettings(s_.session.AppFolder, [size](Settings& saved) { saved.textSize = size; });
     ApplyTextSize(size);
   }
   if (auto* kickin = mainWindow_->findChild<QPushButton*>(QStringLiteral("kickinOptions"))) kickin->click();
@@ -242,7 +242,7 @@ void Form2::Apply() {
 }
 
 void Form2::reject() {
-  ReadColorScheme(s_, ui_, s_.ColorSchemeName);
+  ReadColorScheme(s_, ui_, s_.look.ColorSchemeName);
   QDialog::reject();
 }
 

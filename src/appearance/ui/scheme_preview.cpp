@@ -15,8 +15,7 @@ constexpr int kCellsWidth = 2 * kCellSize + 60;
 }  // namespace
 
 SchemePreview::SchemePreview(QWidget* parent) : QWidget(parent) {
-  cells_.Rows = cells_.Cols = 7;
-  CalcCellPos(cells_);
+  cells_.puzzle.Rows = cells_.puzzle.Cols = 7;
 }
 
 void SchemePreview::SetColors(QColor background, QColor titleBox, QColor buttonFace) {

@@ -53,11 +53,11 @@ void BoardPainter::Outline(const QRectF& r) {
 
 void BoardPainter::DrawCell(const GameState& s, int rank, const std::string& suitLetter, int row, int col) {
   if (!InBoard(row, col)) return;
-  const int x = s.CellX[row][col], y = s.CellY[row][col];
+  const int x = CellX(col), y = CellY(row);
   const QRectF cell(x, y, kCellSize, kCellSize);
   p_.setPen(Qt::NoPen);
-  const bool given = given_.isValid() && !suitLetter.empty() && s.PuzzleGrid[row][col] != 0 &&
-                     s.Grid[row][col] == s.PuzzleGrid[row][col];
+  const bool given = given_.isValid() && !suitLetter.empty() && s.puzzle.PuzzleGrid[row][col] != 0 &&
+                     s.puzzle.Grid[row][col] == s.puzzle.PuzzleGrid[row][col];
   p_.fillRect(cell, given ? given_ : cell_);
   Outline(cell);
   if (suitLetter.empty()) return;
@@ -89,26 +89,26 @@ void BoardPainter::DrawCell(const GameState& s, int rank, const std::string& sui
   if (rank < -1 || rank > 13) return;
   p_.setFont(BoardFont(kRankFontTwips, true));
   p_.setPen(colour);
-  p_.drawText(QPointF(s.TextX[row][col] + 310, s.TextY[row][col] + 325 + p_.fontMetrics().ascent()),
+  p_.drawText(QPointF(TextX(col) + 310, TextY(row) + 325 + p_.fontMetrics().ascent()),
               QString::fromLatin1(RankLetter(rank)));
 }
 
 void BoardPainter::DrawBoard(const GameState& s) {
   p_.fillRect(QRectF(0, 0, kPictureWidth, kPictureHeight), surface_);
-  for (int row = 1; row <= LoopRows(s); ++row) {
-    for (int col = 1; col <= LoopCols(s); ++col) {
-      const int v = s.Grid[row][col];
+  for (int row = 1; row <= LoopRows(s.puzzle); ++row) {
+    for (int col = 1; col <= LoopCols(s.puzzle); ++col) {
+      const int v = s.puzzle.Grid[row][col];
       if (v < 0) {
         // Marks beyond -4 find no letter and give a blank cell.
         const std::string suit = v >= -4 ? std::string(1, "SHDC"[-v - 1]) : std::string();
         DrawCell(s, -1, suit, row, col);
       }
       if (v < 1) {
-        Outline(QRectF(s.CellX[row][col], s.CellY[row][col], kCellSize, kCellSize));
+        Outline(QRectF(CellX(col), CellY(row), kCellSize, kCellSize));
       } else if (v <= kMaxCardIndex) {
-        const int suit = s.CardCodes.Suit(v);
-        DrawCell(s, s.CardCodes.Rank(v), suit ? std::string(1, kSuitLetters[suit]) : std::string("X"), row,
-                 col);
+        const int suit = s.puzzle.CardCodes.Suit(v);
+        DrawCell(s, s.puzzle.CardCodes.Rank(v), suit ? std::string(1, kSuitLetters[suit]) : std::string("X"),
+                 row, col);
       }
     }
   }
@@ -118,11 +118,11 @@ void BoardPainter::DrawSolution(const GameState& s) {
   p_.setFont(BoardFont(kSolutionFontTwips, false));
   p_.setPen(kBlackSuitColor);
   const int ascent = p_.fontMetrics().ascent();
-  for (int row = 1; row <= LoopRows(s); ++row) {
-    for (int col = 1; col <= LoopCols(s); ++col) {
-      const int v = s.SolutionGrid[row][col];
+  for (int row = 1; row <= LoopRows(s.puzzle); ++row) {
+    for (int col = 1; col <= LoopCols(s.puzzle); ++col) {
+      const int v = s.puzzle.SolutionGrid[row][col];
       if (v < 1 || v > kMaxCardIndex) continue;
-      p_.drawText(QPointF(s.TextX[row][col] - 200, s.TextY[row][col] + 450 + ascent),
+      p_.drawText(QPointF(TextX(col) - 200, TextY(row) + 450 + ascent),
                   QString::fromLatin1(CardText(v).c_str()));
     }
   }

@@ -83,7 +83,7 @@ void BoardView::DrawCell(int rank, const std::string& suitLetter, int row, int c
   if (EnsureImage()) PaintOnImage([this](BoardPainter& b) { b.DrawBoard(s_); });
   PaintOnImage([&](BoardPainter& b) { b.DrawCell(s_, rank, suitLetter, row, col); });
   if (row < 0 || row > kMaxIndex || col < 0 || col > kMaxIndex) return;
-  const QPointF topLeft = TwipsToPixels(QPointF(s_.CellX[row][col], s_.CellY[row][col]));
+  const QPointF topLeft = TwipsToPixels(QPointF(CellX(col), CellY(row)));
   const QPointF side = TwipsToPixels(QPointF(kCellSize, kCellSize));
   update(QRectF(topLeft, QSizeF(side.x(), side.y())).toAlignedRect().adjusted(-2, -2, 2, 2));
 }
@@ -106,18 +106,19 @@ void BoardView::paintEvent(QPaintEvent* event) {
 
 void BoardView::ShowAids(bool shade) {
   Aids aids;
-  const PlayAids& a = s_.aids;
-  const int card = shade && !s_.SelectedCard.empty() ? FindCardIndex(s_.SelectedCard) : -1;
-  for (int r = 1; card >= 1 && r <= LoopRows(s_); ++r) {
-    for (int c = 1; c <= LoopCols(s_); ++c) {
+  const PlayAids& a = s_.session.aids;
+  const int card = shade && !s_.session.SelectedCard.empty() ? FindCardIndex(s_.session.SelectedCard) : -1;
+  for (int r = 1; card >= 1 && r <= LoopRows(s_.puzzle); ++r) {
+    for (int c = 1; c <= LoopCols(s_.puzzle); ++c) {
       aids.shaded[static_cast<size_t>(r * kGridDim + c)] =
-          s_.Grid[r][c] < 1 && (s_.CellOptions[r][c] & CardBit(card));
+          s_.puzzle.Grid[r][c] < 1 && (s_.puzzle.CellOptions[r][c] & CardBit(card));
     }
   }
   // A hint frames its cell while the board is the one it was given for.
-  if (a.hintKind != 0 && a.hintRow >= 1 && a.gridAtHint == s_.Grid)
+  if (a.hintKind != 0 && a.hintRow >= 1 && a.gridAtHint == s_.puzzle.Grid)
     aids.hint = a.hintRow * kGridDim + a.hintCol;
-  if (a.cursorRow >= 1 && a.cursorRow <= LoopRows(s_) && a.cursorCol >= 1 && a.cursorCol <= LoopCols(s_))
+  if (a.cursorRow >= 1 && a.cursorRow <= LoopRows(s_.puzzle) && a.cursorCol >= 1 &&
+      a.cursorCol <= LoopCols(s_.puzzle))
     aids.cursor = a.cursorRow * kGridDim + a.cursorCol;
   if (aids == aids_) return;
   aids_ = aids;
@@ -130,8 +131,7 @@ void BoardView::PaintAids(QPainter& p) const {
   ScaleToTwips(p, logicalDpiX() * zoom_, logicalDpiY() * zoom_);
   auto cell = [this](int at, int inset) {
     const int r = at / kGridDim, c = at % kGridDim;
-    return QRectF(s_.CellX[r][c] + inset, s_.CellY[r][c] + inset, kCellSize - 2 * inset,
-                  kCellSize - 2 * inset);
+    return QRectF(CellX(c) + inset, CellY(r) + inset, kCellSize - 2 * inset, kCellSize - 2 * inset);
   };
   for (size_t at = 0; at < aids_.shaded.size(); ++at) {
     if (aids_.shaded[at]) p.fillRect(cell(static_cast<int>(at), 15), QColor(40, 120, 230, 55));

@@ -251,9 +251,9 @@ void SortForm::reject() {
 }
 
 void mnusortpuz(GameState& s, UserInterface& ui, QWidget* mainWindow) {
-  SortForm form(s.rng, ui, s.AppFolder, mainWindow);
+  SortForm form(s.session.rng, ui, s.session.AppFolder, mainWindow);
   if (mainWindow) form.setPalette(mainWindow->palette());
-  form.Activate(s.CurrentPuzzleFile);
+  form.Activate(s.session.CurrentPuzzleFile);
   form.exec();
 }
 

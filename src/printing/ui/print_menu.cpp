@@ -29,7 +29,9 @@ class DesktopPrintJobs : public PrintJobs {
   DesktopPrintJobs(QWidget* window, const GameState& s, UserInterface& ui)
       : form5_(PrintDialogOf(window)), s_(s), ui_(ui) {}
 
-  std::string AskPrintFile(const std::string& file) override { return form5_->Ask(ui_, file, s_.AppFolder); }
+  std::string AskPrintFile(const std::string& file) override {
+    return form5_->Ask(ui_, file, s_.session.AppFolder);
+  }
 
   PrintSurface* StartJob(const std::string& source) override {
     const QString name = form5_->CurrentPrinter();
@@ -51,13 +53,13 @@ class DesktopPrintJobs : public PrintJobs {
 
  private:
   PrintSurface* StartPdf(const std::string& source) {
-    FileDialogRequest request{"SAVE", "Print to PDF file", "*.pdf", "PDF Files", s_.AppFolder};
+    FileDialogRequest request{"SAVE", "Print to PDF file", "*.pdf", "PDF Files", s_.session.AppFolder};
     pdfPath_ = ui_.AskFileName(request);
     if (pdfPath_.empty()) return nullptr;
     if (QFileInfo(QString::fromLocal8Bit(pdfPath_.c_str())).suffix().isEmpty()) pdfPath_ += ".pdf";
     // The board is reloaded from the current file after printing: neither
     // puzzle file may become the PDF.
-    if (SameFile(pdfPath_, source) || SameFile(pdfPath_, s_.CurrentPuzzleFile)) {
+    if (SameFile(pdfPath_, source) || SameFile(pdfPath_, s_.session.CurrentPuzzleFile)) {
       ui_.ShowMessage(kSameFileText);
       return nullptr;
     }

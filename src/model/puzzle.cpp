@@ -1,5 +1,5 @@
-// Card tables and the main state's construction.
-#include "model/game_state.h"
+// Card tables and the puzzle's cell numbering.
+#include "model/puzzle.h"
 
 namespace velmora {
 
@@ -21,12 +21,30 @@ void BuildCardCodes(CardCodeTable& codes) {
   codes.Set(0, 0, 0);
 }
 
-GameState::GameState() { BuildCardCodes(CardCodes); }
+Puzzle::Puzzle() { BuildCardCodes(CardCodes); }
 
-bool RebuildCardCodes(GameState& s) {
+int Puzzle::CellNumber(int row, int col) const {
+  const int cols = LoopCols(*this);
+  if (row < 1 || row > LoopRows(*this) || col < 1 || col > cols) return 0;
+  return (row - 1) * cols + col;
+}
+
+int Puzzle::CellRow(int number) const {
+  const int cols = LoopCols(*this);
+  if (number < 1 || number > LoopRows(*this) * cols) return 0;
+  return (number - 1) / cols + 1;
+}
+
+int Puzzle::CellCol(int number) const {
+  const int cols = LoopCols(*this);
+  if (number < 1 || number > LoopRows(*this) * cols) return 0;
+  return (number - 1) % cols + 1;
+}
+
+bool RebuildCardCodes(Puzzle& s) {
   CardSet used = 0;
   for (int k = 1; k <= 52; ++k) {
-    const int v = s.SolutionGrid[s.CellRow[k]][s.CellCol[k]];
+    const int v = s.SolutionGrid[s.CellRow(k)][s.CellCol(k)];
     if (v < 0 || v > kMaxCardIndex) {
       // The entries before the failing one are rebuilt already.
       for (int i = 1; i <= 52; ++i) s.CardCodes.Set(i, (i - 1) / 4 + 1, (i - 1) % 4 + 1);
@@ -61,7 +79,7 @@ std::string OptionText(CardSet set) {
   return text;
 }
 
-std::string ListText(const GameState& s, int card) {
+std::string ListText(const Puzzle& s, int card) {
   return std::string(RankLetter(s.CardCodes.Rank(card))) + s.CardCodes.SuitLetter(card);
 }
 

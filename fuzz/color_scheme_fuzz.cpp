@@ -47,7 +47,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::vector<std::string> lines = FileLines(file);
   for (size_t i = 0; i < names.size() && i < 4; ++i) {
     s.look.Scheme = DefaultSchemeColors();
-    ReadColorScheme(s, ui, names[i] + ".col");
+    ReadColorScheme(s.session.AppFolder, s.look, ui, names[i] + ".col");
   }
 
   // Each edit starts again from the fuzzed bytes.
@@ -61,11 +61,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (replaced == SchemeEdit::kDone) {
       SchemeColors expected = colors;
       expected[kSchemeTitleCopy] = expected[kSchemeTitleBox];
-      Check(ReadColorScheme(s, ui, nameLine) == present);
+      Check(ReadColorScheme(s.session.AppFolder, s.look, ui, nameLine) == present);
       Check(!present || s.look.Scheme == expected);
     }
     folder.Write(kSchemeFileName, data, size);
-    if (DeleteScheme(file, work, nameLine) == SchemeEdit::kDone) Check(!ReadColorScheme(s, ui, nameLine));
+    if (DeleteScheme(file, work, nameLine) == SchemeEdit::kDone)
+      Check(!ReadColorScheme(s.session.AppFolder, s.look, ui, nameLine));
   }
   folder.Write(kSchemeFileName, data, size);
   if (AppendScheme(file, "Fuzzed", Shade(7))) {

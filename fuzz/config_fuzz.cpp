@@ -18,14 +18,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   GameState s;
   s.session.AppFolder = appFolder;
   SilentUserInterface ui;
-  ReadcfgFile(s, ui);
+  ReadcfgFile(s.session, s.look, ui);
   // Both readers take the scheme the same way, and a damaged file was
   // replaced by one that names the scheme now in use.
   if (configured != s.look.ColorSchemeName) std::abort();
   if (ConfiguredSchemeName(appFolder) != s.look.ColorSchemeName) std::abort();
-  if (!SavecfgFile(s, ui)) std::abort();
+  if (!SavecfgFile(s.session, s.look, ui)) std::abort();
   GameState again;
   again.session.AppFolder = appFolder;
-  ReadcfgFile(again, ui);
+  ReadcfgFile(again.session, again.look, ui);
   return 0;
 }

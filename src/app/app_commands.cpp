@@ -7,7 +7,7 @@ namespace velmora {
 
 bool cmdexit(GameState& s, UserInterface& ui) {
   if (!ui.AskYesNo("Exit?")) return false;
-  SavecfgFile(s, ui);
+  SavecfgFile(s.session, s.look, ui);
   return true;
 }
 

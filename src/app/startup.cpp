@@ -23,8 +23,8 @@ void StartUp(GameState& s, UserInterface& ui, const std::string& appFolder,
   if (s.session.ShippedFolder.empty()) s.session.ShippedFolder = s.session.AppFolder;
   s.puzzle.Rows = s.puzzle.Cols = 7;
 
-  ReadcfgFile(s, ui);
-  ReadColorScheme(s, ui, s.look.ColorSchemeName);
+  ReadcfgFile(s.session, s.look, ui);
+  ReadColorScheme(s.session.AppFolder, s.look, ui, s.look.ColorSchemeName);
   if (setCol) setCol();
 
   // A file that is missing, empty or unreadable gives way to the default one.

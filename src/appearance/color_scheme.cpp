@@ -81,22 +81,23 @@ SchemeColors EffectiveColors(const SchemeColors& scheme, const std::string& name
   return colors;
 }
 
-bool ReadColorScheme(GameState& s, UserInterface& ui, const std::string& name) {
-  LineReader reader(s.session.AppFolder + kSchemeFileName, kMaxSchemeFileBytes);
+bool ReadColorScheme(const std::string& appFolder, Appearance& look, UserInterface& ui,
+                     const std::string& name) {
+  LineReader reader(appFolder + kSchemeFileName, kMaxSchemeFileBytes);
   std::string line;
   bool found = false;
   while (!found && reader.ReadLine(line)) found = line == name;
   for (int i = 0; found && i < kSchemeLines; ++i) {
     uint32_t color = 0;
     found = reader.ReadLine(line) && ParseColorLine(line, color);
-    if (found) s.look.Scheme[i] = color;
+    if (found) look.Scheme[i] = color;
   }
   if (!found) {
     ui.ShowMessage("Color Scheme: " + name + " not found");
-    s.look.ColorSchemeName = kDefaultSchemeName;
+    look.ColorSchemeName = kDefaultSchemeName;
     return false;
   }
-  s.look.Scheme[kSchemeTitleCopy] = s.look.Scheme[kSchemeTitleBox];
+  look.Scheme[kSchemeTitleCopy] = look.Scheme[kSchemeTitleBox];
   return true;
 }
 

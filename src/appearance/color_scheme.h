@@ -36,11 +36,12 @@ SchemeColors DefaultSchemeColors();
 // system's button face as background and a light grey button face.
 SchemeColors EffectiveColors(const SchemeColors& scheme, const std::string& name, uint32_t systemButtonFace);
 
-// Loads scheme `name` from AppFolder's all.col into s.look.Scheme. When the name
+// Loads scheme `name` from appFolder's all.col into look.Scheme. When the name
 // is missing (or its 13 colour lines are damaged) it shows
 // "Color Scheme: NAME not found", makes "default.col" the active name and
 // returns false; colours read before the failure stay.
-bool ReadColorScheme(GameState& s, UserInterface& ui, const std::string& name);
+bool ReadColorScheme(const std::string& appFolder, Appearance& look, UserInterface& ui,
+                     const std::string& name);
 
 // Scheme names for the list: the text before the first ".col" of every line
 // holding ".col". Empty for a missing file.

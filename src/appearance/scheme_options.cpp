@@ -41,7 +41,7 @@ void FillSchemeList(const GameState& s, SchemeListBox& list) {
 }
 
 bool ChooseScheme(GameState& s, UserInterface& ui, const SchemeListBox& list) {
-  return list.HasSelection() && ReadColorScheme(s, ui, list.Selected() + ".col");
+  return list.HasSelection() && ReadColorScheme(s.session.AppFolder, s.look, ui, list.Selected() + ".col");
 }
 
 bool AddSch(GameState& s, UserInterface& ui, SchemeListBox& list) {

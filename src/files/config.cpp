@@ -63,7 +63,7 @@ class FieldReader {
   size_t pos_ = 0;
 };
 
-std::string ConfigPath(const GameState& s) { return s.session.AppFolder + kConfigFileName; }
+std::string ConfigPath(const std::string& appFolder) { return appFolder + kConfigFileName; }
 
 // Four short lines; a file far longer is damaged, and is not read into memory.
 constexpr long long kMaxConfigBytes = 64 * 1024;
@@ -79,53 +79,55 @@ std::string PrintNumber(long long n) { return Str(n) + " "; }
 
 std::string TimeStamp() { return DateTimeText(LocalTimeNow()); }
 
-std::string ConfigText(const GameState& s) {
-  return JoinLines({TimeStamp(), s.look.ColorSchemeName, s.session.CurrentPuzzleFile,
-                    PrintNumber(s.session.CurrentPuzzleNumber)});
+std::string ConfigText(const Session& session, const Appearance& look) {
+  return JoinLines({TimeStamp(), look.ColorSchemeName, session.CurrentPuzzleFile,
+                    PrintNumber(session.CurrentPuzzleNumber)});
 }
 
 namespace {
 
 // Fills the remembered values in file order; false when the file falls short
 // (the values read before that stay filled in).
-bool ParseConfig(std::string contents, GameState& s) {
+bool ParseConfig(std::string contents, Session& session, Appearance& look) {
   FieldReader in(std::move(contents));
   if (!in.Line()) return false;
   const auto scheme = in.Field();
-  if (scheme) s.look.ColorSchemeName = Trim(*scheme).empty() ? "default.col" : *scheme;
+  if (scheme) look.ColorSchemeName = Trim(*scheme).empty() ? "default.col" : *scheme;
   const auto file = scheme ? in.Line() : std::nullopt;
-  if (file) s.session.CurrentPuzzleFile = *file;
+  if (file) session.CurrentPuzzleFile = *file;
   const auto number = file ? in.Field() : std::nullopt;
   const auto value = number ? ValInt(*number) : std::nullopt;
-  if (value) s.session.CurrentPuzzleNumber = *value;
+  if (value) session.CurrentPuzzleNumber = *value;
   return value.has_value();
 }
 
 }  // namespace
 
 std::string ConfiguredSchemeName(const std::string& appFolder) {
-  GameState s;
-  s.session.AppFolder = appFolder;
+  Session session;
+  Appearance look;
   std::string contents;
-  if (ReadWholeFile(ConfigPath(s), contents, nullptr, kMaxConfigBytes) && ParseConfig(std::move(contents), s))
-    return s.look.ColorSchemeName;
+  if (ReadWholeFile(ConfigPath(appFolder), contents, nullptr, kMaxConfigBytes) &&
+      ParseConfig(std::move(contents), session, look))
+    return look.ColorSchemeName;
   return "default.col";
 }
 
-void ReadcfgFile(GameState& s, UserInterface& ui) {
-  const std::string path = ConfigPath(s);
+void ReadcfgFile(Session& session, Appearance& look, UserInterface& ui) {
+  const std::string path = ConfigPath(session.AppFolder);
   std::string contents;
-  if (ReadWholeFile(path, contents, nullptr, kMaxConfigBytes) && ParseConfig(std::move(contents), s)) return;
+  if (ReadWholeFile(path, contents, nullptr, kMaxConfigBytes) &&
+      ParseConfig(std::move(contents), session, look))
+    return;
   ui.ShowMessage(AccessMessage(path, "could not be accessed, new file will be created"));
-  s.look.ColorSchemeName = "default.col";
+  look.ColorSchemeName = "default.col";
   // A file that cannot be created is noticed again at the next save.
-  WriteFileAtomically(path,
-                      JoinLines({TimeStamp(), s.look.ColorSchemeName, s.session.CurrentPuzzleFile, "1"}));
+  WriteFileAtomically(path, JoinLines({TimeStamp(), look.ColorSchemeName, session.CurrentPuzzleFile, "1"}));
 }
 
-bool SavecfgFile(const GameState& s, UserInterface& ui) {
-  const std::string path = ConfigPath(s);
-  if (WriteFileAtomically(path, ConfigText(s))) return true;
+bool SavecfgFile(const Session& session, const Appearance& look, UserInterface& ui) {
+  const std::string path = ConfigPath(session.AppFolder);
+  if (WriteFileAtomically(path, ConfigText(session, look))) return true;
   ui.ShowMessage(AccessMessage(path, "could not be accessed, options not saved"));
   return false;
 }

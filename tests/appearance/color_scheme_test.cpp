@@ -29,7 +29,7 @@ struct SchemeRun {
     s.look.Scheme.fill(Rgb(1, 2, 3));
     FillSchemeList(s, list);
   }
-  bool Read(const std::string& name) { return ReadColorScheme(s, ui, name); }
+  bool Read(const std::string& name) { return ReadColorScheme(s.session.AppFolder, s.look, ui, name); }
   std::string File() const { return dir.Read("all.col"); }
   test::TempDir dir;
   GameState s;

@@ -23,7 +23,7 @@ struct ConfigRun {
   explicit ConfigRun(const char* contents = nullptr) {
     s.session.AppFolder = dir.path() + "/";
     if (contents) dir.Write("velmora.cfg", contents);
-    ReadcfgFile(s, ui);
+    ReadcfgFile(s.session, s.look, ui);
   }
   std::vector<std::string> Written() const { return test::Lines(dir.Read("velmora.cfg")); }
 };
@@ -64,10 +64,10 @@ TEST(ReadcfgFile, FirstRunAndShortOrBadFilesShowTheMessageOnceAndWriteTheFileAne
 TEST(SavecfgFile, WritesTheFourLinesOrReportsTheFolder) {
   ConfigRun run("x\nsea.col\n/data/p.vlm\n1\n");
   run.s.session.CurrentPuzzleNumber = 12;
-  ASSERT_TRUE(SavecfgFile(run.s, run.ui));
+  ASSERT_TRUE(SavecfgFile(run.s.session, run.s.look, run.ui));
   EXPECT_EQ(run.Written()[1] + "|" + run.Written()[2] + "|" + run.Written()[3], "sea.col|/data/p.vlm| 12 ");
   run.s.session.AppFolder = run.dir.path() + "/missing/";
-  EXPECT_FALSE(SavecfgFile(run.s, run.ui));
+  EXPECT_FALSE(SavecfgFile(run.s.session, run.s.look, run.ui));
   EXPECT_EQ(run.ui.messages,
             std::vector<std::string>{"Configuration file:\r\n" + run.dir.path() +
                                      "/missing/velmora.cfg\r\ncould not be accessed, options not saved"});

@@ -24,8 +24,8 @@ struct Rendered {
     QPainter p(&image);
     ScaleToTwips(p, 96, 96);
     BoardPainter painter(p, strip, Qt::white, kSurface);
-    painter.DrawBoard(s);
-    if (solution) painter.DrawSolution(s);
+    painter.DrawBoard(s.puzzle);
+    if (solution) painter.DrawSolution(s.puzzle);
   }
   // Pixels in a twips rectangle for which `test` holds.
   int Count(double x, double y, double w, double h, const std::function<bool(QColor)>& test) const {

@@ -242,7 +242,7 @@ void Form2::Apply() {
 }
 
 void Form2::reject() {
-  ReadColorScheme(s_, ui_, s_.look.ColorSchemeName);
+  ReadColorScheme(s_.session.AppFolder, s_.look, ui_, s_.look.ColorSchemeName);
   QDialog::reject();
 }
 

@@ -14,9 +14,7 @@ constexpr int kCellsWidth = 2 * kCellSize + 60;
 
 }  // namespace
 
-SchemePreview::SchemePreview(QWidget* parent) : QWidget(parent) {
-  cells_.puzzle.Rows = cells_.puzzle.Cols = 7;
-}
+SchemePreview::SchemePreview(QWidget* parent) : QWidget(parent) {}
 
 void SchemePreview::SetColors(QColor background, QColor titleBox, QColor buttonFace) {
   background_ = background;

@@ -23,7 +23,7 @@ class SchemePreview : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  GameState cells_;  // cell positions for the two sample cards
+  Puzzle cells_;  // the two sample cards' board
   SuitStrip strip_;
   QColor background_, titleBox_, buttonFace_;
 };

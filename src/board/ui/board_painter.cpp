@@ -51,13 +51,13 @@ void BoardPainter::Outline(const QRectF& r) {
   p_.drawRect(r);
 }
 
-void BoardPainter::DrawCell(const GameState& s, int rank, const std::string& suitLetter, int row, int col) {
+void BoardPainter::DrawCell(const Puzzle& puzzle, int rank, const std::string& suitLetter, int row, int col) {
   if (!InBoard(row, col)) return;
   const int x = CellX(col), y = CellY(row);
   const QRectF cell(x, y, kCellSize, kCellSize);
   p_.setPen(Qt::NoPen);
-  const bool given = given_.isValid() && !suitLetter.empty() && s.puzzle.PuzzleGrid[row][col] != 0 &&
-                     s.puzzle.Grid[row][col] == s.puzzle.PuzzleGrid[row][col];
+  const bool given = given_.isValid() && !suitLetter.empty() && puzzle.PuzzleGrid[row][col] != 0 &&
+                     puzzle.Grid[row][col] == puzzle.PuzzleGrid[row][col];
   p_.fillRect(cell, given ? given_ : cell_);
   Outline(cell);
   if (suitLetter.empty()) return;
@@ -93,34 +93,34 @@ void BoardPainter::DrawCell(const GameState& s, int rank, const std::string& sui
               QString::fromLatin1(RankLetter(rank)));
 }
 
-void BoardPainter::DrawBoard(const GameState& s) {
+void BoardPainter::DrawBoard(const Puzzle& puzzle) {
   p_.fillRect(QRectF(0, 0, kPictureWidth, kPictureHeight), surface_);
-  for (int row = 1; row <= LoopRows(s.puzzle); ++row) {
-    for (int col = 1; col <= LoopCols(s.puzzle); ++col) {
-      const int v = s.puzzle.Grid[row][col];
+  for (int row = 1; row <= LoopRows(puzzle); ++row) {
+    for (int col = 1; col <= LoopCols(puzzle); ++col) {
+      const int v = puzzle.Grid[row][col];
       if (v < 0) {
         // Marks beyond -4 find no letter and give a blank cell.
         const std::string suit = v >= -4 ? std::string(1, "SHDC"[-v - 1]) : std::string();
-        DrawCell(s, -1, suit, row, col);
+        DrawCell(puzzle, -1, suit, row, col);
       }
       if (v < 1) {
         Outline(QRectF(CellX(col), CellY(row), kCellSize, kCellSize));
       } else if (v <= kMaxCardIndex) {
-        const int suit = s.puzzle.CardCodes.Suit(v);
-        DrawCell(s, s.puzzle.CardCodes.Rank(v), suit ? std::string(1, kSuitLetters[suit]) : std::string("X"),
-                 row, col);
+        const int suit = puzzle.CardCodes.Suit(v);
+        DrawCell(puzzle, puzzle.CardCodes.Rank(v),
+                 suit ? std::string(1, kSuitLetters[suit]) : std::string("X"), row, col);
       }
     }
   }
 }
 
-void BoardPainter::DrawSolution(const GameState& s) {
+void BoardPainter::DrawSolution(const Puzzle& puzzle) {
   p_.setFont(BoardFont(kSolutionFontTwips, false));
   p_.setPen(kBlackSuitColor);
   const int ascent = p_.fontMetrics().ascent();
-  for (int row = 1; row <= LoopRows(s.puzzle); ++row) {
-    for (int col = 1; col <= LoopCols(s.puzzle); ++col) {
-      const int v = s.puzzle.SolutionGrid[row][col];
+  for (int row = 1; row <= LoopRows(puzzle); ++row) {
+    for (int col = 1; col <= LoopCols(puzzle); ++col) {
+      const int v = puzzle.SolutionGrid[row][col];
       if (v < 1 || v > kMaxCardIndex) continue;
       p_.drawText(QPointF(TextX(col) - 200, TextY(row) + 450 + ascent),
                   QString::fromLatin1(CardText(v).c_str()));

@@ -55,11 +55,11 @@ class BoardPainter {
 
   // One cell: filled and outlined; with a suit letter also its symbol and
   // the rank letter (rank -1 shows "?").
-  void DrawCell(const GameState& s, int rank, const std::string& suitLetter, int row, int col);
+  void DrawCell(const Puzzle& p, int rank, const std::string& suitLetter, int row, int col);
   // The whole picture cleared, then every cell from the grid.
-  void DrawBoard(const GameState& s);
+  void DrawBoard(const Puzzle& p);
   // The stored solution written small into every cell.
-  void DrawSolution(const GameState& s);
+  void DrawSolution(const Puzzle& p);
 
  private:
   void Outline(const QRectF& r);

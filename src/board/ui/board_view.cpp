@@ -74,14 +74,14 @@ void BoardView::PaintOnImage(Paint&& paint) {
 
 void BoardView::DrawBoard() {
   EnsureImage();
-  PaintOnImage([this](BoardPainter& b) { b.DrawBoard(s_); });
+  PaintOnImage([this](BoardPainter& b) { b.DrawBoard(s_.puzzle); });
   update();
 }
 
 void BoardView::DrawCell(int rank, const std::string& suitLetter, int row, int col) {
   // A new screen scale starts from a full picture of the grid first.
-  if (EnsureImage()) PaintOnImage([this](BoardPainter& b) { b.DrawBoard(s_); });
-  PaintOnImage([&](BoardPainter& b) { b.DrawCell(s_, rank, suitLetter, row, col); });
+  if (EnsureImage()) PaintOnImage([this](BoardPainter& b) { b.DrawBoard(s_.puzzle); });
+  PaintOnImage([&](BoardPainter& b) { b.DrawCell(s_.puzzle, rank, suitLetter, row, col); });
   if (row < 0 || row > kMaxIndex || col < 0 || col > kMaxIndex) return;
   const QPointF topLeft = TwipsToPixels(QPointF(CellX(col), CellY(row)));
   const QPointF side = TwipsToPixels(QPointF(kCellSize, kCellSize));
@@ -89,13 +89,13 @@ void BoardView::DrawCell(int rank, const std::string& suitLetter, int row, int c
 }
 
 void BoardView::ShowSolution() {
-  if (EnsureImage()) PaintOnImage([this](BoardPainter& b) { b.DrawBoard(s_); });
-  PaintOnImage([this](BoardPainter& b) { b.DrawSolution(s_); });
+  if (EnsureImage()) PaintOnImage([this](BoardPainter& b) { b.DrawBoard(s_.puzzle); });
+  PaintOnImage([this](BoardPainter& b) { b.DrawSolution(s_.puzzle); });
   update();
 }
 
 void BoardView::paintEvent(QPaintEvent* event) {
-  if (EnsureImage()) PaintOnImage([this](BoardPainter& b) { b.DrawBoard(s_); });
+  if (EnsureImage()) PaintOnImage([this](BoardPainter& b) { b.DrawBoard(s_.puzzle); });
   QPainter p(this);
   p.fillRect(event->rect(), surface_);
   p.drawImage(QRectF(offset_, QSizeF(image_.size()) / imageScale_), image_);

@@ -59,41 +59,16 @@ void PrintCurrent(const GameState& s, UserInterface& ui, PrintJobs& jobs, const 
   ui.ShowMessage(failure.empty() ? "Done" : failure);
 }
 
-void PrintCurrentPage(const GameState& s, PrintSurface& page, int mode) {
-  int x = kPageX, y = kTopY;
-  PrintPage(s, page, x, y, NumberValue(s.view.PuzNumNow), s.view.PuzTitle, mode);
-}
-
-struct PrintFileChoice {
-  std::string file;
-  long long first = 0, last = 0;
-  bool solutions = false;
-};
-
-// The answer's fields from the right, so a file name may hold commas.
-bool ParseAnswer(const std::string& answer, PrintFileChoice& c) {
-  std::string fields[4];
-  size_t end = answer.size();
-  for (int i = 3; i >= 0; --i) {
-    const size_t comma = end == 0 ? std::string::npos : answer.rfind(',', end - 1);
-    if (comma == std::string::npos) return false;
-    fields[i] = answer.substr(comma + 1, end - comma - 1);
-    end = comma;
-  }
-  c.file = answer.substr(0, end);
-  c.first = NumberValue(fields[0]);
-  c.last = NumberValue(fields[1]);
-  c.solutions = NumberValue(fields[2]) == 1;
-  return true;  // fields[3], the per-page choice, decides nothing
+void PrintCurrentPage(const GameState& s, PrintSurface& page, PageKind kind) {
+  PrintPage(s, page, {kPageX, kTopY}, NumberValue(s.view.PuzNumNow), s.view.PuzTitle, kind);
 }
 
 void PrintRange(const GameState& s, UserInterface& ui, PrintSurface& page, const PrintFileChoice& c) {
   GameState work = s;
   QuietUi quiet(ui);
   std::string title;
-  auto print = [&](long long n, int y, int mode) {
-    int x = kPageX;
-    PrintPage(work, page, x, y, static_cast<int>(n), title, mode);
+  auto print = [&](long long n, int y, PageKind kind) {
+    PrintPage(work, page, {kPageX, y}, static_cast<int>(n), title, kind);
   };
   auto load = [&](long long n) {
     return LoadPuzzle(work, quiet, c.file, static_cast<int>(n), title, 0) == 0;
@@ -101,16 +76,16 @@ void PrintRange(const GameState& s, UserInterface& ui, PrintSurface& page, const
   if (c.solutions) {
     for (long long n = c.first; n <= c.last; ++n) {
       if (!load(n)) continue;
-      print(n, kTopY, 0);
-      print(n, kFileLowerY, 1);
+      print(n, kTopY, PageKind::kPuzzle);
+      print(n, kFileLowerY, PageKind::kSolution);
       page.NewPage();
     }
     return;
   }
   for (long long n = c.first; n <= c.last; n += 2) {
-    if (load(n)) print(n, kTopY, 0);
+    if (load(n)) print(n, kTopY, PageKind::kPuzzle);
     if (n + 1 > c.last) break;
-    if (load(n + 1)) print(n + 1, kFileLowerY, 0);
+    if (load(n + 1)) print(n + 1, kFileLowerY, PageKind::kPuzzle);
     page.NewPage();
   }
 }
@@ -128,17 +103,18 @@ void PrintCell(PrintSurface& p, int rank, const std::string& suitLetter, int x, 
   p.Text(x + 560, y + 500, 14, true, rankText);
 }
 
-void PrintPage(const GameState& s, PrintSurface& p, int& originX, int& originY, int number,
-               const std::string& title, int mode) {
-  p.Text(originX, originY, 8, false, (mode == 0 ? "Puz#" : "Sol#") + NumText(number) + ":" + title);
-  originY += 200;
+PageOrigin PrintPage(const GameState& s, PrintSurface& p, PageOrigin heading, int number,
+                     const std::string& title, PageKind kind) {
+  const bool puzzle = kind == PageKind::kPuzzle;
+  p.Text(heading.x, heading.y, 8, false, (puzzle ? "Puz#" : "Sol#") + NumText(number) + ":" + title);
+  const int originX = heading.x, originY = heading.y + kHeadingHeight;
   for (int row = 1; row <= LoopRows(s); ++row) {
     for (int col = 1; col <= LoopCols(s); ++col) {
-      const int v = mode == 1 ? s.SolutionGrid[row][col] : s.Grid[row][col];
+      const int v = puzzle ? s.Grid[row][col] : s.SolutionGrid[row][col];
       PrintValue(s, p, v, s.CellX[row][col] + originX, s.CellY[row][col] + originY);
     }
   }
-  if (mode == 0) {
+  if (puzzle) {
     // Beside the grid, one line per suit in the height of rows 1 to 4.
     for (int suit = 1; suit <= 4; ++suit) {
       const int x = s.TextX[suit][7] + originX + 900, y = s.TextY[suit][1] + originY;
@@ -153,23 +129,24 @@ void PrintPage(const GameState& s, PrintSurface& p, int& originX, int& originY, 
         p.Text(first + step * i, y, 14, true, remain[static_cast<size_t>(i)].substr(0, 1));
     }
   }
-  p.Text(s.TextX[1][6] + originX + 500, originY - 200, 6, false, kPrintFooter);
+  p.Text(s.TextX[1][6] + originX + 500, heading.y, 6, false, kPrintFooter);
+  return {originX, originY};
 }
 
 void PrintPuzzleAndSolution(const GameState& s, PrintSurface& p) {
   const int number = NumberValue(s.view.PuzNumNow);
-  int x = kPageX, y = kTopY;
-  PrintPage(s, p, x, y, number, "", 0);
-  x = kPageX, y = kCurrentLowerY;
-  PrintPage(s, p, x, y, number, "", 1);
+  PrintPage(s, p, {kPageX, kTopY}, number, "", PageKind::kPuzzle);
+  PrintPage(s, p, {kPageX, kCurrentLowerY}, number, "", PageKind::kSolution);
 }
 
 void mnuprintcurrentpuz(GameState& s, UserInterface& ui, PrintJobs& jobs) {
-  PrintCurrent(s, ui, jobs, "Print Current Puzzle?", [&](PrintSurface& p) { PrintCurrentPage(s, p, 0); });
+  PrintCurrent(s, ui, jobs, "Print Current Puzzle?",
+               [&](PrintSurface& p) { PrintCurrentPage(s, p, PageKind::kPuzzle); });
 }
 
 void mnuprintcurrentsol(GameState& s, UserInterface& ui, PrintJobs& jobs) {
-  PrintCurrent(s, ui, jobs, "Print Current solution?", [&](PrintSurface& p) { PrintCurrentPage(s, p, 1); });
+  PrintCurrent(s, ui, jobs, "Print Current solution?",
+               [&](PrintSurface& p) { PrintCurrentPage(s, p, PageKind::kSolution); });
 }
 
 void mnuprintcurrent(GameState& s, UserInterface& ui, PrintJobs& jobs) {
@@ -187,26 +164,27 @@ int CountPrintablePuzzles(const std::string& file) {
   return count;
 }
 
-std::string Form5Answer(UserInterface& ui, const std::string& file, const std::string& first,
-                        const std::string& last, bool solutions, int perPage) {
+std::optional<PrintFileChoice> Form5Answer(UserInterface& ui, const std::string& file,
+                                           const std::string& first, const std::string& last, bool solutions,
+                                           int perPage) {
   const int count = CountPrintablePuzzles(file);
   if (count == 0) {
     ui.ShowMessage("No puzzles in this file: " + file);
-    return "";
+    return std::nullopt;
   }
   if (Val(first) < 1 || Val(last) > count) {
     ui.ShowMessage("Invalid from or to puzzle number");
-    return "";
+    return std::nullopt;
   }
-  return file + "," + first + "," + last + "," + Str(solutions ? 1 : 0) + "," + Str(perPage);
+  return PrintFileChoice{file, NumberValue(first), NumberValue(last), solutions, perPage};
 }
 
 void mnuprintfile(GameState& s, UserInterface& ui, PrintJobs& jobs) {
   if (RefusedWhileSolving(s, ui)) return;
-  const std::string answer = jobs.AskPrintFile(s.CurrentPuzzleFile);
+  const std::optional<PrintFileChoice> answer = jobs.AskPrintFile(s.CurrentPuzzleFile);
   ui.Yield();
-  PrintFileChoice choice;
-  if (answer.empty() || answer == "X" || !ParseAnswer(answer, choice)) return;
+  if (!answer) return;
+  const PrintFileChoice& choice = *answer;
   // An empty range asks for no printer or file; it still ends with "Done".
   if (choice.first > choice.last) {
     ui.ShowMessage("Nothing to print: puzzle" + Str(choice.first) + " comes after puzzle" + Str(choice.last));

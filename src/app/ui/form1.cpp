@@ -19,12 +19,14 @@
 #include "app/ui/about_form.h"
 #include "app/ui/help_window.h"
 #include "appearance/color_scheme.h"
+#include "appearance/ui/form2.h"
 #include "board/ui/board_view.h"
 #include "controls/ui/fndialog.h"
 #include "controls/ui/local_text.h"
 #include "creation/create_commands.h"
 #include "creation/ui/form3.h"
 #include "model/commands.h"
+#include "printing/ui/print_menu.h"
 
 namespace velmora {
 namespace {
@@ -47,6 +49,7 @@ Form1::Form1(QWidget* parent) : QMainWindow(parent) {
   setWindowTitle(kTitle);
   systemButtonFace_ = QApplication::palette().color(QPalette::Button);
   s_.Scheme = DefaultSchemeColors();
+  printMenu_ = std::make_unique<PrintMenu>(this);
   BuildControls();
   BuildMenus();
   BuildAssist();
@@ -123,9 +126,16 @@ Form3* Form1::CreateDialog() {
 void Form1::MultiplePuzzles() {
   if (RefusedWhileSolving(s_, *this)) return;
   const Form3Values form = CreateDialog()->Ask(s_.CurrentPuzzleFile, s_.AppFolder);
-  if (form.result != "Y") return;
+  if (!form.created) return;
   RunLong([form](GameState& s, UserInterface& ui) { mnumultipuzx(s, ui, form); });
 }
+
+void Form1::ShowOptions() {
+  Form2 dialog(s_, *this, this, [this] { kickinOptions_->click(); });
+  dialog.exec();
+}
+
+void Form1::PrintPreview() { printMenu_->Preview(s_); }
 
 int Form1::TransformLevel() const { return form3_ ? form3_->Values().level : kLevelRandom; }
 

@@ -54,8 +54,8 @@ void ApplyTextSize(TextSize size) {
   QApplication::setFont(font);
 }
 
-Form2::Form2(GameState& s, UserInterface& ui, QWidget* mainWindow)
-    : QDialog(mainWindow), s_(s), ui_(ui), mainWindow_(mainWindow) {
+Form2::Form2(GameState& s, UserInterface& ui, QWidget* parent, std::function<void()> applied)
+    : QDialog(parent), s_(s), ui_(ui), applied_(std::move(applied)) {
   setObjectName(QStringLiteral("Form2"));
   setWindowTitle(QStringLiteral("Velmora Options"));
   // Controls are made in their tab order.
@@ -237,18 +237,13 @@ void Form2::Apply() {
     ChangeSettings(s_.AppFolder, [size](Settings& saved) { saved.textSize = size; });
     ApplyTextSize(size);
   }
-  if (auto* kickin = mainWindow_->findChild<QPushButton*>(QStringLiteral("kickinOptions"))) kickin->click();
+  if (applied_) applied_();
   accept();
 }
 
 void Form2::reject() {
   ReadColorScheme(s_, ui_, s_.ColorSchemeName);
   QDialog::reject();
-}
-
-void ShowOptions(GameState& s, UserInterface& ui, QWidget* mainWindow) {
-  Form2 dialog(s, ui, mainWindow);
-  dialog.exec();
 }
 
 }  // namespace velmora

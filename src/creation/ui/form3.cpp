@@ -124,11 +124,11 @@ void Form3::Connect() {
           [this](const QString& text) { check1_->setChecked(Val(S(text)) == 1); });
   connect(fileNow_, &FNDialog::Browse, this, [this] { BrowseFileNow(); });
   connect(command1_, &QPushButton::clicked, this, [this] {
-    result_ = QStringLiteral("Y");
+    created_ = true;
     accept();
   });
   connect(command2_, &QPushButton::clicked, this, [this] {
-    result_ = QStringLiteral("X");
+    created_ = false;
     reject();
   });
 }
@@ -136,7 +136,7 @@ void Form3::Connect() {
 Form3Values Form3::Ask(const std::string& currentFile, const std::string& appFolder) {
   fileNow_->SetText(QText(currentFile));
   appFolder_ = QText(appFolder);
-  result_ = QStringLiteral("X");
+  created_ = false;
   text1_->setFocus();
   text1_->selectAll();
   exec();
@@ -152,19 +152,17 @@ Form3Values Form3::Values() const {
   for (int level = kLevelEasy; level <= kLevelRandom; ++level) {
     if (options_[static_cast<size_t>(level)]->isChecked()) v.level = level;
   }
-  v.result = S(result_);
+  v.created = created_;
   return v;
 }
 
 void Form3::closeEvent(QCloseEvent* event) {
-  result_ = QStringLiteral("X");
+  created_ = false;
   QDialog::closeEvent(event);
 }
 
 void Form3::BrowseFileNow() {
-  fileNow_->SetTitle(QStringLiteral("Select an output Puzzle file"));
-  fileNow_->SetFileTypes(QString::fromLatin1(kPuzzleFileTypes));
-  fileNow_->SetFileTypesName(QString::fromLatin1(kPuzzleFileTypesName));
+  fileNow_->ForPuzzleFiles(QStringLiteral("Select an output Puzzle file"));
   fileNow_->SetDefaultDir(appFolder_);
   const QString name = fileNow_->ShowFileDialog(QStringLiteral("SAVE"));
   if (name.isEmpty()) return;

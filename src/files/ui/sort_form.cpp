@@ -31,11 +31,8 @@ const QString kStartCaption = QStringLiteral("Start#");
 FNDialog* FileBox(QGroupBox* frame, const char* name, const char* textName, const char* title) {
   auto* box = new FNDialog(frame);
   box->setObjectName(QString::fromLatin1(name));
-  if (auto* text = box->findChild<QLineEdit*>(QStringLiteral("Text")))
-    text->setObjectName(QString::fromLatin1(textName));
-  box->SetTitle(QString::fromLatin1(title));
-  box->SetFileTypes(QString::fromLatin1(kPuzzleFileTypes));
-  box->SetFileTypesName(QString::fromLatin1(kPuzzleFileTypesName));
+  box->Field()->setObjectName(QString::fromLatin1(textName));
+  box->ForPuzzleFiles(QString::fromLatin1(title));
   box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QLatin1Char('x')) * 56);
   (new QHBoxLayout(frame))->addWidget(box);
   return box;
@@ -158,10 +155,8 @@ SortForm::SortForm(Random& rng, UserInterface& ui, const std::string& appFolder,
 
   connect(gf2_, &FNDialog::Browse, this, [this] { BrowseSource(); });
   connect(gf1_, &FNDialog::Browse, this, [this] { BrowseOutput(); });
-  for (FNDialog* box : {gf1_, gf2_}) {
-    if (auto* text = box->findChild<QLineEdit*>())
-      connect(text, &QLineEdit::textChanged, this, [this] { EnableSort(); });
-  }
+  for (FNDialog* box : {gf1_, gf2_})
+    connect(box->Field(), &QLineEdit::textChanged, this, [this] { EnableSort(); });
   connect(command1_, &QPushButton::clicked, this, [this] { Sort(); });
   connect(command2_, &QPushButton::clicked, this, [this] { reject(); });
   EnableSort();

@@ -21,6 +21,7 @@
 #include "appearance/color_scheme.h"
 #include "appearance/ui/form2.h"
 #include "board/ui/board_view.h"
+#include "controls/ui/colors.h"
 #include "controls/ui/fndialog.h"
 #include "controls/ui/local_text.h"
 #include "creation/create_commands.h"
@@ -32,15 +33,6 @@ namespace velmora {
 namespace {
 
 const QString kTitle = QStringLiteral("Velmora");
-
-QColor ToColor(uint32_t c) { return QColor(RedOf(c), GreenOf(c), BlueOf(c)); }
-uint32_t FromColor(const QColor& c) { return Rgb(c.red(), c.green(), c.blue()); }
-
-void SetRole(QWidget* w, QPalette::ColorRole role, const QColor& colour) {
-  QPalette pal = w->palette();
-  pal.setColor(role, colour);
-  w->setPalette(pal);
-}
 
 }  // namespace
 
@@ -278,7 +270,7 @@ void Form1::FillRemain(int list) {
   for (int i = 0; same && i < w->count(); ++i) same = w->item(i)->text() == Q(items[i]);
   if (same) return;
   w->clear();
-  const QColor colour = list == 1 || list == 2 ? QColor(200, 9, 9) : QColor(50, 50, 50);
+  const QColor colour = list == 1 || list == 2 ? kRedSuitColor : kBlackSuitColor;
   for (const std::string& text : items) {
     auto* item = new QListWidgetItem(Q(text), w);
     item->setTextAlignment(Qt::AlignCenter);

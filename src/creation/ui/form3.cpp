@@ -98,20 +98,12 @@ QWidget* Form3::BuildLevelFrame(const Form3Values& start) {
 }
 
 QLayout* Form3::BuildButtons() {
-  command1_ = new QPushButton(QStringLiteral("Create"), this);
-  command1_->setObjectName(QStringLiteral("Command1"));
-  command1_->setToolTip(QStringLiteral("Create new puzzle(s)"));
-  command1_->setDefault(true);
-  command2_ = new QPushButton(QStringLiteral("Exit"), this);
-  command2_->setObjectName(QStringLiteral("Command2"));
-  command2_->setToolTip(QStringLiteral("Take no action and exit"));
-  command2_->setAutoDefault(false);
   // The buttons stay direct children of the dialog: FileNow has a Command1 of its own.
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch(1);
-  buttons->addWidget(command1_);
-  buttons->addWidget(command2_);
-  return buttons;
+  const CommandRow row =
+      MakeCommandRow(this, QStringLiteral("Create"), QStringLiteral("Create new puzzle(s)"));
+  command1_ = row.command1;
+  command2_ = row.command2;
+  return row.layout;
 }
 
 void Form3::Connect() {

@@ -56,14 +56,6 @@ void Options(QGroupBox* frame, const Choice (&choices)[N], std::array<QRadioButt
   layout->addStretch(1);
 }
 
-QPushButton* Command(const char* name, const char* caption, const char* tip, QWidget* parent) {
-  auto* button = new QPushButton(QString::fromLatin1(caption), parent);
-  button->setObjectName(QString::fromLatin1(name));
-  button->setToolTip(QString::fromLatin1(tip));
-  button->setAutoDefault(false);
-  return button;
-}
-
 // Passes everything on to the window's user interface, but lets window
 // events run at most once a frame: after every one of 100,000 records they
 // would take a minute, and the person sees the same at a frame's pace.
@@ -136,13 +128,11 @@ SortForm::SortForm(Random& rng, UserInterface& ui, const std::string& appFolder,
   frame5->addWidget(text3_, 1, 1);
   frame5->setRowStretch(2, 1);
 
-  command1_ = Command("Command1", "Sort", "Proceed with sort", this);
-  command1_->setDefault(true);
-  command2_ = Command("Command2", "Exit", "Take no action and exit", this);
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch(1);
-  buttons->addWidget(command1_);
-  buttons->addWidget(command2_);
+  const CommandRow row = MakeCommandRow(this, QStringLiteral("Sort"), QStringLiteral("Proceed with sort"));
+  command1_ = row.command1;
+  command1_->setAutoDefault(false);
+  command2_ = row.command2;
+  QHBoxLayout* buttons = row.layout;
   auto* choices = new QHBoxLayout;
   for (QGroupBox* frame : {frames_[2], frames_[3], frames_[4]}) choices->addWidget(frame, 1);
   auto* layout = new QVBoxLayout(this);

@@ -42,22 +42,14 @@ Form5::Form5(PrinterChoice& printer, QWidget* parent) : QDialog(parent), printer
   grid->addWidget(BuildSolutionFrame(), 2, 1);
   grid->addWidget(BuildPerPageFrame(), 3, 0, 1, 2);
 
-  auto* command1 = Named(new QPushButton(QStringLiteral("Print"), this), QStringLiteral("Command1"));
-  command1->setToolTip(QStringLiteral("Print puzzles and exit"));
-  command1->setDefault(true);
-  auto* command2 = Named(new QPushButton(QStringLiteral("Exit"), this), QStringLiteral("Command2"));
-  command2->setToolTip(QStringLiteral("Take no action and exit"));
-  command2->setAutoDefault(false);
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch(1);
-  buttons->addWidget(command1);
-  buttons->addWidget(command2);
-  grid->addLayout(buttons, 4, 0, 1, 2);
+  const CommandRow commands =
+      MakeCommandRow(this, QStringLiteral("Print"), QStringLiteral("Print puzzles and exit"));
+  grid->addLayout(commands.layout, 4, 0, 1, 2);
   grid->setSizeConstraint(QLayout::SetFixedSize);
 
   connect(gf1_, &FNDialog::Browse, this, [this] { Browse(); });
-  connect(command1, &QPushButton::clicked, this, [this] { Print(); });
-  connect(command2, &QPushButton::clicked, this, [this] {
+  connect(commands.command1, &QPushButton::clicked, this, [this] { Print(); });
+  connect(commands.command2, &QPushButton::clicked, this, [this] {
     answer_.reset();
     reject();
   });

@@ -14,7 +14,6 @@
 #include "controls/ui/fndialog.h"
 #include "controls/ui/frames.h"
 #include "controls/ui/local_text.h"
-#include "files/file_commands.h"
 #include "model/text.h"
 
 namespace velmora {

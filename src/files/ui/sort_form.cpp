@@ -19,7 +19,6 @@
 #include "controls/ui/fndialog.h"
 #include "controls/ui/frames.h"
 #include "controls/ui/local_text.h"
-#include "files/file_commands.h"
 
 namespace velmora {
 namespace {
@@ -112,22 +111,29 @@ SortForm::SortForm(Random& rng, UserInterface& ui, const std::string& appFolder,
            {"Option7", "No of Blanks"}},
           keys_);
   Options(frames_[3], {{"Option1", "Ascending"}, {"Option2", "Descending"}, {"Option6", "Random"}}, orders_);
+  BuildNumberFrame(frames_[4]);
+  BuildLayout();
+  Connect();
+}
 
-  check1_ = new QCheckBox(QStringLiteral("Resequence"), frames_[4]);
+void SortForm::BuildNumberFrame(QGroupBox* frame) {
+  check1_ = new QCheckBox(QStringLiteral("Resequence"), frame);
   check1_->setObjectName(QStringLiteral("Check1"));
   // Label1 names the start number and shows the count while a sort runs.
-  label1_ = new QLabel(kStartCaption, frames_[4]);
+  label1_ = new QLabel(kStartCaption, frame);
   label1_->setObjectName(QStringLiteral("Label1"));
   label1_->setMinimumWidth(label1_->fontMetrics().horizontalAdvance(QStringLiteral("0000000")));
-  text3_ = new QLineEdit(QStringLiteral("1"), frames_[4]);
+  text3_ = new QLineEdit(QStringLiteral("1"), frame);
   text3_->setObjectName(QStringLiteral("Text3"));
   text3_->setFixedWidth(text3_->fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + 16);
-  auto* frame5 = new QGridLayout(frames_[4]);
+  auto* frame5 = new QGridLayout(frame);
   frame5->addWidget(check1_, 0, 0, 1, 2);
   frame5->addWidget(label1_, 1, 0);
   frame5->addWidget(text3_, 1, 1);
   frame5->setRowStretch(2, 1);
+}
 
+void SortForm::BuildLayout() {
   const CommandRow row = MakeCommandRow(this, QStringLiteral("Sort"), QStringLiteral("Proceed with sort"));
   command1_ = row.command1;
   command1_->setAutoDefault(false);
@@ -142,7 +148,9 @@ SortForm::SortForm(Random& rng, UserInterface& ui, const std::string& appFolder,
   layout->addSpacing(4);
   layout->addLayout(buttons);
   layout->setSizeConstraint(QLayout::SetFixedSize);
+}
 
+void SortForm::Connect() {
   connect(gf2_, &FNDialog::Browse, this, [this] { BrowseSource(); });
   connect(gf1_, &FNDialog::Browse, this, [this] { BrowseOutput(); });
   for (FNDialog* box : {gf1_, gf2_})

@@ -17,7 +17,6 @@
 #include "controls/ui/fndialog.h"
 #include "controls/ui/frames.h"
 #include "controls/ui/local_text.h"
-#include "files/file_commands.h"
 #include "files/puzzle_file.h"
 #include "model/text.h"
 #include "printing/print_commands.h"

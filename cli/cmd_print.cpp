@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>  // setenv
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -39,9 +40,9 @@ class PrintUi : public SilentUserInterface {
 // The answer Form5 would give, and a PDF file as the printer.
 class PdfPrintJobs : public PrintJobs {
  public:
-  PdfPrintJobs(std::string answer, std::string out, QPageSize paper)
+  PdfPrintJobs(std::optional<PrintFileChoice> answer, std::string out, QPageSize paper)
       : answer_(std::move(answer)), out_(std::move(out)), paper_(std::move(paper)) {}
-  std::string AskPrintFile(const std::string&) override { return answer_; }
+  std::optional<PrintFileChoice> AskPrintFile(const std::string&) override { return answer_; }
   PrintSurface* StartJob(const std::string&) override {
     job_ = std::make_unique<PdfJob>(paper_, strip_);
     return &job_->Surface();
@@ -56,7 +57,8 @@ class PdfPrintJobs : public PrintJobs {
   bool Failed() const { return failed_; }
 
  private:
-  std::string answer_, out_;
+  std::optional<PrintFileChoice> answer_;
+  std::string out_;
   QPageSize paper_;
   SuitStrip strip_;
   std::unique_ptr<PdfJob> job_;
@@ -146,15 +148,15 @@ int RunPrint(const std::vector<std::string>& args) {
   const QPageSize paper(a.paper == "letter" ? QPageSize::Letter : QPageSize::A4);
   PrintUi ui;
   if (a.current) {
-    PdfPrintJobs jobs("", a.pdf, paper);
+    PdfPrintJobs jobs(std::nullopt, a.pdf, paper);
     return PrintCurrent(a, jobs, ui);
   }
   if (a.to.empty()) a.to = NumText(CountPuzzles(a.file));
-  const std::string answer = Form5Answer(ui, a.file, a.from, a.to, a.solutions, 1);
-  if (answer.empty()) return 1;
+  std::optional<PrintFileChoice> answer = Form5Answer(ui, a.file, a.from, a.to, a.solutions, 1);
+  if (!answer) return 1;
   if (Val(a.from) > Val(a.to))
     return Failure("nothing to print: --from " + a.from + " comes after --to " + a.to);
-  PdfPrintJobs jobs(answer, a.pdf, paper);
+  PdfPrintJobs jobs(std::move(answer), a.pdf, paper);
   GameState s;
   mnuprintfile(s, ui, jobs);
   return jobs.Failed() ? 1 : 0;

@@ -124,7 +124,7 @@ void mnunewrandpuzx(GameState& s, UserInterface& ui) {
 
 void mnumultipuzx(GameState& s, UserInterface& ui, const Form3Values& form) {
   if (RefusedWhileSolving(s.session, ui)) return;
-  if (form.result != "Y") return;
+  if (!form.created) return;
   if (!form.Check1 && !IsTitleLine(form.Text4)) {
     ui.ShowMessage(kTitleRefusedText);
     return;

@@ -17,7 +17,7 @@ struct Form3Values {
   std::string Text4;         // title of every new puzzle; blank for automatic titles
   bool Check1 = true;        // "Display only": one puzzle shown, nothing written to FileNow
   int level = kLevelRandom;  // Option1..Option4 as a generator level 0..3
-  std::string result = "X";  // "Y" only when closed with Create
+  bool created = false;      // true only when closed with Create
 };
 
 // Create > "One Puzzle": a puzzle of random level, appended to the
@@ -25,7 +25,7 @@ struct Form3Values {
 void mnunewrandpuzx(GameState& s, UserInterface& ui);
 
 // Create > "Multiple Puzzles", after the dialog: does nothing unless
-// `form.result` is "Y". "Display only" makes one puzzle as One Puzzle does;
+// `form.created`. "Display only" makes one puzzle as One Puzzle does;
 // otherwise Text1 puzzles are appended to FileNow, numbered on after its
 // records, until done or cancelled, and the shown puzzle is reloaded.
 void mnumultipuzx(GameState& s, UserInterface& ui, const Form3Values& form);

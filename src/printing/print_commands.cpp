@@ -48,32 +48,9 @@ void PrintCurrent(const GameState& s, UserInterface& ui, PrintJobs& jobs, const 
   ui.ShowMessage(failure.empty() ? "Done" : failure);
 }
 
-void PrintCurrentPage(const GameState& s, PrintSurface& page, int mode) {
-  int x = kPageX, y = kTopY;
-  PrintPage(s.puzzle, s.view.Remain, page, x, y, NumberValue(s.view.PuzNumNow), s.view.PuzTitle, mode);
-}
-
-struct PrintFileChoice {
-  std::string file;
-  long long first = 0, last = 0;
-  bool solutions = false;
-};
-
-// The answer's fields from the right, so a file name may hold commas.
-bool ParseAnswer(const std::string& answer, PrintFileChoice& c) {
-  std::string fields[4];
-  size_t end = answer.size();
-  for (int i = 3; i >= 0; --i) {
-    const size_t comma = end == 0 ? std::string::npos : answer.rfind(',', end - 1);
-    if (comma == std::string::npos) return false;
-    fields[i] = answer.substr(comma + 1, end - comma - 1);
-    end = comma;
-  }
-  c.file = answer.substr(0, end);
-  c.first = NumberValue(fields[0]);
-  c.last = NumberValue(fields[1]);
-  c.solutions = NumberValue(fields[2]) == 1;
-  return true;  // fields[3], the per-page choice, decides nothing
+void PrintCurrentPage(const GameState& s, PrintSurface& page, PageKind kind) {
+  PrintPage(s.puzzle, s.view.Remain, page, {kPageX, kTopY}, NumberValue(s.view.PuzNumNow), s.view.PuzTitle,
+            kind);
 }
 
 // The records are read into copies: the puzzle shown is loaded again afterwards.
@@ -81,9 +58,8 @@ void PrintRange(const GameState& s, PrintSurface& page, const PrintFileChoice& c
   Puzzle work = s.puzzle;
   RemainLists remain = s.view.Remain;
   std::string title;
-  auto print = [&](long long n, int y, int mode) {
-    int x = kPageX;
-    PrintPage(work, remain, page, x, y, static_cast<int>(n), title, mode);
+  auto print = [&](long long n, int y, PageKind kind) {
+    PrintPage(work, remain, page, {kPageX, y}, static_cast<int>(n), title, kind);
   };
   auto load = [&](long long n) {
     auto read = ReadPuzzle(work, remain, c.file, static_cast<int>(n));
@@ -93,16 +69,16 @@ void PrintRange(const GameState& s, PrintSurface& page, const PrintFileChoice& c
   if (c.solutions) {
     for (long long n = c.first; n <= c.last; ++n) {
       if (!load(n)) continue;
-      print(n, kTopY, 0);
-      print(n, kFileLowerY, 1);
+      print(n, kTopY, PageKind::kPuzzle);
+      print(n, kFileLowerY, PageKind::kSolution);
       page.NewPage();
     }
     return;
   }
   for (long long n = c.first; n <= c.last; n += 2) {
-    if (load(n)) print(n, kTopY, 0);
+    if (load(n)) print(n, kTopY, PageKind::kPuzzle);
     if (n + 1 > c.last) break;
-    if (load(n + 1)) print(n + 1, kFileLowerY, 0);
+    if (load(n + 1)) print(n + 1, kFileLowerY, PageKind::kPuzzle);
     page.NewPage();
   }
 }
@@ -120,17 +96,18 @@ void PrintCell(PrintSurface& p, int rank, const std::string& suitLetter, int x, 
   p.Text(x + 560, y + 500, 14, true, rankText);
 }
 
-void PrintPage(const Puzzle& puzzle, const RemainLists& remainLists, PrintSurface& p, int& originX,
-               int& originY, int number, const std::string& title, int mode) {
-  p.Text(originX, originY, 8, false, (mode == 0 ? "Puz#" : "Sol#") + NumText(number) + ":" + title);
-  originY += 200;
-  for (int row = 1; row <= LoopRows(puzzle); ++row) {
-    for (int col = 1; col <= LoopCols(puzzle); ++col) {
-      const int v = mode == 1 ? puzzle.SolutionGrid[row][col] : puzzle.Grid[row][col];
-      PrintValue(puzzle, p, v, CellX(col) + originX, CellY(row) + originY);
+PageOrigin PrintPage(const Puzzle& s, const RemainLists& remainLists, PrintSurface& p, PageOrigin heading,
+                     int number, const std::string& title, PageKind kind) {
+  const bool puzzle = kind == PageKind::kPuzzle;
+  p.Text(heading.x, heading.y, 8, false, (puzzle ? "Puz#" : "Sol#") + NumText(number) + ":" + title);
+  const int originX = heading.x, originY = heading.y + kHeadingHeight;
+  for (int row = 1; row <= LoopRows(s); ++row) {
+    for (int col = 1; col <= LoopCols(s); ++col) {
+      const int v = puzzle ? s.Grid[row][col] : s.SolutionGrid[row][col];
+      PrintValue(s, p, v, CellX(col) + originX, CellY(row) + originY);
     }
   }
-  if (mode == 0) {
+  if (puzzle) {
     // Beside the grid, one line per suit in the height of rows 1 to 4.
     for (int suit = 1; suit <= 4; ++suit) {
       const int x = TextX(7) + originX + 900, y = TextY(suit) + originY;
@@ -145,23 +122,24 @@ void PrintPage(const Puzzle& puzzle, const RemainLists& remainLists, PrintSurfac
         p.Text(first + step * i, y, 14, true, remain[static_cast<size_t>(i)].substr(0, 1));
     }
   }
-  p.Text(TextX(6) + originX + 500, originY - 200, 6, false, kPrintFooter);
+  p.Text(TextX(6) + originX + 500, heading.y, 6, false, kPrintFooter);
+  return {originX, originY};
 }
 
 void PrintPuzzleAndSolution(const GameState& s, PrintSurface& p) {
   const int number = NumberValue(s.view.PuzNumNow);
-  int x = kPageX, y = kTopY;
-  PrintPage(s.puzzle, s.view.Remain, p, x, y, number, "", 0);
-  x = kPageX, y = kCurrentLowerY;
-  PrintPage(s.puzzle, s.view.Remain, p, x, y, number, "", 1);
+  PrintPage(s.puzzle, s.view.Remain, p, {kPageX, kTopY}, number, "", PageKind::kPuzzle);
+  PrintPage(s.puzzle, s.view.Remain, p, {kPageX, kCurrentLowerY}, number, "", PageKind::kSolution);
 }
 
 void mnuprintcurrentpuz(GameState& s, UserInterface& ui, PrintJobs& jobs) {
-  PrintCurrent(s, ui, jobs, "Print Current Puzzle?", [&](PrintSurface& p) { PrintCurrentPage(s, p, 0); });
+  PrintCurrent(s, ui, jobs, "Print Current Puzzle?",
+               [&](PrintSurface& p) { PrintCurrentPage(s, p, PageKind::kPuzzle); });
 }
 
 void mnuprintcurrentsol(GameState& s, UserInterface& ui, PrintJobs& jobs) {
-  PrintCurrent(s, ui, jobs, "Print Current solution?", [&](PrintSurface& p) { PrintCurrentPage(s, p, 1); });
+  PrintCurrent(s, ui, jobs, "Print Current solution?",
+               [&](PrintSurface& p) { PrintCurrentPage(s, p, PageKind::kSolution); });
 }
 
 void mnuprintcurrent(GameState& s, UserInterface& ui, PrintJobs& jobs) {
@@ -179,26 +157,27 @@ int CountPrintablePuzzles(const std::string& file) {
   return count;
 }
 
-std::string Form5Answer(UserInterface& ui, const std::string& file, const std::string& first,
-                        const std::string& last, bool solutions, int perPage) {
+std::optional<PrintFileChoice> Form5Answer(UserInterface& ui, const std::string& file,
+                                           const std::string& first, const std::string& last, bool solutions,
+                                           int perPage) {
   const int count = CountPrintablePuzzles(file);
   if (count == 0) {
     ui.ShowMessage("No puzzles in this file: " + file);
-    return "";
+    return std::nullopt;
   }
   if (Val(first) < 1 || Val(last) > count) {
     ui.ShowMessage("Invalid from or to puzzle number");
-    return "";
+    return std::nullopt;
   }
-  return file + "," + first + "," + last + "," + Str(solutions ? 1 : 0) + "," + Str(perPage);
+  return PrintFileChoice{file, NumberValue(first), NumberValue(last), solutions, perPage};
 }
 
 void mnuprintfile(GameState& s, UserInterface& ui, PrintJobs& jobs) {
   if (RefusedWhileSolving(s.session, ui)) return;
-  const std::string answer = jobs.AskPrintFile(s.session.CurrentPuzzleFile);
+  const std::optional<PrintFileChoice> answer = jobs.AskPrintFile(s.session.CurrentPuzzleFile);
   ui.Yield();
-  PrintFileChoice choice;
-  if (answer.empty() || answer == "X" || !ParseAnswer(answer, choice)) return;
+  if (!answer) return;
+  const PrintFileChoice& choice = *answer;
   // An empty range asks for no printer or file; it still ends with "Done".
   if (choice.first > choice.last) {
     ui.ShowMessage("Nothing to print: puzzle" + Str(choice.first) + " comes after puzzle" + Str(choice.last));

@@ -1,6 +1,7 @@
 // Printed pages of puzzles and solutions, and the Print menu's commands.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "model/game_state.h"
@@ -34,12 +35,22 @@ class PrintSurface {
   virtual int RightEdge() const = 0;
 };
 
+// Form5's answer: puzzles `first` to `last` of `file`, two puzzles a page or,
+// with `solutions`, each puzzle above its solution.
+struct PrintFileChoice {
+  std::string file;
+  long long first = 0, last = 0;
+  bool solutions = false;
+  int perPage = 1;  // 1, 2 or 4, from Form5's hidden frame: the layout does not follow it
+};
+
 // The printer service behind the commands: Form5 and the print jobs.
 class PrintJobs {
  public:
   virtual ~PrintJobs() = default;
-  // Form5 with `file` in FileNow, run modally; its answer text.
-  virtual std::string AskPrintFile(const std::string& file) = 0;
+  // Form5 with `file` in FileNow, run modally; nothing when it was left
+  // without a decision (Exit, the close box).
+  virtual std::optional<PrintFileChoice> AskPrintFile(const std::string& file) = 0;
   // A job on the current printer, printing from the puzzle file `source`;
   // nullptr when none was started (a cancelled file dialog, or a PDF file
   // that would replace the puzzle file, which is refused).
@@ -51,10 +62,23 @@ class PrintJobs {
 // One card cell; rank -1 prints the suit symbol alone, without a box.
 void PrintCell(PrintSurface& p, int rank, const std::string& suitLetter, int x, int y);
 
-// Heading, grid and, for mode 0 (puzzle), the remaining cards; mode 1 prints
-// the stored solution. Adds 200 to originY, as callers expect.
-void PrintPage(const Puzzle& puzzle, const RemainLists& remainLists, PrintSurface& p, int& originX,
-               int& originY, int number, const std::string& title, int mode);
+// What a printed grid shows: the puzzle, with the cards still to place
+// beside it, or the stored solution.
+enum class PageKind { kPuzzle, kSolution };
+
+// A point of the page in twips from the paper's top-left corner.
+struct PageOrigin {
+  int x = 0, y = 0;
+};
+
+// The heading line above a printed grid is this high.
+inline constexpr int kHeadingHeight = 200;
+
+// The heading at `heading`, the grid below it and, for a puzzle, the
+// remaining cards. Returns where the grid starts: `heading` moved down by
+// kHeadingHeight.
+PageOrigin PrintPage(const Puzzle& puzzle, const RemainLists& remainLists, PrintSurface& p,
+                     PageOrigin heading, int number, const std::string& title, PageKind kind);
 
 // The page of "Puzzle and Solution": both grids, the headings without a title.
 void PrintPuzzleAndSolution(const GameState& s, PrintSurface& p);
@@ -67,10 +91,12 @@ void mnuprintcurrent(GameState& s, UserInterface& ui, PrintJobs& jobs);
 // Header lines whose number is above 0: what Form5's "Print" counts.
 int CountPrintablePuzzles(const std::string& file);
 
-// Form5's "Print" checks on the range of `file`: shows the refusal and
-// returns "", or returns the dialog's answer text. `perPage` is 1, 2 or 4.
-std::string Form5Answer(UserInterface& ui, const std::string& file, const std::string& first,
-                        const std::string& last, bool solutions, int perPage);
+// Form5's "Print" checks on the range of `file` (the numbers as typed, read
+// leniently): shows the refusal and returns nothing, or returns the dialog's
+// answer. `perPage` is 1, 2 or 4.
+std::optional<PrintFileChoice> Form5Answer(UserInterface& ui, const std::string& file,
+                                           const std::string& first, const std::string& last, bool solutions,
+                                           int perPage);
 
 // Print > "Puzzle File": a range of a file, with or without solutions.
 void mnuprintfile(GameState& s, UserInterface& ui, PrintJobs& jobs);

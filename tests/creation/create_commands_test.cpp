@@ -65,14 +65,14 @@ std::vector<Strings> Records(const std::string& file) {
 }
 
 Form3Values Batch(const std::string& file, const std::string& n, int level, const std::string& title = "") {
-  return {.Text1 = n, .FileNow = file, .Text4 = title, .Check1 = false, .level = level, .result = "Y"};
+  return {.Text1 = n, .FileNow = file, .Text4 = title, .Check1 = false, .level = level, .created = true};
 }
 
 TEST(CreateGuard, RefusedWhileAutoSolveRunsAndMultipleOnlyOnCreate) {
   Desk d;
   const std::string out = d.dir.File("out.vlm");
   Form3Values cancelled = Batch(out, "2", kLevelEasy);
-  cancelled.result = "X";  // the dialog closed with anything but Create
+  cancelled.created = false;  // the dialog closed with anything but Create
   mnumultipuzx(d.s, d.ui, cancelled);
   // A title that would read as a header, or as more than one line.
   for (const char* title : {"#Book 3", "evil\r\n#99\r\nx"})

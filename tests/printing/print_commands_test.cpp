@@ -51,10 +51,13 @@ struct RecordingPage : PrintSurface {
 };
 
 struct RecordingJobs : PrintJobs {
-  std::string AskPrintFile(const std::string& file) override { return shownFile = file, answer; }
+  std::optional<PrintFileChoice> AskPrintFile(const std::string& file) override {
+    return shownFile = file, answer;
+  }
   PrintSurface* StartJob(const std::string&) override { return &page; }
   std::string EndJob() override { return ++ended, ""; }
-  std::string answer, shownFile;
+  std::optional<PrintFileChoice> answer;
+  std::string shownFile;
   RecordingPage page;
   int ended = 0;
 };
@@ -64,8 +67,9 @@ TEST(PrintPage, HeadingCellsAndRemainingCardsOfPuzzleAndSolution) {
   s.puzzle.Grid[1][2] = -3;  // a suit-only mark prints as an empty box
   s.puzzle.Grid[2][1] = 1;   // the first card, 1S, prints as any other
   RecordingPage page;
-  int x = 1800, y = 1400;
-  PrintPage(s.puzzle, s.view.Remain, page, x, y, 12, "Easy 3", 0);
+  const PageOrigin grid =
+      PrintPage(s.puzzle, s.view.Remain, page, {1800, 1400}, 12, "Easy 3", PageKind::kPuzzle);
+  EXPECT_TRUE(grid.x == 1800 && grid.y == 1600);  // the grid starts below the heading
   const Strings& p = page.pages.at(0);
   EXPECT_EQ(p.front(), "T 1800,1400 8 Puz#12:Easy 3");
   // Row 1 of record 1: R (card 18, 5 of hearts), the mark, \ (28, 7 of clubs);
@@ -87,8 +91,7 @@ TEST(PrintPage, HeadingCellsAndRemainingCardsOfPuzzleAndSolution) {
             "8340,4210 14 3;8640,4210 14 5;8940,4210 14 Q;9240,4210 14 K;");
 
   RecordingPage solution;
-  x = 1800, y = 8400;
-  PrintPage(s.puzzle, s.view.Remain, solution, x, y, 12, "Easy 3", 1);
+  PrintPage(s.puzzle, s.view.Remain, solution, {1800, 8400}, 12, "Easy 3", PageKind::kSolution);
   EXPECT_TRUE(solution.Has("S 2700,8680 0"));  // the solution's spade where the mark was
   for (const std::string& m : solution.pages.at(0)) EXPECT_LT(std::stoi(m.substr(2)), 7500) << m;
 }
@@ -101,8 +104,8 @@ TEST(PrintPage, EveryRemainingCardOfAFullSuitIsPrintedInsideA4AndLetterPaper) {
   for (int right : {11906 - 360, 12240 - 360}) {
     RecordingPage page;
     page.right = right;
-    int x = 1800, y = 1400, beside = 0;
-    PrintPage(s.puzzle, s.view.Remain, page, x, y, 1, "", 0);
+    int beside = 0;
+    PrintPage(s.puzzle, s.view.Remain, page, {1800, 1400}, 1, "", PageKind::kPuzzle);
     for (const std::string& m : page.pages.at(0)) {
       if (m[0] != 'T' || m.back() == ' ' || m.find(" 14 ") == std::string::npos ||
           std::stoi(m.substr(2)) < 8340)
@@ -151,8 +154,8 @@ struct FileDesk {
     s = test::Loaded(file, 2);
     s.session.CurrentPuzzleFile = file;
   }
-  std::vector<Strings> Print(const std::string& answer) {
-    jobs.answer = answer;
+  std::vector<Strings> Print(std::optional<PrintFileChoice> answer) {
+    jobs.answer = std::move(answer);
     mnuprintfile(s, ui, jobs);
     return jobs.page.Headings();
   }
@@ -168,19 +171,26 @@ TEST(PrintFile, PagesOfBothLayoutsAndTheBoardAfterwards) {
   // odd last number 5 and stays off the last page; the per-page choice changes nothing.
   const std::string upper = "T 1800,1400 8 ", lower = "T 1800,8400 8 ";
   const struct {
-    const char* fields;
+    long long first, last;
+    bool solutions;
+    int perPage;
     std::vector<Strings> pages;
   } cases[] = {
-      {",1,5, 0, 4", {{upper + "Puz#1:T1", lower + "Puz#2:T2"}, {upper + "Puz#3:T3"}, {upper + "Puz#5:T5"}}},
-      {",5,6, 0, 2", {{upper + "Puz#5:T5", lower + "Puz#6:T6"}}},  // an even last number
-      {",2,4, 1, 1", {{upper + "Puz#2:T2", lower + "Sol#2:T2"}, {upper + "Puz#3:T3", lower + "Sol#3:T3"}}},
-      {",4,2, 0, 1", {}},
-      {",4,2, 1, 1", {}},
+      {1,
+       5,
+       false,
+       4,
+       {{upper + "Puz#1:T1", lower + "Puz#2:T2"}, {upper + "Puz#3:T3"}, {upper + "Puz#5:T5"}}},
+      {5, 6, false, 2, {{upper + "Puz#5:T5", lower + "Puz#6:T6"}}},  // an even last number
+      {2, 4, true, 1, {{upper + "Puz#2:T2", lower + "Sol#2:T2"}, {upper + "Puz#3:T3", lower + "Sol#3:T3"}}},
+      {4, 2, false, 1, {}},
+      {4, 2, true, 1, {}},
   };
   for (const auto& c : cases) {
     FileDesk desk;
     const Board<int32_t> shown = desk.s.puzzle.Grid;
-    EXPECT_EQ(desk.Print(desk.file + c.fields), c.pages) << c.fields;
+    EXPECT_EQ(desk.Print(PrintFileChoice{desk.file, c.first, c.last, c.solutions, c.perPage}), c.pages)
+        << c.first << "-" << c.last;
     EXPECT_EQ(desk.jobs.shownFile, desk.file);
     // An empty range says so before any printer or file is asked for.
     const bool none = c.pages.empty();
@@ -195,17 +205,22 @@ TEST(PrintFile, RefusalsExitAndAutoSolve) {
   FileDesk desk;
   const std::string empty = desk.dir.Write("empty.vlm", "no records\r\n#0\r\n");
   test::RecordingUi ui;
-  EXPECT_EQ(Form5Answer(ui, empty, "1", "1", false, 1), "");
-  EXPECT_EQ(Form5Answer(ui, desk.file, "0", "2", false, 1), "");
-  EXPECT_EQ(Form5Answer(ui, desk.file, "1", "7", true, 4), "");
-  EXPECT_EQ(Form5Answer(ui, desk.file, "2", "5", true, 4), desk.file + ",2,5, 1, 4");
+  EXPECT_FALSE(Form5Answer(ui, empty, "1", "1", false, 1));
+  EXPECT_FALSE(Form5Answer(ui, desk.file, "0", "2", false, 1));
+  EXPECT_FALSE(Form5Answer(ui, desk.file, "1", "7", true, 4));
+  // The numbers as typed, read leniently.
+  const std::optional<PrintFileChoice> chosen = Form5Answer(ui, desk.file, " 2", "4.6", true, 4);
+  ASSERT_TRUE(chosen);
+  EXPECT_EQ(chosen->file + "," + std::to_string(chosen->first) + "," + std::to_string(chosen->last) + "," +
+                std::to_string(chosen->solutions) + "," + std::to_string(chosen->perPage),
+            desk.file + ",2,5,1,4");
   EXPECT_EQ(ui.messages, (Strings{"No puzzles in this file: " + empty, "Invalid from or to puzzle number",
                                   "Invalid from or to puzzle number"}));
 
-  for (const char* answer : {"", "X"}) EXPECT_TRUE(desk.Print(answer).empty());
+  EXPECT_TRUE(desk.Print(std::nullopt).empty());  // Exit or the close box
   EXPECT_EQ(desk.jobs.ended, 0);
   desk.s.session.Solving = 1;
-  EXPECT_TRUE(desk.Print(desk.file + ",1,2, 0, 1").empty());
+  EXPECT_TRUE(desk.Print(PrintFileChoice{desk.file, 1, 2, false, 1}).empty());
   EXPECT_EQ(desk.ui.messages, Strings{"Cancel AutoSolve first"});
 }
 

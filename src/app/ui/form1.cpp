@@ -19,26 +19,20 @@
 #include "app/ui/about_form.h"
 #include "app/ui/help_window.h"
 #include "appearance/color_scheme.h"
+#include "appearance/ui/form2.h"
 #include "board/ui/board_view.h"
+#include "controls/ui/colors.h"
 #include "controls/ui/fndialog.h"
 #include "controls/ui/local_text.h"
 #include "creation/create_commands.h"
 #include "creation/ui/form3.h"
 #include "model/commands.h"
+#include "printing/ui/print_menu.h"
 
 namespace velmora {
 namespace {
 
 const QString kTitle = QStringLiteral("Velmora");
-
-QColor ToColor(uint32_t c) { return QColor(RedOf(c), GreenOf(c), BlueOf(c)); }
-uint32_t FromColor(const QColor& c) { return Rgb(c.red(), c.green(), c.blue()); }
-
-void SetRole(QWidget* w, QPalette::ColorRole role, const QColor& colour) {
-  QPalette pal = w->palette();
-  pal.setColor(role, colour);
-  w->setPalette(pal);
-}
 
 }  // namespace
 
@@ -47,6 +41,7 @@ Form1::Form1(QWidget* parent) : QMainWindow(parent) {
   setWindowTitle(kTitle);
   systemButtonFace_ = QApplication::palette().color(QPalette::Button);
   s_.look.Scheme = DefaultSchemeColors();
+  printMenu_ = std::make_unique<PrintMenu>(this);
   BuildControls();
   BuildMenus();
   BuildAssist();
@@ -123,9 +118,16 @@ Form3* Form1::CreateDialog() {
 void Form1::MultiplePuzzles() {
   if (RefusedWhileSolving(s_.session, *this)) return;
   const Form3Values form = CreateDialog()->Ask(s_.session.CurrentPuzzleFile, s_.session.AppFolder);
-  if (form.result != "Y") return;
+  if (!form.created) return;
   RunLong([form](GameState& s, UserInterface& ui) { mnumultipuzx(s, ui, form); });
 }
+
+void Form1::ShowOptions() {
+  Form2 dialog(s_, *this, this, [this] { kickinOptions_->click(); });
+  dialog.exec();
+}
+
+void Form1::PrintPreview() { printMenu_->Preview(s_); }
 
 int Form1::TransformLevel() const { return form3_ ? form3_->Values().level : kLevelRandom; }
 
@@ -269,7 +271,7 @@ void Form1::FillRemain(int list) {
   for (int i = 0; same && i < w->count(); ++i) same = w->item(i)->text() == Q(items[i]);
   if (same) return;
   w->clear();
-  const QColor colour = list == 1 || list == 2 ? QColor(200, 9, 9) : QColor(50, 50, 50);
+  const QColor colour = list == 1 || list == 2 ? kRedSuitColor : kBlackSuitColor;
   for (const std::string& text : items) {
     auto* item = new QListWidgetItem(Q(text), w);
     item->setTextAlignment(Qt::AlignCenter);

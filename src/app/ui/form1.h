@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <array>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,7 @@ namespace velmora {
 class BoardView;
 class FNDialog;
 class PrintJobs;
+class PrintMenu;
 class Form3;
 class Form4;
 
@@ -90,17 +92,26 @@ class Form1 : public QMainWindow, public UserInterface {
     void (*overWindow)(GameState&, UserInterface&, QWidget*) = nullptr;
     void (*print)(GameState&, UserInterface&, PrintJobs&) = nullptr;
   };
+  // What a row may add after its command: kYields when the command yields to
+  // window events and runs as RunLong does, or the window's member that keeps
+  // the entry's action.
+  struct RowExtra {
+    constexpr RowExtra() = default;
+    constexpr RowExtra(bool y) : yields(y) {}
+    constexpr RowExtra(QAction* Form1::*k) : keep(k) {}
+    bool yields = false;
+    QAction* Form1::*keep = nullptr;
+  };
   // One menu entry: its menu's objectName and title ("parent/child" names and
   // titles for a submenu), its own objectName and
-  // text (nullptr for a separator line), its command, and kYields when the
-  // command yields to window events and runs as RunLong does.
+  // text (nullptr for a separator line), its command, and its RowExtra.
   struct MenuRow {
     const char* menu;
     const char* title;
     const char* name;
     const char* text;
     MenuCommand command;
-    bool yields = false;
+    RowExtra extra = {};
   };
   static constexpr bool kYields = true;
 
@@ -128,8 +139,8 @@ class Form1 : public QMainWindow, public UserInterface {
   void SetBoardColors();
   QMenu* Menu(const QString& objectName, const QString& title);
   // `yields`: the command yields to window events and runs as RunLong does.
-  void AddCommand(QMenu* menu, const QString& objectName, const QString& text, Command command,
-                  bool yields = false);
+  QAction* AddCommand(QMenu* menu, const QString& objectName, const QString& text, Command command,
+                      bool yields = false);
   QPushButton* Button(const QString& objectName, const QString& text, const QString& tip, Command command);
 
   void Run(const Command& command);
@@ -144,6 +155,9 @@ class Form1 : public QMainWindow, public UserInterface {
   void Exit();
   void ShowHelp();
   void ShowAbout();
+  // Form2 over the window; its Apply presses the hidden kickinOptions button.
+  void ShowOptions();
+  void PrintPreview();
   void FillRemain(int list);
   void ShowSelection();
   // Colour 2 of the current scheme, as the cells are filled with it.
@@ -161,8 +175,13 @@ class Form1 : public QMainWindow, public UserInterface {
   QFrame* frame1_ = nullptr;
   QLabel* newLab_ = nullptr;
   QPushButton* undoEdit_ = nullptr;
+  // The Assist menu's entries, kept as the menus are built.
+  QAction* hint_ = nullptr;
+  QAction* redo_ = nullptr;
   QAction* shadeFits_ = nullptr;
   QAction* markGivens_ = nullptr;
+  QPushButton* kickinOptions_ = nullptr;
+  std::unique_ptr<PrintMenu> printMenu_;
   QPushButton* cmdexit_ = nullptr;
   QPushButton* cmdcancel_ = nullptr;
   std::array<QPushButton*, 3> arrows_{};

@@ -2,7 +2,6 @@
 // the board and the suit panels.
 #include <QKeyEvent>
 #include <QListWidget>
-#include <QMenuBar>
 #include <QPushButton>
 #include <QShortcut>
 
@@ -15,12 +14,8 @@
 namespace velmora {
 
 void Form1::BuildAssist() {
-  auto* hint = menuBar()->findChild<QAction*>(QStringLiteral("mnuhint"));
-  auto* redo = menuBar()->findChild<QAction*>(QStringLiteral("mnuredo"));
-  shadeFits_ = menuBar()->findChild<QAction*>(QStringLiteral("mnushadefits"));
-  markGivens_ = menuBar()->findChild<QAction*>(QStringLiteral("mnumarkgivens"));
-  hint->setShortcut(QKeySequence(Qt::Key_H));
-  redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+  hint_->setShortcut(QKeySequence(Qt::Key_H));
+  redo_->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
   shadeFits_->setCheckable(true);
   markGivens_->setCheckable(true);
   auto* undo = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z), this);

@@ -223,7 +223,8 @@ void Form1::BuildHiddenButtons(QWidget* parent) {
     SetCol();
     DrawBoard();
   };
-  hidden(QStringLiteral("kickinOptions"), QStringLiteral("kickin options settings"), applyScheme);
+  kickinOptions_ =
+      hidden(QStringLiteral("kickinOptions"), QStringLiteral("kickin options settings"), applyScheme);
   hidden(QStringLiteral("kickinSetCol"), QStringLiteral("kickin SetCol"), applyScheme);
   hidden(QStringLiteral("Command6"), QStringLiteral("CheckSolution"), Command6);
   hidden(QStringLiteral("Command7"), QStringLiteral("ShowSolution"), Command7);

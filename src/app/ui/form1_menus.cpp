@@ -2,7 +2,6 @@
 #include <QMenuBar>
 
 #include "app/ui/form1.h"
-#include "appearance/ui/form2.h"
 #include "board/aids.h"
 #include "creation/create_commands.h"
 #include "files/file_commands.h"
@@ -35,13 +34,14 @@ void Form1::BuildMenus() {
       {"mnuprint/mnuprintcur", "P&rint/&Current", "mnuprintcurrentsol", "&Solution", mnuprintcurrentsol},
       {"mnuprint/mnuprintcur", "P&rint/&Current", "mnuprintcurrent", "Puzzle &and Solution", mnuprintcurrent},
       {"mnuprint", "P&rint", "mnuprintfile", "Puzzle &File", mnuprintfile},
-      {"mnuprint", "P&rint", "mnuprintpreview", "Print Pre&view", PrintPreview},
-      {"mnuoptionsmenu", "&Options", "mnuoptions", "&Colors and Size...", ShowOptions},
-      {"mnuassist", "&Assist", "mnuhint", "&Hint", mnuhint},
-      {"mnuassist", "&Assist", "mnuredo", "&Redo", mnuredo},
+      {"mnuprint", "P&rint", "mnuprintpreview", "Print Pre&view", &Form1::PrintPreview},
+      {"mnuoptionsmenu", "&Options", "mnuoptions", "&Colors and Size...", &Form1::ShowOptions},
+      {"mnuassist", "&Assist", "mnuhint", "&Hint", mnuhint, &Form1::hint_},
+      {"mnuassist", "&Assist", "mnuredo", "&Redo", mnuredo, &Form1::redo_},
       {"mnuassist", "&Assist", nullptr, nullptr, {}},
-      {"mnuassist", "&Assist", "mnushadefits", "&Shade Where the Card Fits", &Form1::ApplyAids},
-      {"mnuassist", "&Assist", "mnumarkgivens", "&Mark Givens", &Form1::ApplyAids},
+      {"mnuassist", "&Assist", "mnushadefits", "&Shade Where the Card Fits", &Form1::ApplyAids,
+       &Form1::shadeFits_},
+      {"mnuassist", "&Assist", "mnumarkgivens", "&Mark Givens", &Form1::ApplyAids, &Form1::markGivens_},
       {"mnuhelpmenu", "&Help", "mnuhelp", "&Help", &Form1::ShowHelp},
       {"mnuhelpmenu", "&Help", "mnuabout", "&About", &Form1::ShowAbout},
   };
@@ -57,9 +57,11 @@ void Form1::BuildMenus() {
     } else if (const auto dialog = row.command.overWindow) {
       command = [this, dialog](GameState& s, UserInterface& ui) { dialog(s, ui, this); };
     } else if (row.command.print) {
-      command = DesktopPrint(this, row.command.print);
+      command = printMenu_->Command(row.command.print);
     }
-    AddCommand(menu, QString::fromLatin1(row.name), tr(row.text), std::move(command), row.yields);
+    QAction* action =
+        AddCommand(menu, QString::fromLatin1(row.name), tr(row.text), std::move(command), row.extra.yields);
+    if (row.extra.keep) this->*row.extra.keep = action;
   }
 }
 
@@ -77,8 +79,8 @@ QMenu* Form1::Menu(const QString& objectName, const QString& title) {
   return menu;
 }
 
-void Form1::AddCommand(QMenu* menu, const QString& objectName, const QString& text, Command command,
-                       bool yields) {
+QAction* Form1::AddCommand(QMenu* menu, const QString& objectName, const QString& text, Command command,
+                           bool yields) {
   QAction* action = menu->addAction(text);
   action->setObjectName(objectName);
   connect(action, &QAction::triggered, this, [this, command = std::move(command), yields] {
@@ -88,6 +90,7 @@ void Form1::AddCommand(QMenu* menu, const QString& objectName, const QString& te
       Run(command);
     }
   });
+  return action;
 }
 
 }  // namespace velmora

@@ -17,13 +17,12 @@
 #include "appearance/color_scheme.h"
 #include "appearance/ui/scheme_preview.h"
 #include "controls/ui/color_picker.h"
+#include "controls/ui/colors.h"
+#include "controls/ui/frames.h"
 #include "controls/ui/local_text.h"
 
 namespace velmora {
 namespace {
-
-QColor ToColor(uint32_t c) { return QColor(RedOf(c), GreenOf(c), BlueOf(c)); }
-uint32_t FromColor(const QColor& c) { return Rgb(c.red(), c.green(), c.blue()); }
 
 constexpr double kSizeScales[4] = {0.85, 1.0, 1.2, 1.45};
 
@@ -33,12 +32,6 @@ QPushButton* MakeButton(const QString& name, const QString& text, const QString&
   b->setToolTip(tip);
   b->setAutoDefault(false);  // Enter belongs to the list
   return b;
-}
-
-void SetRole(QWidget* w, QPalette::ColorRole role, const QColor& colour) {
-  QPalette pal = w->palette();
-  pal.setColor(role, colour);
-  w->setPalette(pal);
 }
 
 }  // namespace
@@ -54,21 +47,17 @@ void ApplyTextSize(TextSize size) {
   QApplication::setFont(font);
 }
 
-Form2::Form2(GameState& s, UserInterface& ui, QWidget* mainWindow)
-    : QDialog(mainWindow), s_(s), ui_(ui), mainWindow_(mainWindow) {
+Form2::Form2(GameState& s, UserInterface& ui, QWidget* parent, std::function<void()> applied)
+    : QDialog(parent), s_(s), ui_(ui), applied_(std::move(applied)) {
   setObjectName(QStringLiteral("Form2"));
   setWindowTitle(QStringLiteral("Velmora Options"));
   // Controls are made in their tab order.
-  command1_ =
-      MakeButton(QStringLiteral("Command1"), QStringLiteral("Apply"), QStringLiteral("Apply changes"), this);
-  command2_ = MakeButton(QStringLiteral("Command2"), QStringLiteral("Exit"),
-                         QStringLiteral("Exit without applying changes"), this);
+  const CommandRow commands = MakeCommandRow(this, QStringLiteral("Apply"), QStringLiteral("Apply changes"),
+                                             QStringLiteral("Exit without applying changes"), RowPlace::kTop);
+  command1_ = commands.command1;
+  command2_ = commands.command2;
   connect(command1_, &QPushButton::clicked, this, &Form2::Apply);
   connect(command2_, &QPushButton::clicked, this, &Form2::reject);
-  auto* commands = new QHBoxLayout;
-  commands->addWidget(command1_);
-  commands->addWidget(command2_);
-  commands->addStretch(1);
 
   frame_ = new QGroupBox(this);
   frame_->setObjectName(QStringLiteral("Frame1"));
@@ -88,7 +77,7 @@ Form2::Form2(GameState& s, UserInterface& ui, QWidget* mainWindow)
   sizeLayout->addStretch(1);
 
   auto* outer = new QVBoxLayout(this);
-  outer->addLayout(commands);
+  outer->addLayout(commands.layout);
   outer->addWidget(frame_);
   outer->addWidget(sizeFrame);
   outer->setSizeConstraint(QLayout::SetFixedSize);
@@ -237,18 +226,13 @@ void Form2::Apply() {
     ChangeSettings(s_.session.AppFolder, [size](Settings& saved) { saved.textSize = size; });
     ApplyTextSize(size);
   }
-  if (auto* kickin = mainWindow_->findChild<QPushButton*>(QStringLiteral("kickinOptions"))) kickin->click();
+  if (applied_) applied_();
   accept();
 }
 
 void Form2::reject() {
   ReadColorScheme(s_.session.AppFolder, s_.look, ui_, s_.look.ColorSchemeName);
   QDialog::reject();
-}
-
-void ShowOptions(GameState& s, UserInterface& ui, QWidget* mainWindow) {
-  Form2 dialog(s, ui, mainWindow);
-  dialog.exec();
 }
 
 }  // namespace velmora

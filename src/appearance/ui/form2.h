@@ -4,6 +4,7 @@
 
 #include <QDialog>
 #include <array>
+#include <functional>
 #include <string>
 
 #include "app/settings.h"
@@ -30,8 +31,9 @@ class Form2 : public QDialog {
   Q_OBJECT
 
  public:
-  // `mainWindow` holds the hidden button that applies a scheme.
-  Form2(GameState& s, UserInterface& ui, QWidget* mainWindow);
+  // `applied` runs after Apply has kept the choices: the main window shows
+  // the scheme and the text size.
+  Form2(GameState& s, UserInterface& ui, QWidget* parent, std::function<void()> applied);
 
   // Escape, the close box and Exit: the active scheme is read again, so a
   // previewed one is dropped.
@@ -50,7 +52,7 @@ class Form2 : public QDialog {
 
   GameState& s_;
   UserInterface& ui_;
-  QWidget* mainWindow_;
+  std::function<void()> applied_;
   SchemeListBox list_;
   std::string shownName_;  // the scheme the dialog shows, for its frame caption
   QPushButton* command1_ = nullptr;
@@ -63,8 +65,5 @@ class Form2 : public QDialog {
   std::array<QPushButton*, 4> schemeButtons_{};
   std::array<QRadioButton*, 4> sizes_{};
 };
-
-// Opens the options dialog over the main window.
-void ShowOptions(GameState& s, UserInterface& ui, QWidget* mainWindow);
 
 }  // namespace velmora

@@ -1,53 +1,21 @@
 // Painting the board in twips onto any QPainter: cells, the whole board, the solution text.
 #include "board/ui/board_painter.h"
 
-#include <QFont>
-#include <QPen>
-#include <cmath>
-
 #include "board/geometry.h"
 
 namespace velmora {
 namespace {
 
-constexpr int kRankFontTwips = 14 * 20;     // 14 points
-constexpr int kSolutionFontTwips = 8 * 20;  // 8 points
-constexpr int kLineTwips = 15;              // one pixel at 96 dpi
+constexpr int kRankFontTwips = 14 * kTwipsPerPoint;
+constexpr int kSolutionFontTwips = 8 * kTwipsPerPoint;
 
 bool InBoard(int row, int col) { return row >= 0 && row <= kMaxIndex && col >= 0 && col <= kMaxIndex; }
 
-QFont BoardFont(int twips, bool bold) {
-  QFont font(QStringLiteral("DejaVu Sans"));
-  font.setStyleHint(QFont::SansSerif);
-  font.setPixelSize(twips);
-  font.setBold(bold);
-  return font;
-}
-
 }  // namespace
-
-SuitStrip::SuitStrip() : strip_(QStringLiteral(":/suits.png")) {}
-
-SuitStrip::SuitStrip(QImage strip) : strip_(std::move(strip)) {}
-
-const QImage& SuitStrip::Symbol(int index, QSize size) {
-  auto& image = scaled_[{index, {size.width(), size.height()}}];
-  if (image.isNull() && !strip_.isNull() && !size.isEmpty()) {
-    const int side = strip_.width() / 4;
-    image = strip_.copy(index * side, 0, side, strip_.height())
-                .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                .convertToFormat(QImage::Format_RGB32);
-  }
-  return image;
-}
-
-void ScaleToTwips(QPainter& p, double dpiX, double dpiY) {
-  p.scale(dpiX / kTwipsPerInch, dpiY / kTwipsPerInch);
-}
 
 void BoardPainter::Outline(const QRectF& r) {
   p_.setBrush(Qt::NoBrush);
-  p_.setPen(QPen(Qt::black, kLineTwips, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+  p_.setPen(OutlinePen());
   p_.drawRect(r);
 }
 
@@ -70,24 +38,10 @@ void BoardPainter::DrawCell(const Puzzle& puzzle, int rank, const std::string& s
   if (suitLetter == "D") index = 2, colour = kRedSuitColor;
   if (suitLetter == "C") index = 3, colour = kBlackSuitColor;
 
-  // The AND copy is made in device pixels from a symbol scaled to fit, so it
-  // stays sharp at any screen scale.
-  const QRectF target = p_.deviceTransform().mapRect(QRectF(x + 60, y + 50, kSymbolSize, kSymbolSize));
-  const QRect pixels(
-      static_cast<int>(std::lround(target.left())), static_cast<int>(std::lround(target.top())),
-      static_cast<int>(std::lround(target.width())), static_cast<int>(std::lround(target.height())));
-  const QImage& symbol = strip_.Symbol(index, pixels.size());
-  if (!symbol.isNull()) {
-    p_.save();
-    p_.resetTransform();
-    p_.setWorldMatrixEnabled(false);
-    p_.setCompositionMode(QPainter::RasterOp_SourceAndDestination);
-    p_.drawImage(pixels.topLeft(), symbol);
-    p_.restore();
-  }
+  DrawSymbol(p_, strip_, index, QRectF(x + 60, y + 50, kSymbolSize, kSymbolSize), SymbolCopy::kAnd);
 
   if (rank < -1 || rank > 13) return;
-  p_.setFont(BoardFont(kRankFontTwips, true));
+  p_.setFont(TwipsFont(kRankFontTwips, true));
   p_.setPen(colour);
   p_.drawText(QPointF(TextX(col) + 310, TextY(row) + 325 + p_.fontMetrics().ascent()),
               QString::fromLatin1(RankLetter(rank)));
@@ -115,7 +69,7 @@ void BoardPainter::DrawBoard(const Puzzle& puzzle) {
 }
 
 void BoardPainter::DrawSolution(const Puzzle& puzzle) {
-  p_.setFont(BoardFont(kSolutionFontTwips, false));
+  p_.setFont(TwipsFont(kSolutionFontTwips, false));
   p_.setPen(kBlackSuitColor);
   const int ascent = p_.fontMetrics().ascent();
   for (int row = 1; row <= LoopRows(puzzle); ++row) {

@@ -2,19 +2,15 @@
 #pragma once
 
 #include <QColor>
-#include <QImage>
 #include <QPainter>
 #include <QRectF>
-#include <QSize>
-#include <map>
 #include <string>
-#include <utility>
 
+#include "board/ui/twips_drawing.h"
 #include "model/game_state.h"
 
 namespace velmora {
 
-inline constexpr int kTwipsPerInch = 1440;
 // Picture1 is wide enough for the board and its margins, and 5820 twips high.
 inline constexpr int kPictureWidth = 5760;
 inline constexpr int kPictureHeight = 5820;
@@ -23,24 +19,6 @@ inline constexpr int kSymbolSize = 550;
 // Suit colours are fixed; they are not part of a colour scheme.
 inline const QColor kBlackSuitColor(50, 50, 50);
 inline const QColor kRedSuitColor(200, 9, 9);
-
-// The strip of four suit symbols, scaled once per device size and kept.
-class SuitStrip {
- public:
-  SuitStrip();  // the strip built into the program
-  explicit SuitStrip(QImage strip);
-  bool IsNull() const { return strip_.isNull(); }
-  // Symbol `index` (0 S, 1 H, 2 D, 3 C) at `size` device pixels.
-  const QImage& Symbol(int index, QSize size);
-
- private:
-  QImage strip_;
-  std::map<std::pair<int, std::pair<int, int>>, QImage> scaled_;
-};
-
-// Scales a painter on a device of `dpiX` x `dpiY` physical pixels per inch so
-// that one unit is one twip.
-void ScaleToTwips(QPainter& p, double dpiX, double dpiY);
 
 // Painting on a painter already scaled to twips. `cellColor` fills the cells
 // DrawCell paints (colour 2 of the current scheme); `surfaceColor` is the

@@ -6,30 +6,31 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "files/file_commands.h"
+
 namespace velmora {
 
 FNDialog::FNDialog(QWidget* parent) : QWidget(parent) {
   text_ = new QLineEdit(this);
   text_->setObjectName(QStringLiteral("Text"));
-  command1_ = new QPushButton(QStringLiteral("..."), this);
-  command1_->setObjectName(QStringLiteral("Command1"));
-  command1_->setAutoDefault(false);
-  command1_->setFixedWidth(command1_->fontMetrics().horizontalAdvance(QStringLiteral("....")) + 16);
+  auto* command1 = new QPushButton(QStringLiteral("..."), this);
+  command1->setObjectName(QStringLiteral("Command1"));
+  command1->setAutoDefault(false);
+  command1->setFixedWidth(command1->fontMetrics().horizontalAdvance(QStringLiteral("....")) + 16);
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(text_, 1);
-  layout->addWidget(command1_);
-  connect(command1_, &QPushButton::clicked, this, &FNDialog::Browse);
+  layout->addWidget(command1);
+  connect(command1, &QPushButton::clicked, this, &FNDialog::Browse);
 }
 
 QString FNDialog::Text() const { return text_->text(); }
 void FNDialog::SetText(const QString& text) { text_->setText(text); }
 
-QString FNDialog::Caption() const { return command1_->text(); }
-void FNDialog::SetCaption(const QString& caption) { command1_->setText(caption); }
-
-QString FNDialog::Filter() const {
-  return fileTypesName_ + QStringLiteral(" (") + fileTypes_ + QStringLiteral(")");
+void FNDialog::ForPuzzleFiles(const QString& title) {
+  SetTitle(title);
+  SetFileTypes(QString::fromLatin1(kPuzzleFileTypes));
+  SetFileTypesName(QString::fromLatin1(kPuzzleFileTypesName));
 }
 
 QString FNDialog::QtFilter() const {

@@ -6,39 +6,29 @@
 #include <QWidget>
 
 class QLineEdit;
-class QPushButton;
 
 namespace velmora {
 
 class FNDialog : public QWidget {
   Q_OBJECT
-  Q_PROPERTY(QString FileTypes READ FileTypes WRITE SetFileTypes)
-  Q_PROPERTY(QString FileTypesName READ FileTypesName WRITE SetFileTypesName)
-  Q_PROPERTY(QString Title READ Title WRITE SetTitle)
-  Q_PROPERTY(QString DefaultDir READ DefaultDir WRITE SetDefaultDir)
-  Q_PROPERTY(QString Caption READ Caption WRITE SetCaption)
 
  public:
   explicit FNDialog(QWidget* parent = nullptr);
 
   QString Text() const;
   void SetText(const QString& text);
+  // The text field, for an owner that names it, follows its edits or shows
+  // a field of its own instead.
+  QLineEdit* Field() const { return text_; }
 
-  QString FileTypes() const { return fileTypes_; }
   void SetFileTypes(const QString& types) { fileTypes_ = types; }
-  QString FileTypesName() const { return fileTypesName_; }
   void SetFileTypesName(const QString& name) { fileTypesName_ = name; }
-  QString Title() const { return title_; }
   void SetTitle(const QString& title) { title_ = title; }
-  QString DefaultDir() const { return defaultDir_; }
   void SetDefaultDir(const QString& dir) { defaultDir_ = dir; }
-  // The browse button's caption, "..." unless changed.
-  QString Caption() const;
-  void SetCaption(const QString& caption);
+  // The puzzle files' filter and `title`: the set-up of every puzzle-file box.
+  void ForPuzzleFiles(const QString& title);
 
-  // The filter as the person reads it: FileTypesName (FileTypes).
-  QString Filter() const;
-  // The same filter for Qt, which separates patterns with blanks.
+  // The filter for Qt: FileTypesName (FileTypes), patterns separated by blanks.
   QString QtFilter() const;
   // The starting folder with a "/" at its end.
   QString StartFolder() const;
@@ -52,7 +42,6 @@ class FNDialog : public QWidget {
 
  private:
   QLineEdit* text_;
-  QPushButton* command1_;
   QString fileTypes_, fileTypesName_, title_, defaultDir_;
 };
 

@@ -14,7 +14,6 @@
 #include "controls/ui/fndialog.h"
 #include "controls/ui/frames.h"
 #include "controls/ui/local_text.h"
-#include "files/file_commands.h"
 #include "model/text.h"
 
 namespace velmora {
@@ -98,20 +97,12 @@ QWidget* Form3::BuildLevelFrame(const Form3Values& start) {
 }
 
 QLayout* Form3::BuildButtons() {
-  command1_ = new QPushButton(QStringLiteral("Create"), this);
-  command1_->setObjectName(QStringLiteral("Command1"));
-  command1_->setToolTip(QStringLiteral("Create new puzzle(s)"));
-  command1_->setDefault(true);
-  command2_ = new QPushButton(QStringLiteral("Exit"), this);
-  command2_->setObjectName(QStringLiteral("Command2"));
-  command2_->setToolTip(QStringLiteral("Take no action and exit"));
-  command2_->setAutoDefault(false);
   // The buttons stay direct children of the dialog: FileNow has a Command1 of its own.
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch(1);
-  buttons->addWidget(command1_);
-  buttons->addWidget(command2_);
-  return buttons;
+  const CommandRow row =
+      MakeCommandRow(this, QStringLiteral("Create"), QStringLiteral("Create new puzzle(s)"));
+  command1_ = row.command1;
+  command2_ = row.command2;
+  return row.layout;
 }
 
 void Form3::Connect() {
@@ -124,11 +115,11 @@ void Form3::Connect() {
           [this](const QString& text) { check1_->setChecked(Val(S(text)) == 1); });
   connect(fileNow_, &FNDialog::Browse, this, [this] { BrowseFileNow(); });
   connect(command1_, &QPushButton::clicked, this, [this] {
-    result_ = QStringLiteral("Y");
+    created_ = true;
     accept();
   });
   connect(command2_, &QPushButton::clicked, this, [this] {
-    result_ = QStringLiteral("X");
+    created_ = false;
     reject();
   });
 }
@@ -136,7 +127,7 @@ void Form3::Connect() {
 Form3Values Form3::Ask(const std::string& currentFile, const std::string& appFolder) {
   fileNow_->SetText(QText(currentFile));
   appFolder_ = QText(appFolder);
-  result_ = QStringLiteral("X");
+  created_ = false;
   text1_->setFocus();
   text1_->selectAll();
   exec();
@@ -152,19 +143,17 @@ Form3Values Form3::Values() const {
   for (int level = kLevelEasy; level <= kLevelRandom; ++level) {
     if (options_[static_cast<size_t>(level)]->isChecked()) v.level = level;
   }
-  v.result = S(result_);
+  v.created = created_;
   return v;
 }
 
 void Form3::closeEvent(QCloseEvent* event) {
-  result_ = QStringLiteral("X");
+  created_ = false;
   QDialog::closeEvent(event);
 }
 
 void Form3::BrowseFileNow() {
-  fileNow_->SetTitle(QStringLiteral("Select an output Puzzle file"));
-  fileNow_->SetFileTypes(QString::fromLatin1(kPuzzleFileTypes));
-  fileNow_->SetFileTypesName(QString::fromLatin1(kPuzzleFileTypesName));
+  fileNow_->ForPuzzleFiles(QStringLiteral("Select an output Puzzle file"));
   fileNow_->SetDefaultDir(appFolder_);
   const QString name = fileNow_->ShowFileDialog(QStringLiteral("SAVE"));
   if (name.isEmpty()) return;

@@ -25,15 +25,12 @@ class Form3 : public QDialog {
  public:
   explicit Form3(QWidget* parent = nullptr);
 
-  // Shows `currentFile` in FileNow, sets the result to "X" and runs the
-  // dialog modally; the save dialog of FileNow starts in `appFolder`. The
-  // other controls keep what they held last time.
+  // Shows `currentFile` in FileNow and runs the dialog modally; the save dialog of FileNow starts in
+  // `appFolder`. The other controls keep what they held last time.
   Form3Values Ask(const std::string& currentFile, const std::string& appFolder);
 
-  // What the controls hold now, and the result.
+  // What the controls hold now, and whether Create closed the dialog.
   Form3Values Values() const;
-  // "Y" after Create, "X" after Exit or the close box.
-  const QString& Result() const { return result_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -58,7 +55,7 @@ class Form3 : public QDialog {
   QPushButton* command1_ = nullptr;
   QPushButton* command2_ = nullptr;
   QString appFolder_;
-  QString result_ = QStringLiteral("X");
+  bool created_ = false;  // Create pressed; Exit and the close box leave it false
 };
 
 }  // namespace velmora

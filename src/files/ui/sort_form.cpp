@@ -19,7 +19,6 @@
 #include "controls/ui/fndialog.h"
 #include "controls/ui/frames.h"
 #include "controls/ui/local_text.h"
-#include "files/file_commands.h"
 
 namespace velmora {
 namespace {
@@ -31,11 +30,8 @@ const QString kStartCaption = QStringLiteral("Start#");
 FNDialog* FileBox(QGroupBox* frame, const char* name, const char* textName, const char* title) {
   auto* box = new FNDialog(frame);
   box->setObjectName(QString::fromLatin1(name));
-  if (auto* text = box->findChild<QLineEdit*>(QStringLiteral("Text")))
-    text->setObjectName(QString::fromLatin1(textName));
-  box->SetTitle(QString::fromLatin1(title));
-  box->SetFileTypes(QString::fromLatin1(kPuzzleFileTypes));
-  box->SetFileTypesName(QString::fromLatin1(kPuzzleFileTypesName));
+  box->Field()->setObjectName(QString::fromLatin1(textName));
+  box->ForPuzzleFiles(QString::fromLatin1(title));
   box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QLatin1Char('x')) * 56);
   (new QHBoxLayout(frame))->addWidget(box);
   return box;
@@ -57,14 +53,6 @@ void Options(QGroupBox* frame, const Choice (&choices)[N], std::array<QRadioButt
   }
   buttons[0]->setChecked(true);
   layout->addStretch(1);
-}
-
-QPushButton* Command(const char* name, const char* caption, const char* tip, QWidget* parent) {
-  auto* button = new QPushButton(QString::fromLatin1(caption), parent);
-  button->setObjectName(QString::fromLatin1(name));
-  button->setToolTip(QString::fromLatin1(tip));
-  button->setAutoDefault(false);
-  return button;
 }
 
 // Passes everything on to the window's user interface, but lets window
@@ -123,29 +111,34 @@ SortForm::SortForm(Random& rng, UserInterface& ui, const std::string& appFolder,
            {"Option7", "No of Blanks"}},
           keys_);
   Options(frames_[3], {{"Option1", "Ascending"}, {"Option2", "Descending"}, {"Option6", "Random"}}, orders_);
+  BuildNumberFrame(frames_[4]);
+  BuildLayout();
+  Connect();
+}
 
-  check1_ = new QCheckBox(QStringLiteral("Resequence"), frames_[4]);
+void SortForm::BuildNumberFrame(QGroupBox* frame) {
+  check1_ = new QCheckBox(QStringLiteral("Resequence"), frame);
   check1_->setObjectName(QStringLiteral("Check1"));
   // Label1 names the start number and shows the count while a sort runs.
-  label1_ = new QLabel(kStartCaption, frames_[4]);
+  label1_ = new QLabel(kStartCaption, frame);
   label1_->setObjectName(QStringLiteral("Label1"));
   label1_->setMinimumWidth(label1_->fontMetrics().horizontalAdvance(QStringLiteral("0000000")));
-  text3_ = new QLineEdit(QStringLiteral("1"), frames_[4]);
+  text3_ = new QLineEdit(QStringLiteral("1"), frame);
   text3_->setObjectName(QStringLiteral("Text3"));
   text3_->setFixedWidth(text3_->fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + 16);
-  auto* frame5 = new QGridLayout(frames_[4]);
+  auto* frame5 = new QGridLayout(frame);
   frame5->addWidget(check1_, 0, 0, 1, 2);
   frame5->addWidget(label1_, 1, 0);
   frame5->addWidget(text3_, 1, 1);
   frame5->setRowStretch(2, 1);
+}
 
-  command1_ = Command("Command1", "Sort", "Proceed with sort", this);
-  command1_->setDefault(true);
-  command2_ = Command("Command2", "Exit", "Take no action and exit", this);
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch(1);
-  buttons->addWidget(command1_);
-  buttons->addWidget(command2_);
+void SortForm::BuildLayout() {
+  const CommandRow row = MakeCommandRow(this, QStringLiteral("Sort"), QStringLiteral("Proceed with sort"));
+  command1_ = row.command1;
+  command1_->setAutoDefault(false);
+  command2_ = row.command2;
+  QHBoxLayout* buttons = row.layout;
   auto* choices = new QHBoxLayout;
   for (QGroupBox* frame : {frames_[2], frames_[3], frames_[4]}) choices->addWidget(frame, 1);
   auto* layout = new QVBoxLayout(this);
@@ -155,13 +148,13 @@ SortForm::SortForm(Random& rng, UserInterface& ui, const std::string& appFolder,
   layout->addSpacing(4);
   layout->addLayout(buttons);
   layout->setSizeConstraint(QLayout::SetFixedSize);
+}
 
+void SortForm::Connect() {
   connect(gf2_, &FNDialog::Browse, this, [this] { BrowseSource(); });
   connect(gf1_, &FNDialog::Browse, this, [this] { BrowseOutput(); });
-  for (FNDialog* box : {gf1_, gf2_}) {
-    if (auto* text = box->findChild<QLineEdit*>())
-      connect(text, &QLineEdit::textChanged, this, [this] { EnableSort(); });
-  }
+  for (FNDialog* box : {gf1_, gf2_})
+    connect(box->Field(), &QLineEdit::textChanged, this, [this] { EnableSort(); });
   connect(command1_, &QPushButton::clicked, this, [this] { Sort(); });
   connect(command2_, &QPushButton::clicked, this, [this] { reject(); });
   EnableSort();

@@ -43,6 +43,10 @@ class SortForm : public QDialog {
   void reject() override;
 
  private:
+  // The parts below the option frames, each setting its controls' members.
+  void BuildNumberFrame(QGroupBox* frame);  // Frame5: Check1, Label1 and Text3
+  void BuildLayout();                       // the frames and the command row
+  void Connect();
   void Propose(const QString& source);
   void BrowseSource();
   void BrowseOutput();

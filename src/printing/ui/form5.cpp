@@ -1,5 +1,5 @@
 // Form5, "Print Puzzles From File": the printer, the file, the range and
-// whether solutions print, handed back as one answer text.
+// whether solutions print, handed back as one answer.
 #include "printing/ui/form5.h"
 
 #include <QCheckBox>
@@ -17,14 +17,14 @@
 #include "controls/ui/fndialog.h"
 #include "controls/ui/frames.h"
 #include "controls/ui/local_text.h"
-#include "files/file_commands.h"
 #include "files/puzzle_file.h"
 #include "model/text.h"
 #include "printing/print_commands.h"
+#include "printing/ui/printer_choice.h"
 
 namespace velmora {
 
-Form5::Form5(QWidget* parent) : QDialog(parent) {
+Form5::Form5(PrinterChoice& printer, QWidget* parent) : QDialog(parent), printer_(printer) {
   setObjectName(QStringLiteral("Form5"));
   setWindowTitle(QStringLiteral("Print Puzzles From File"));
 
@@ -41,23 +41,15 @@ Form5::Form5(QWidget* parent) : QDialog(parent) {
   grid->addWidget(BuildSolutionFrame(), 2, 1);
   grid->addWidget(BuildPerPageFrame(), 3, 0, 1, 2);
 
-  auto* command1 = Named(new QPushButton(QStringLiteral("Print"), this), QStringLiteral("Command1"));
-  command1->setToolTip(QStringLiteral("Print puzzles and exit"));
-  command1->setDefault(true);
-  auto* command2 = Named(new QPushButton(QStringLiteral("Exit"), this), QStringLiteral("Command2"));
-  command2->setToolTip(QStringLiteral("Take no action and exit"));
-  command2->setAutoDefault(false);
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch(1);
-  buttons->addWidget(command1);
-  buttons->addWidget(command2);
-  grid->addLayout(buttons, 4, 0, 1, 2);
+  const CommandRow commands =
+      MakeCommandRow(this, QStringLiteral("Print"), QStringLiteral("Print puzzles and exit"));
+  grid->addLayout(commands.layout, 4, 0, 1, 2);
   grid->setSizeConstraint(QLayout::SetFixedSize);
 
   connect(gf1_, &FNDialog::Browse, this, [this] { Browse(); });
-  connect(command1, &QPushButton::clicked, this, [this] { Print(); });
-  connect(command2, &QPushButton::clicked, this, [this] {
-    answer_ = "X";
+  connect(commands.command1, &QPushButton::clicked, this, [this] { Print(); });
+  connect(commands.command2, &QPushButton::clicked, this, [this] {
+    answer_.reset();
     reject();
   });
 }
@@ -69,7 +61,7 @@ QWidget* Form5::BuildFileFrame() {
   fileNow_->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('x')) * 48);
   // gf1 lends its browse button; the name itself is typed in FileNow.
   gf1_ = Named(new FNDialog(inFileFrame), QStringLiteral("gf1"));
-  if (auto* own = gf1_->findChild<QLineEdit*>(QStringLiteral("Text"))) own->hide();
+  gf1_->Field()->hide();
   auto* inFileLayout = new QHBoxLayout(inFileFrame);
   inFileLayout->addWidget(fileNow_, 1);
   inFileLayout->addWidget(gf1_);
@@ -118,17 +110,16 @@ void Form5::BuildPrinterList() {
   const QStringList printers = QPrinterInfo::availablePrinterNames();
   combo1_->addItems(printers);
   combo1_->addItem(QString::fromLatin1(kPdfPrinterName));
-  const QString system = QPrinterInfo::defaultPrinterName();
-  currentPrinter_ = printers.contains(system) ? system : QString::fromLatin1(kPdfPrinterName);
-  combo1_->setCurrentText(currentPrinter_);
+  combo1_->setCurrentText(printer_.Current());
 }
 
-std::string Form5::Ask(UserInterface& ui, const std::string& file, const std::string& appFolder) {
+std::optional<PrintFileChoice> Form5::Ask(UserInterface& ui, const std::string& file,
+                                          const std::string& appFolder) {
   ui_ = &ui;
   fileNow_->setText(QText(file));
   appFolder_ = QText(appFolder);
-  answer_.clear();
-  combo1_->setCurrentText(currentPrinter_);
+  answer_.reset();
+  combo1_->setCurrentText(printer_.Current());
   exec();
   ui_ = nullptr;
   return answer_;
@@ -140,25 +131,20 @@ void Form5::showEvent(QShowEvent* event) {
 }
 
 void Form5::Browse() {
-  gf1_->SetTitle(QStringLiteral("Select a Puzzle file to print"));
-  gf1_->SetFileTypes(QString::fromLatin1(kPuzzleFileTypes));
-  gf1_->SetFileTypesName(QString::fromLatin1(kPuzzleFileTypesName));
-  // The title the dialog finally shows, as with every file box of the program.
-  gf1_->SetTitle(QStringLiteral("velmora"));
+  // Titled with the program's name, as the main window's file boxes are.
+  gf1_->ForPuzzleFiles(QStringLiteral("velmora"));
   gf1_->SetDefaultDir(appFolder_);
   const QString name = gf1_->ShowFileDialog(QStringLiteral("OPEN"));
   if (!name.isEmpty()) fileNow_->setText(name);
 }
 
 void Form5::Print() {
-  currentPrinter_ = combo1_->currentText();
+  printer_.Choose(combo1_->currentText());
   if (!ui_) return;
   const int perPage = option1_[2]->isChecked() ? 4 : (option1_[1]->isChecked() ? 2 : 1);
-  const std::string answer = Form5Answer(*ui_, S(fileNow_->text()), S(text1_->text()), S(text2_->text()),
-                                         check1_->isChecked(), perPage);
-  if (answer.empty()) return;
-  answer_ = answer;
-  accept();
+  answer_ = Form5Answer(*ui_, S(fileNow_->text()), S(text1_->text()), S(text2_->text()), check1_->isChecked(),
+                        perPage);
+  if (answer_) accept();
 }
 
 }  // namespace velmora

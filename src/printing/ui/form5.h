@@ -1,13 +1,15 @@
 // Form5, "Print Puzzles From File": the printer, the file, the range and
-// whether solutions print, handed back as one answer text.
+// whether solutions print, handed back as one answer.
 #pragma once
 
 #include <QDialog>
 #include <QString>
 #include <array>
+#include <optional>
 #include <string>
 
 #include "model/user_interface.h"
+#include "printing/print_commands.h"
 
 class QCheckBox;
 class QComboBox;
@@ -17,21 +19,19 @@ class QRadioButton;
 namespace velmora {
 
 class FNDialog;
+class PrinterChoice;
 
 class Form5 : public QDialog {
   Q_OBJECT
 
  public:
-  explicit Form5(QWidget* parent = nullptr);
+  // Combo1 shows `printer`'s current printer; "Print" makes its item the current one.
+  explicit Form5(PrinterChoice& printer, QWidget* parent = nullptr);
 
   // Shows `file` in FileNow and runs the dialog modally; its refusals go
-  // through `ui`. The answer text: "" when nothing was decided, "X" after
-  // Exit, otherwise the fields joined by ",".
-  std::string Ask(UserInterface& ui, const std::string& file, const std::string& appFolder);
-
-  // The printer the print jobs use: the system's default, or "PDF file"
-  // where none is installed, until "Print" makes Combo1's item the current one.
-  const QString& CurrentPrinter() const { return currentPrinter_; }
+  // through `ui`. Nothing when it was left without printing (Exit, the close box).
+  std::optional<PrintFileChoice> Ask(UserInterface& ui, const std::string& file,
+                                     const std::string& appFolder);
 
  protected:
   // Text2 is set to the file's count every time the dialog comes up.
@@ -54,9 +54,9 @@ class Form5 : public QDialog {
   QLineEdit* text2_ = nullptr;
   QCheckBox* check1_ = nullptr;
   std::array<QRadioButton*, 3> option1_{};
-  QString currentPrinter_;
+  PrinterChoice& printer_;
   QString appFolder_;
-  std::string answer_;
+  std::optional<PrintFileChoice> answer_;
   UserInterface* ui_ = nullptr;
 };
 

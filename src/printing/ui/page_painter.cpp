@@ -1,20 +1,11 @@
 // Printed pages drawn on any QPainter device in twips: paper, a PDF file, an image.
 #include "printing/ui/page_painter.h"
 
-#include <QFont>
 #include <QPagedPaintDevice>
-#include <QPen>
-#include <cmath>
 
 #include "files/text_file.h"
 
 namespace velmora {
-namespace {
-
-constexpr int kTwipsPerPoint = 20;
-constexpr int kLineTwips = 15;
-
-}  // namespace
 
 QPainter* PagePainter::Mark() {
   if (failed_) return nullptr;
@@ -65,12 +56,7 @@ void PagePainter::DrawText(int x, int y, int points, bool bold, const std::strin
   QPainter* painter = Mark();
   if (!painter) return;
   QPainter& p = *painter;
-  // Twips as pixels of the scaled painter keep the point size true on every device.
-  QFont font(QStringLiteral("DejaVu Sans"));
-  font.setStyleHint(QFont::SansSerif);
-  font.setPixelSize(points * kTwipsPerPoint);
-  font.setBold(bold);
-  p.setFont(font);
+  p.setFont(TwipsFont(points * kTwipsPerPoint, bold));
   p.setPen(Qt::black);
   p.drawText(QPointF(x, y + p.fontMetrics().ascent()), QString::fromLocal8Bit(text.c_str()));
 }
@@ -84,7 +70,7 @@ void PagePainter::DrawBox(int x1, int y1, int x2, int y2) {
   if (!painter) return;
   QPainter& p = *painter;
   p.setBrush(Qt::NoBrush);
-  p.setPen(QPen(Qt::black, kLineTwips, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+  p.setPen(OutlinePen());
   p.drawRect(QRectF(QPointF(x1, y1), QPointF(x2, y2)));
 }
 
@@ -95,18 +81,8 @@ void PagePainter::Symbol(int suit, int x, int y, int size) {
 void PagePainter::DrawSymbol(int suit, int x, int y, int size) {
   QPainter* painter = Mark();
   if (!painter) return;
-  QPainter& p = *painter;
-  // Scaled once to the device's pixels and kept, so every page reuses one image per suit.
-  const QRectF target = p.deviceTransform().mapRect(QRectF(x, y, size, size));
-  const QRect pixels(
-      static_cast<int>(std::lround(target.left())), static_cast<int>(std::lround(target.top())),
-      static_cast<int>(std::lround(target.width())), static_cast<int>(std::lround(target.height())));
-  const QImage& symbol = strip_.Symbol(suit, pixels.size());
-  if (symbol.isNull()) return;
-  p.save();
-  p.setWorldMatrixEnabled(false);
-  p.drawImage(pixels.topLeft(), symbol);
-  p.restore();
+  // The strip keeps each size it scaled, so every page reuses one image per suit.
+  velmora::DrawSymbol(*painter, strip_, suit, QRectF(x, y, size, size), SymbolCopy::kPlain);
 }
 
 PdfJob::PdfJob(const QPageSize& paper, SuitStrip& strip) : writer_(&buffer_), painter_(writer_, strip) {

@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "board/ui/board_painter.h"
+#include "board/ui/twips_drawing.h"
 #include "printing/print_commands.h"
 
 namespace velmora {

@@ -22,19 +22,19 @@ QPageSize LocalPaper() {
                                                                               : QPageSize::A4);
 }
 
-// The printer behind the menu commands: the current printer of Form5, or a
-// PDF file named when the job starts.
+// The printer behind the menu commands: the current printer, or a PDF file
+// named when the job starts.
 class DesktopPrintJobs : public PrintJobs {
  public:
-  DesktopPrintJobs(QWidget* window, const GameState& s, UserInterface& ui)
-      : form5_(PrintDialogOf(window)), s_(s), ui_(ui) {}
+  DesktopPrintJobs(Form5& form5, PrinterChoice& printer, const GameState& s, UserInterface& ui)
+      : form5_(form5), choice_(printer), s_(s), ui_(ui) {}
 
-  std::string AskPrintFile(const std::string& file) override {
-    return form5_->Ask(ui_, file, s_.session.AppFolder);
+  std::optional<PrintFileChoice> AskPrintFile(const std::string& file) override {
+    return form5_.Ask(ui_, file, s_.session.AppFolder);
   }
 
   PrintSurface* StartJob(const std::string& source) override {
-    const QString name = form5_->CurrentPrinter();
+    const QString name = choice_.Current();
     if (name == QString::fromLatin1(kPdfPrinterName) ||
         !QPrinterInfo::availablePrinterNames().contains(name)) {
       return StartPdf(source);
@@ -48,7 +48,7 @@ class DesktopPrintJobs : public PrintJobs {
   std::string EndJob() override {
     if (pdf_) return pdf_->Save(pdfPath_) ? "" : kPdfWriteError + pdfPath_;
     const bool ok = painter_ && painter_->End() && printer_->printerState() != QPrinter::Error;
-    return ok ? "" : "Error printing to " + form5_->CurrentPrinter().toStdString();
+    return ok ? "" : "Error printing to " + choice_.Current().toStdString();
   }
 
  private:
@@ -68,7 +68,8 @@ class DesktopPrintJobs : public PrintJobs {
     return &pdf_->Surface();
   }
 
-  Form5* form5_;
+  Form5& form5_;
+  PrinterChoice& choice_;
   const GameState& s_;
   UserInterface& ui_;
   SuitStrip strip_;
@@ -80,28 +81,27 @@ class DesktopPrintJobs : public PrintJobs {
 
 }  // namespace
 
-Form5* PrintDialogOf(QWidget* window) {
-  auto* form5 = window->findChild<Form5*>(QStringLiteral("Form5"), Qt::FindDirectChildrenOnly);
-  if (!form5) {
-    form5 = new Form5(window);
-    form5->setPalette(window->palette());
+Form5& PrintMenu::Dialog() {
+  if (!form5_) {
+    form5_ = new Form5(printer_, window_);
+    form5_->setPalette(window_->palette());
   }
-  return form5;
+  return *form5_;
 }
 
-std::function<void(GameState&, UserInterface&)> DesktopPrint(QWidget* window, PrintCommand command) {
-  return [window, command](GameState& s, UserInterface& ui) {
-    DesktopPrintJobs jobs(window, s, ui);
+std::function<void(GameState&, UserInterface&)> PrintMenu::Command(PrintCommand command) {
+  return [this, command](GameState& s, UserInterface& ui) {
+    DesktopPrintJobs jobs(Dialog(), printer_, s, ui);
     command(s, ui, jobs);
   };
 }
 
-void PrintPreview(GameState& s, UserInterface&, QWidget* window) {
-  const QString name = PrintDialogOf(window)->CurrentPrinter();
+void PrintMenu::Preview(const GameState& s) {
+  const QString name = printer_.Current();
   QPrinter printer(QPrinterInfo::printerInfo(name), QPrinter::HighResolution);
   if (printer.outputFormat() == QPrinter::PdfFormat) printer.setPageSize(LocalPaper());
   printer.setFullPage(true);
-  QPrintPreviewDialog preview(&printer, window);
+  QPrintPreviewDialog preview(&printer, window_);
   preview.setObjectName(QStringLiteral("PrintPreview"));
   SuitStrip strip;
   QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, [&](QPrinter* device) {

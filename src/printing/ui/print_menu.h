@@ -2,12 +2,13 @@
 // Form5 and a PDF file where no printer is chosen, and the print preview.
 #pragma once
 
-#include <QString>
+#include <QPointer>
 #include <functional>
 
 #include "model/game_state.h"
 #include "model/user_interface.h"
 #include "printing/print_commands.h"
+#include "printing/ui/printer_choice.h"
 
 class QWidget;
 
@@ -17,14 +18,24 @@ class Form5;
 
 using PrintCommand = void (*)(GameState&, UserInterface&, PrintJobs&);
 
-// `command` as a menu command of `window`, printing on the current printer.
-std::function<void(GameState&, UserInterface&)> DesktopPrint(QWidget* window, PrintCommand command);
+// The Print menu of a window: the current printer and the print-file dialog,
+// which is made on first use and kept, so its controls and the printer last
+// for the run.
+class PrintMenu {
+ public:
+  explicit PrintMenu(QWidget* window) : window_(window) {}
 
-// Print > "Print Preview": the page of "Puzzle and Solution" in a preview window.
-void PrintPreview(GameState& s, UserInterface& ui, QWidget* window);
+  // `command` as a menu command, printing on the current printer.
+  std::function<void(GameState&, UserInterface&)> Command(PrintCommand command);
+  // Print > "Print Preview": the page of "Puzzle and Solution" in a preview window.
+  void Preview(const GameState& s);
 
-// `window`'s print-file dialog, made on first use and kept, so its controls
-// and the current printer last for the run.
-Form5* PrintDialogOf(QWidget* window);
+ private:
+  Form5& Dialog();
+
+  QWidget* window_;
+  PrinterChoice printer_;
+  QPointer<Form5> form5_;
+};
 
 }  // namespace velmora

@@ -19,14 +19,14 @@ class RecordingUi : public SilentUserInterface {
   // Answers file dialogs from `names`, then cancels.
   std::string AskFileName(const FileDialogRequest& request) override {
     requests.push_back(request);
-    const std::string name = names.empty() ? "" : names.front();
+    std::string name = names.empty() ? "" : names.front();
     if (!names.empty()) names.pop_front();
     return name;
   }
   // Answers typed-text prompts from `texts`, then cancels.
   std::string AskText(const std::string& prompt) override {
     prompts.push_back(prompt);
-    const std::string text = texts.empty() ? "" : texts.front();
+    std::string text = texts.empty() ? "" : texts.front();
     if (!texts.empty()) texts.pop_front();
     return text;
   }

@@ -69,7 +69,7 @@ class InDirectory {
 // Sets (or with nullopt removes) an environment variable for one scope.
 class ScopedEnv {
  public:
-  ScopedEnv(const char* name, std::optional<std::string> value) : name_(name) {
+  ScopedEnv(const char* name, const std::optional<std::string>& value) : name_(name) {
     if (const char* old = std::getenv(name)) old_ = old;
     Set(value);
   }

@@ -365,52 +365,12 @@ class SortBuffer::Impl {
     // next bytes of the texts, three at a time, until it comes apart. A few
     // items, or texts alike this far, are compared whole.
     SortByCode(items, items + count_);
-    struct Run {
-      size_t begin, end, depth;
-    };
     std::vector<Run> runs;
-    // Orders the runs of one code in [begin, end) that are short and keeps
-    // the others for their next bytes; texts that end inside their window are
-    // alike. Items that tie with a neighbour are looked up ahead.
-    const auto split = [&](size_t begin, size_t end, size_t depth, bool windows) {
-      const auto tied = [&](size_t i) {
-        return (i > begin && Code(items[i]) == Code(items[i - 1])) ||
-               (i + 1 < end && Code(items[i]) == Code(items[i + 1]));
-      };
-      size_t ahead = begin;
-      for (size_t b = begin, e; b < end; b = e) {
-        for (; ahead < std::min(end, b + kAhead); ++ahead) {
-          if (tied(ahead)) store_.Prefetch(items[ahead] & kPlaceMask);
-        }
-        for (e = b + 1; e < end && Code(items[e]) == Code(items[b]);) ++e;
-        if (e - b == 1 || (windows && WindowEnds(Code(items[b])))) continue;
-        if (e - b <= kFew || depth >= kDeep) {
-          SortWhole(items + b, items + e, depth);
-        } else {
-          runs.push_back({b, e, depth});
-        }
-      }
-    };
-    split(0, count_, form_.title ? kWindowBytes : 0, false);
+    SplitRuns(0, count_, form_.title ? kWindowBytes : 0, false, runs);
     while (!runs.empty()) {
       const Run run = runs.back();
       runs.pop_back();
-      if (run.depth >= kDeep) {
-        SortWhole(items + run.begin, items + run.end, run.depth);
-        continue;
-      }
-      bool alike = true;
-      for (size_t i = run.begin; i < run.end; ++i) {
-        if (i + kAhead < run.end) store_.Prefetch(items[i + kAhead] & kPlaceMask);
-        items[i] = Window(Text(items[i] & kPlaceMask), run.depth) << kCodeShift | (items[i] & kPlaceMask);
-        alike = alike && Code(items[i]) == Code(items[run.begin]);
-      }
-      if (alike && !WindowEnds(Code(items[run.begin]))) {
-        runs.push_back({run.begin, run.end, run.depth + kWindowBytes});
-        continue;
-      }
-      SortByCode(items + run.begin, items + run.end);
-      split(run.begin, run.end, run.depth + kWindowBytes, true);
+      Refine(run, runs);
     }
   }
   size_t size() const { return count_; }
@@ -424,6 +384,56 @@ class SortBuffer::Impl {
   }
 
  private:
+  struct Run {
+    size_t begin, end, depth;
+  };
+
+  // Orders the runs of one code in [begin, end) that are short and keeps
+  // the others for their next bytes; texts that end inside their window are
+  // alike. Items that tie with a neighbour are looked up ahead.
+  void SplitRuns(size_t begin, size_t end, size_t depth, bool windows, std::vector<Run>& runs) {
+    Item* const items = items_.get();
+    const auto tied = [&](size_t i) {
+      return (i > begin && Code(items[i]) == Code(items[i - 1])) ||
+             (i + 1 < end && Code(items[i]) == Code(items[i + 1]));
+    };
+    size_t ahead = begin;
+    for (size_t b = begin, e; b < end; b = e) {
+      for (; ahead < std::min(end, b + kAhead); ++ahead) {
+        if (tied(ahead)) store_.Prefetch(items[ahead] & kPlaceMask);
+      }
+      for (e = b + 1; e < end && Code(items[e]) == Code(items[b]);) ++e;
+      if (e - b == 1 || (windows && WindowEnds(Code(items[b])))) continue;
+      if (e - b <= kFew || depth >= kDeep) {
+        SortWhole(items + b, items + e, depth);
+      } else {
+        runs.push_back({b, e, depth});
+      }
+    }
+  }
+
+  // One run's items coded by their next window of bytes, and ordered or
+  // split by it.
+  void Refine(const Run& run, std::vector<Run>& runs) {
+    Item* const items = items_.get();
+    if (run.depth >= kDeep) {
+      SortWhole(items + run.begin, items + run.end, run.depth);
+      return;
+    }
+    bool alike = true;
+    for (size_t i = run.begin; i < run.end; ++i) {
+      if (i + kAhead < run.end) store_.Prefetch(items[i + kAhead] & kPlaceMask);
+      items[i] = Window(Text(items[i] & kPlaceMask), run.depth) << kCodeShift | (items[i] & kPlaceMask);
+      alike = alike && Code(items[i]) == Code(items[run.begin]);
+    }
+    if (alike && !WindowEnds(Code(items[run.begin]))) {
+      runs.push_back({run.begin, run.end, run.depth + kWindowBytes});
+      return;
+    }
+    SortByCode(items + run.begin, items + run.end);
+    SplitRuns(run.begin, run.end, run.depth + kWindowBytes, true, runs);
+  }
+
   using Item = uint64_t;
   static constexpr int kCodeShift = RecordStore::kPlaceBits;
   static constexpr uint64_t kPlaceMask = (uint64_t{1} << kCodeShift) - 1;

@@ -8,6 +8,47 @@ namespace velmora {
 
 namespace {
 
+// What each card or mark bars its neighbours from; ranks also bar their row
+// and column. The padding ring stands for the cells off the board.
+struct Bars {
+  CardSet row[kGridDim + 1] = {}, col[kGridDim + 1] = {};
+  CardSet near[kGridDim + 1][kGridDim + 1];
+  CardSet available = 0;
+  bool anyBad = false;  // a value below -4 has no code
+};
+
+// Reads the board's bars; false when a value indexes past AvailableCards.
+bool ReadBars(const Puzzle& s, int rows, int cols, Bars& b) {
+  for (int c = 0; c <= cols + 1; ++c) b.near[0][c] = b.near[rows + 1][c] = 0;
+  for (int r = 1; r <= rows; ++r) b.near[r][0] = b.near[r][cols + 1] = 0;
+  b.available = s.AvailableCards;
+  for (int r = 1; r <= rows; ++r) {
+    for (int c = 1; c <= cols; ++c) {
+      const int v = s.Grid[r][c];
+      if (v > kMaxCardIndex) return false;  // AvailableCards(v) does not exist
+      if (v < kMinCardIndex) {
+        b.anyBad = true;
+        b.near[r][c] = 0;
+        continue;
+      }
+      if (v > 0) b.available &= ~CardBit(v);
+      b.near[r][c] = s.CardCodes.NearBars(v);
+      b.row[r] |= s.CardCodes.LineBars(v);
+      b.col[c] |= s.CardCodes.LineBars(v);
+    }
+  }
+  return true;
+}
+
+// Reading a row or column cell whose value has no code fails; the cell's own
+// tests never read the cell itself.
+bool OtherBad(const Puzzle& s, int rows, int cols, int r, int c) {
+  bool bad = false;
+  for (int j = 1; j <= cols; ++j) bad |= j != c && s.Grid[r][j] < kMinCardIndex;
+  for (int i = 1; i <= rows; ++i) bad |= i != r && s.Grid[i][c] < kMinCardIndex;
+  return bad;
+}
+
 // The options, and the lists when they are asked for.
 bool Update(Puzzle& s, RemainLists* lists) {
   s.AvailableCards = s.CardCodes.deck;
@@ -17,31 +58,9 @@ bool Update(Puzzle& s, RemainLists* lists) {
   const int rows = s.Rows, cols = s.Cols;
   if (rows < 1 || cols < 1) return true;
   if (rows > kMaxIndex || cols > kMaxIndex) return false;  // Grid(10, c) does not exist
-
-  // What each card or mark bars its neighbours from; ranks also bar their row
-  // and column. The padding ring stands for the cells off the board.
-  CardSet rowBars[kGridDim + 1] = {}, colBars[kGridDim + 1] = {};
-  CardSet nearBars[kGridDim + 1][kGridDim + 1];
-  for (int c = 0; c <= cols + 1; ++c) nearBars[0][c] = nearBars[rows + 1][c] = 0;
-  for (int r = 1; r <= rows; ++r) nearBars[r][0] = nearBars[r][cols + 1] = 0;
-  CardSet available = s.AvailableCards;
-  bool anyBad = false;  // a value below -4 has no code
-  for (int r = 1; r <= rows; ++r) {
-    for (int c = 1; c <= cols; ++c) {
-      const int v = s.Grid[r][c];
-      if (v > kMaxCardIndex) return false;  // AvailableCards(v) does not exist
-      if (v < kMinCardIndex) {
-        anyBad = true;
-        nearBars[r][c] = 0;
-        continue;
-      }
-      if (v > 0) available &= ~CardBit(v);
-      nearBars[r][c] = s.CardCodes.NearBars(v);
-      rowBars[r] |= s.CardCodes.LineBars(v);
-      colBars[c] |= s.CardCodes.LineBars(v);
-    }
-  }
-  s.AvailableCards = available;
+  Bars b;
+  if (!ReadBars(s, rows, cols, b)) return false;
+  s.AvailableCards = b.available;
 
   bool anyEmpty = false;
   for (int r = 1; r <= rows; ++r) {
@@ -50,22 +69,15 @@ bool Update(Puzzle& s, RemainLists* lists) {
         s.CellOptions[r][c] = 0;
         continue;
       }
-      // Reading a row or column cell whose value has no code fails; the cell's
-      // own tests never read the cell itself.
-      if (anyBad) {
-        bool otherBad = false;
-        for (int j = 1; j <= cols; ++j) otherBad |= j != c && s.Grid[r][j] < kMinCardIndex;
-        for (int i = 1; i <= rows; ++i) otherBad |= i != r && s.Grid[i][c] < kMinCardIndex;
-        if (otherBad) return false;
-      }
-      const CardSet near = nearBars[r][c - 1] | nearBars[r][c + 1] | nearBars[r - 1][c] | nearBars[r + 1][c];
-      s.CellOptions[r][c] = available & ~(rowBars[r] | colBars[c] | near);
+      if (b.anyBad && OtherBad(s, rows, cols, r, c)) return false;
+      const CardSet near = b.near[r][c - 1] | b.near[r][c + 1] | b.near[r - 1][c] | b.near[r + 1][c];
+      s.CellOptions[r][c] = b.available & ~(b.row[r] | b.col[c] | near);
       anyEmpty = true;
     }
   }
 
   if (lists && anyEmpty) {
-    for (CardSet set = available; set; set &= set - 1) {
+    for (CardSet set = b.available; set; set &= set - 1) {
       const int card = __builtin_ctzll(set) + 1;
       (*lists)[CardSuit(card) - 1].push_back(CardText(card));
     }

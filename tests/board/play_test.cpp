@@ -17,7 +17,7 @@ namespace {
 using Strings = std::vector<std::string>;
 using Undo = std::deque<std::string>;
 
-float Mid(int index) { return static_cast<float>(kBoardMargin + (index - 1) * kCellSize + kCellSize / 2); }
+float Mid(int index) { return static_cast<float>(kBoardMargin + (index - 1) * kCellSize) + kCellSize / 2.0f; }
 
 // Row 1 of this record: 3C, blank, JS, 8D, TH, blank, QS. Its blank (1,2)
 // sits beside 3C, JS and 1C (below); with 8D, TH, QS in the row and 1C, 2S,

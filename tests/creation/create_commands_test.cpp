@@ -116,7 +116,7 @@ TEST(MultiplePuzzles, NumbersOnAfterTheRecordsInTheFileWithAutomaticTitlesForABl
   const std::vector<Strings> records = Records(d.dir.Read("out.vlm"));
   ASSERT_EQ(records.size(), 15u);
   for (int i = 0; i < 3; ++i) {
-    const Strings& r = records[static_cast<size_t>(12 + i)];
+    const Strings& r = records[12 + static_cast<size_t>(i)];
     EXPECT_EQ(r[0] + r[2], "#" + std::to_string(13 + i) + " 7, 7, 14");
     EXPECT_TRUE(test::IsAutomaticTitle(r[1], "Easy")) << r[1];
   }

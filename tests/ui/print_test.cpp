@@ -1,6 +1,7 @@
 // Printed pages rendered into images at known resolutions, and the Print
 // menu with its file dialog, a PDF file standing in for the printer.
 #include <QPrintPreviewDialog>
+#include <cmath>
 
 #include "printing/ui/form5.h"
 #include "printing/ui/page_painter.h"
@@ -14,8 +15,8 @@ struct RenderedPage {
   RenderedPage(const GameState& s, int dpi)
       : image(12240 * dpi / 1440, 15840 * dpi / 1440, QImage::Format_RGB32) {
     image.fill(Qt::white);
-    image.setDotsPerMeterX(static_cast<int>(dpi / 0.0254 + 0.5));
-    image.setDotsPerMeterY(static_cast<int>(dpi / 0.0254 + 0.5));
+    image.setDotsPerMeterX(static_cast<int>(std::lround(dpi / 0.0254)));
+    image.setDotsPerMeterY(static_cast<int>(std::lround(dpi / 0.0254)));
     SuitStrip strip;
     PagePainter page(image, strip);
     PrintPuzzleAndSolution(s, page);

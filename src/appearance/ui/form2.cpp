@@ -13,6 +13,7 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
+#include <cmath>
 
 #include "appearance/color_scheme.h"
 #include "appearance/ui/scheme_preview.h"
@@ -42,7 +43,7 @@ void ApplyTextSize(TextSize size) {
   if (platform.pointSizeF() > 0) {
     font.setPointSizeF(platform.pointSizeF() * kSizeScales[size]);
   } else {
-    font.setPixelSize(static_cast<int>(platform.pixelSize() * kSizeScales[size] + 0.5));
+    font.setPixelSize(static_cast<int>(std::lround(platform.pixelSize() * kSizeScales[size])));
   }
   QApplication::setFont(font);
 }

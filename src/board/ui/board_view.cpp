@@ -110,7 +110,7 @@ void BoardView::ShowAids(bool shade) {
   const int card = shade && !s_.session.SelectedCard.empty() ? FindCardIndex(s_.session.SelectedCard) : -1;
   for (int r = 1; card >= 1 && r <= LoopRows(s_.puzzle); ++r) {
     for (int c = 1; c <= LoopCols(s_.puzzle); ++c) {
-      aids.shaded[static_cast<size_t>(r * kGridDim + c)] =
+      aids.shaded[static_cast<size_t>(r) * kGridDim + static_cast<size_t>(c)] =
           s_.puzzle.Grid[r][c] < 1 && (s_.puzzle.CellOptions[r][c] & CardBit(card));
     }
   }
@@ -129,7 +129,7 @@ void BoardView::PaintAids(QPainter& p) const {
   p.save();
   p.translate(offset_);
   ScaleToTwips(p, logicalDpiX() * zoom_, logicalDpiY() * zoom_);
-  auto cell = [this](int at, int inset) {
+  auto cell = [](int at, int inset) {
     const int r = at / kGridDim, c = at % kGridDim;
     return QRectF(CellX(c) + inset, CellY(r) + inset, kCellSize - 2 * inset, kCellSize - 2 * inset);
   };

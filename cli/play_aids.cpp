@@ -21,7 +21,7 @@ bool ShowHint(PlaySession& session, const std::vector<std::string>&) {
     if (hint.kind == kHintWrong) {
       line += "wrong";
     } else {
-      line += std::string(RankLetter(CardRank(hint.card))) + kSuitLetters[CardSuit(hint.card)];
+      AppendCardText(line, hint.card);
       line += hint.kind == kHintSingle ? " single" : " unique";
     }
   }

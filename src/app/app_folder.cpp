@@ -43,7 +43,7 @@ std::string AbsoluteFolder(const std::string& folder) {
 // A folder the program has been run from, or unpacked with its files.
 bool HoldsProgramFiles(const std::string& folder) {
   if (folder.empty()) return false;
-  for (const char* name : {"puzzles.vlm", "all.col", kHelpPage, "velmora.cfg"}) {
+  for (const char* name : {kPuzzleFileName, kSchemeFileName, kHelpPage, kConfigFileName}) {
     if (FileExists(folder + "/" + name)) return true;
   }
   return false;

@@ -21,7 +21,7 @@ void StartUp(GameState& s, UserInterface& ui, const std::string& appFolder,
   s.Scheme = DefaultSchemeColors();
   s.AppFolder = FolderWithSlash(appFolder);
   if (s.ShippedFolder.empty()) s.ShippedFolder = s.AppFolder;
-  s.Rows = s.Cols = 7;
+  s.Rows = s.Cols = kBoardSize;
   CalcCellPos(s);
 
   ReadcfgFile(s, ui);
@@ -29,14 +29,14 @@ void StartUp(GameState& s, UserInterface& ui, const std::string& appFolder,
   if (setCol) setCol();
 
   // A file that is missing, empty or unreadable gives way to the default one.
-  if (FileLength(s.CurrentPuzzleFile) <= 0) s.CurrentPuzzleFile = s.AppFolder + kDefaultPuzzleFile;
+  if (FileLength(s.CurrentPuzzleFile) <= 0) s.CurrentPuzzleFile = s.AppFolder + kPuzzleFileName;
   s.PuzzleCount = CountPuzzles(s.CurrentPuzzleFile);
   std::string title;
   const int notFound = LoadPuzzle(s, ui, s.CurrentPuzzleFile, s.CurrentPuzzleNumber, title, 1);
   ui.SetBusy(false);
   if (notFound == 0) return;
 
-  s.Rows = s.Cols = 7;
+  s.Rows = s.Cols = kBoardSize;
   CalcCellPos(s);
   s.CurrentPuzzleFile.clear();
   s.CurrentPuzzleNumber = 0;

@@ -92,14 +92,13 @@ void TypeLetter(GameState& s, UserInterface& ui, char letter) {
   if (s.Solving == 1) return;
   PlayAids& a = s.aids;
   const char c = static_cast<char>(std::toupper(static_cast<unsigned char>(letter)));
-  const std::string ranks = "123456789TJQK", suits = "SHDC";
-  if (ranks.find(c) != std::string::npos) {
+  if (RankOfLetter(c) != 0) {
     a.pendingRank = c;
     return;
   }
   const char rank = a.pendingRank;
   a.pendingRank = 0;
-  if (rank == 0 || suits.find(c) == std::string::npos) return;
+  if (rank == 0 || kSuitOrder.find(c) == std::string_view::npos) return;
   if (!Choose(s, ui, std::string{rank, c})) return;
   if (OnBoard(s, a.cursorRow, a.cursorCol)) ClickCell(s, ui, kLeftButton, a.cursorRow, a.cursorCol);
   ui.ControlsChanged();

@@ -46,8 +46,7 @@ std::string CellStatus(const GameState& s, int row, int col) {
   } else {
     if (!CardCodeTable::InRange(v)) return "";
     detail = s.PuzzleGrid[row][col] != 0 ? " Fixed=" : " Card=";
-    detail += RankLetter(s.CardCodes.Rank(v));
-    detail += s.CardCodes.SuitLetter(v);
+    detail += ListText(s, v);
   }
   return " Cell" + Str(s.CellNumber[row][col]) + "," + detail;
 }

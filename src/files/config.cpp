@@ -91,7 +91,7 @@ bool ParseConfig(std::string contents, GameState& s) {
   FieldReader in(std::move(contents));
   if (!in.Line()) return false;
   const auto scheme = in.Field();
-  if (scheme) s.ColorSchemeName = Trim(*scheme).empty() ? "default.col" : *scheme;
+  if (scheme) s.ColorSchemeName = Trim(*scheme).empty() ? kDefaultSchemeName : *scheme;
   const auto file = scheme ? in.Line() : std::nullopt;
   if (file) s.CurrentPuzzleFile = *file;
   const auto number = file ? in.Field() : std::nullopt;
@@ -108,7 +108,7 @@ std::string ConfiguredSchemeName(const std::string& appFolder) {
   std::string contents;
   if (ReadWholeFile(ConfigPath(s), contents, nullptr, kMaxConfigBytes) && ParseConfig(std::move(contents), s))
     return s.ColorSchemeName;
-  return "default.col";
+  return kDefaultSchemeName;
 }
 
 void ReadcfgFile(GameState& s, UserInterface& ui) {
@@ -116,7 +116,7 @@ void ReadcfgFile(GameState& s, UserInterface& ui) {
   std::string contents;
   if (ReadWholeFile(path, contents, nullptr, kMaxConfigBytes) && ParseConfig(std::move(contents), s)) return;
   ui.ShowMessage(AccessMessage(path, "could not be accessed, new file will be created"));
-  s.ColorSchemeName = "default.col";
+  s.ColorSchemeName = kDefaultSchemeName;
   // A file that cannot be created is noticed again at the next save.
   WriteFileAtomically(path, JoinLines({TimeStamp(), s.ColorSchemeName, s.CurrentPuzzleFile, "1"}));
 }

@@ -18,8 +18,7 @@ void ListLeftOutCards(GameState& s) {
   for (int k = 1; k <= 52; ++k) {
     if (!s.CardCodes.IsAbsent(k)) continue;
     // The card's own rank and suit letters, not its "00X" code.
-    const std::string text = CardText(k);
-    s.Remain[static_cast<size_t>(SuitListIndex(text.substr(1)))].push_back(text);
+    s.Remain[static_cast<size_t>(CardSuit(k) - 1)].push_back(CardText(k));
   }
 }
 

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "model/card_rule.h"
+#include "model/cards.h"
+#include "model/file_names.h"
 #include "model/random.h"
 
 namespace velmora {
@@ -26,17 +28,6 @@ using Board = std::array<std::array<T, kGridDim>, kGridDim>;
 
 // A colour scheme: 13 RGB colours, red in the low byte.
 using SchemeColors = std::array<uint32_t, 13>;
-
-// Suit numbers 1..4 for "S", "H", "D", "C"; 0 stands for the "X" of "00X".
-inline constexpr char kSuitLetters[5] = {'X', 'S', 'H', 'D', 'C'};
-// RankLetters -1..13, stored from index 0.
-inline constexpr const char* kRankLetters[15] = {"?", " ", "1", "2", "3", "4", "5", "6",
-                                                 "7", "8", "9", "T", "J", "Q", "K"};
-inline const char* RankLetter(int rank) { return kRankLetters[rank + 1]; }
-// A card's own rank and suit letters, whatever its code: 1 "1S", 52 "KC".
-inline std::string CardText(int card) {
-  return std::string(RankLetter(CardRank(card))) + kSuitLetters[CardSuit(card)];
-}
 
 // CardCodes -4..52 held as rank number and suit number, which is what every
 // reader of the table extracts ("07D" is rank 7, suit 3; "00X" is 0, 0).
@@ -111,8 +102,8 @@ struct GameState {
 
   CardCodeTable CardCodes;
 
-  int Rows = 7;
-  int Cols = 7;
+  int Rows = kBoardSize;
+  int Cols = kBoardSize;
   Board<int32_t> Grid{};
   Board<int32_t> PuzzleGrid{};
   Board<int32_t> SolutionGrid{};
@@ -147,7 +138,7 @@ struct GameState {
   std::string CurrentPuzzleFile;
   int CurrentPuzzleNumber = 0;
   int PuzzleCount = 0;
-  std::string ColorSchemeName = "default.col";
+  std::string ColorSchemeName = kDefaultSchemeName;
   SchemeColors Scheme{};  // the current colour scheme
 
   ViewState view;

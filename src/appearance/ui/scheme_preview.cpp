@@ -15,7 +15,7 @@ constexpr int kCellsWidth = 2 * kCellSize + 60;
 }  // namespace
 
 SchemePreview::SchemePreview(QWidget* parent) : QWidget(parent) {
-  cells_.Rows = cells_.Cols = 7;
+  cells_.Rows = cells_.Cols = kBoardSize;
   CalcCellPos(cells_);
 }
 

@@ -3,6 +3,7 @@
 
 #include <QFont>
 #include <QPen>
+#include <algorithm>
 #include <cmath>
 
 #include "board/geometry.h"
@@ -63,12 +64,8 @@ void BoardPainter::DrawCell(const GameState& s, int rank, const std::string& sui
   if (suitLetter.empty()) return;
 
   // A letter other than S, H, D, C keeps symbol 0 and plain black.
-  int index = 0;
-  QColor colour = Qt::black;
-  if (suitLetter == "S") colour = kBlackSuitColor;
-  if (suitLetter == "H") index = 1, colour = kRedSuitColor;
-  if (suitLetter == "D") index = 2, colour = kRedSuitColor;
-  if (suitLetter == "C") index = 3, colour = kBlackSuitColor;
+  const int index = std::max(0, SuitListIndex(suitLetter));
+  const QColor colour = SuitListIndex(suitLetter) < 0 ? QColor(Qt::black) : SuitQColor(index + 1);
 
   // The AND copy is made in device pixels from a symbol scaled to fit, so it
   // stays sharp at any screen scale.
@@ -100,15 +97,13 @@ void BoardPainter::DrawBoard(const GameState& s) {
       const int v = s.Grid[row][col];
       if (v < 0) {
         // Marks beyond -4 find no letter and give a blank cell.
-        const std::string suit = v >= -4 ? std::string(1, "SHDC"[-v - 1]) : std::string();
+        const std::string suit = v >= -4 ? std::string(1, kSuitLetters[-v]) : std::string();
         DrawCell(s, -1, suit, row, col);
       }
       if (v < 1) {
         Outline(QRectF(s.CellX[row][col], s.CellY[row][col], kCellSize, kCellSize));
       } else if (v <= kMaxCardIndex) {
-        const int suit = s.CardCodes.Suit(v);
-        DrawCell(s, s.CardCodes.Rank(v), suit ? std::string(1, kSuitLetters[suit]) : std::string("X"), row,
-                 col);
+        DrawCell(s, s.CardCodes.Rank(v), std::string(1, s.CardCodes.SuitLetter(v)), row, col);
       }
     }
   }
@@ -116,7 +111,7 @@ void BoardPainter::DrawBoard(const GameState& s) {
 
 void BoardPainter::DrawSolution(const GameState& s) {
   p_.setFont(BoardFont(kSolutionFontTwips, false));
-  p_.setPen(kBlackSuitColor);
+  p_.setPen(ToQColor(kBlackSuitColor));
   const int ascent = p_.fontMetrics().ascent();
   for (int row = 1; row <= LoopRows(s); ++row) {
     for (int col = 1; col <= LoopCols(s); ++col) {

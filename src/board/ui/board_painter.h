@@ -21,8 +21,8 @@ inline constexpr int kPictureHeight = 5820;
 inline constexpr int kSymbolSize = 550;
 
 // Suit colours are fixed; they are not part of a colour scheme.
-inline const QColor kBlackSuitColor(50, 50, 50);
-inline const QColor kRedSuitColor(200, 9, 9);
+inline QColor ToQColor(SuitColor c) { return QColor(c.red, c.green, c.blue); }
+inline QColor SuitQColor(int suit) { return ToQColor(ColorOfSuit(suit)); }
 
 // The strip of four suit symbols, scaled once per device size and kept.
 class SuitStrip {

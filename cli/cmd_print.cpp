@@ -11,6 +11,7 @@
 #include "files/puzzle_file.h"
 #include "files/text_file.h"
 #include "model/text.h"
+#include "printed_messages.h"
 #include "printing/print_commands.h"
 #include "printing/ui/page_painter.h"
 #include "record.h"
@@ -29,12 +30,6 @@ const Subcommand kPrint{
     "record N alone, to a PDF file",
     80, RunPrint};
 const Registration kPrintReg(kPrint);
-
-// Messages go to standard output, one line each; questions are answered Yes.
-class PrintUi : public SilentUserInterface {
- public:
-  void ShowMessage(const std::string& text) override { std::printf("%s\n", text.c_str()); }
-};
 
 // The answer Form5 would give, and a PDF file as the printer.
 class PdfPrintJobs : public PrintJobs {
@@ -121,7 +116,7 @@ int Failure(const std::string& text) {
   return 1;
 }
 
-int PrintCurrent(const PrintArgs& a, PdfPrintJobs& jobs, PrintUi& ui) {
+int PrintCurrent(const PrintArgs& a, PdfPrintJobs& jobs, UserInterface& ui) {
   GameState s;
   std::string title;
   const int n = a.number > 2147483647LL
@@ -145,7 +140,7 @@ int RunPrint(const std::vector<std::string>& args) {
   if (SameFile(a.file, a.pdf)) return Failure(kSameFileText);
   const auto app = PageApplication();
   const QPageSize paper(a.paper == "letter" ? QPageSize::Letter : QPageSize::A4);
-  PrintUi ui;
+  PrintedMessages ui(PrintedMessages::LineBreaks::kKept);
   if (a.current) {
     PdfPrintJobs jobs("", a.pdf, paper);
     return PrintCurrent(a, jobs, ui);

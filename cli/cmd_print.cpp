@@ -119,10 +119,7 @@ int Failure(const std::string& text) {
 int PrintCurrent(const PrintArgs& a, PdfPrintJobs& jobs, UserInterface& ui) {
   GameState s;
   std::string title;
-  const int n = a.number > 2147483647LL
-                    ? 2147483647
-                    : (a.number < -2147483647LL ? -2147483647 : static_cast<int>(a.number));
-  if (LoadPuzzle(s, ui, a.file, n, title, 0) != 0) {
+  if (LoadPuzzle(s, ui, a.file, RecordNumber(a.number), title, 0) != 0) {
     std::printf("not found\n");
     return 1;
   }

@@ -37,7 +37,7 @@ int RunOptions(const std::vector<std::string>& args) {
   GameState state;
   SilentUserInterface ui;
   std::string title;
-  const int wanted = n > 2147483647LL ? 2147483647 : (n < -2147483647LL ? -2147483647 : static_cast<int>(n));
+  const int wanted = RecordNumber(n);
   if (LoadPuzzle(state, ui, args[0], wanted, title, 0) != 0) {
     std::printf("not found\n");
     return 1;

@@ -49,17 +49,6 @@ bool HoldsProgramFiles(const std::string& folder) {
   return false;
 }
 
-bool WriteAll(int fd, const std::string& contents) {
-  size_t done = 0;
-  while (done < contents.size()) {
-    const ssize_t n = ::write(fd, contents.data() + done, contents.size() - done);
-    if (n < 0 && errno == EINTR) continue;
-    if (n <= 0) return false;
-    done += static_cast<size_t>(n);
-  }
-  return true;
-}
-
 // The copy is written under a temporary name and then linked under the real
 // one: the link fails when that name exists, so a file the person already
 // has is never replaced, and a crash never leaves half a file behind.

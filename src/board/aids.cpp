@@ -22,19 +22,6 @@ void ClickCell(GameState& s, UserInterface& ui, int button, int row, int col) {
   Picture1MouseUp(s, ui, button, Mid(s.CellX[row][col]), Mid(s.CellY[row][col]));
 }
 
-// Chooses `text` in its suit panel as a click there would; false when no
-// panel lists it.
-bool Choose(GameState& s, UserInterface& ui, const std::string& text) {
-  for (size_t list = 0; list < s.Remain.size(); ++list) {
-    for (size_t i = 0; i < s.Remain[list].size(); ++i) {
-      if (s.Remain[list][i] != text) continue;
-      RemainClick(s, ui, static_cast<int>(list), static_cast<int>(i));
-      return true;
-    }
-  }
-  return false;
-}
-
 bool OnBoard(const GameState& s, int row, int col) {
   return row >= 1 && row <= LoopRows(s) && col >= 1 && col <= LoopCols(s);
 }
@@ -43,7 +30,7 @@ void TakeStep(GameState& s, UserInterface& ui, const Hint& hint) {
   if (hint.kind == kHintWrong) {
     ClickCell(s, ui, kRightButton, hint.row, hint.col);
   } else if (hint.kind != kHintNone) {
-    if (Choose(s, ui, CardText(hint.card))) ClickCell(s, ui, kLeftButton, hint.row, hint.col);
+    if (ChooseCard(s, ui, CardText(hint.card))) ClickCell(s, ui, kLeftButton, hint.row, hint.col);
   }
 }
 
@@ -99,7 +86,7 @@ void TypeLetter(GameState& s, UserInterface& ui, char letter) {
   const char rank = a.pendingRank;
   a.pendingRank = 0;
   if (rank == 0 || kSuitOrder.find(c) == std::string_view::npos) return;
-  if (!Choose(s, ui, std::string{rank, c})) return;
+  if (!ChooseCard(s, ui, std::string{rank, c})) return;
   if (OnBoard(s, a.cursorRow, a.cursorCol)) ClickCell(s, ui, kLeftButton, a.cursorRow, a.cursorCol);
   ui.ControlsChanged();
 }

@@ -7,6 +7,10 @@ namespace velmora {
 
 inline constexpr int kCellSize = 810;
 inline constexpr int kBoardMargin = 30;
+// The middle of row or column `index` in twips, where CalcCellPos puts it.
+constexpr float CellMiddle(int index) {
+  return kBoardMargin + static_cast<float>(index - 1) * kCellSize + kCellSize / 2;
+}
 
 // Fills CellNumber, CellRow, CellCol, CellX, CellY, TextX, TextY for the
 // current Rows x Cols. Clearing the picture is the window's part.

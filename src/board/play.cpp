@@ -97,4 +97,15 @@ void RemainClick(GameState& s, UserInterface& ui, int list, int index) {
   ui.ControlsChanged();
 }
 
+bool ChooseCard(GameState& s, UserInterface& ui, const std::string& text) {
+  for (size_t list = 0; list < s.Remain.size(); ++list) {
+    for (size_t i = 0; i < s.Remain[list].size(); ++i) {
+      if (s.Remain[list][i] != text) continue;
+      RemainClick(s, ui, static_cast<int>(list), static_cast<int>(i));
+      return true;
+    }
+  }
+  return false;
+}
+
 }  // namespace velmora

@@ -64,10 +64,10 @@ bool Board(PlaySession& session, const std::vector<std::string>&) {
 }
 
 bool Remain(PlaySession& session, const std::vector<std::string>&) {
-  static constexpr const char* kNames[4] = {"S:", "H:", "D:", "C:"};
   std::string text;
   for (size_t list = 0; list < 4; ++list) {
-    text += kNames[list];
+    text += kSuitOrder[list];
+    text += ':';
     for (const auto& item : session.state.Remain[list]) text += " " + item;
     text += "\n";
   }

@@ -47,14 +47,13 @@ TEST(CliExitCodes, FailuresExitOneUsageErrorsTwoAndNoneWritesAFile) {
       "options S 4=1:not found;check S 0=1:not found;solve S 99999999999=1:not found;"
       "sort I D=1:Unable to sort file:;sort I I2=1:Input and output files cannot be same;"
       "transform I --seed 1=1:error?;generate D --count 1=1:;"
-      "options S=2:+stderr;options S x=2:+stderr;solve V=2:+stderr;check V one=2:+stderr;play "
-      "V=2:+stderr;count=2:+stderr;frobnicate=2:+stderr;=2:+stderr;"
-      "generate O --seed x=2:+stderr;generate O --seed -1=2:+stderr;generate O "
-      "--seed=2:+stderr;generate=2:+stderr;"
+      "options S=2:+stderr;options S x=2:+stderr;solve V=2:+stderr;check V one=2:+stderr;"
+      "play V=2:+stderr;count=2:+stderr;frobnicate=2:+stderr;=2:+stderr;generate O --seed x=2:+stderr;"
+      "generate O --seed -1=2:+stderr;generate O --seed=2:+stderr;generate=2:+stderr;"
       "generate O --level medium=2:+stderr;generate O --count -1=2:+stderr;generate O --jobs 0=2:+stderr;"
-      "generate O --colour red=2:+stderr;generate O O=2:+stderr;transform I --count "
-      "3=2:+stderr;transform=2:+stderr;"
-      "sort I O --seed x=2:+stderr;sort I=2:+stderr;sort I O --by x=2:+stderr;sort I O --order=2:+stderr");
+      "generate O --colour red=2:+stderr;generate O O=2:+stderr;transform I --count 3=2:+stderr;"
+      "transform=2:+stderr;sort I O --seed x=2:+stderr;sort I=2:+stderr;sort I O --by x=2:+stderr;"
+      "sort I O --order=2:+stderr");
   for (std::string c; std::getline(cases, c, ';');) {
     std::vector<std::string> args;
     std::istringstream words(c.substr(0, c.find('=')));

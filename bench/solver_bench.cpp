@@ -19,7 +19,7 @@ namespace {
 constexpr const char* kSolution[7] = {"Lci_fPm", "YDSeWjG", "CN\\sIdU", "pEgV`BO",
                                       "Rl^Kr[b", "tZAnaTk", "FqXMoJQ"};
 
-class PassCounter : public SilentUserInterface {
+class PassCounter : public UserInterface {
  public:
   void Yield() override { ++passes; }
   int passes = 0;

@@ -1,6 +1,5 @@
 // velmora-cli play: the puzzle-file commands, the arrows, the typed number and
 // a look at the main state.
-#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -12,19 +11,9 @@
 namespace velmora::cli {
 namespace {
 
-void Print(PlaySession& session, const std::string& text) {
-  std::fwrite(text.data(), 1, text.size(), session.out);
-}
-
 template <int Index, int Button>
 bool Arrow(PlaySession& session, const std::vector<std::string>&) {
   arrowsMouseUp(session.state, session.ui, Index, Button);
-  return true;
-}
-
-template <void (*Command)(GameState&, UserInterface&)>
-bool Call(PlaySession& session, const std::vector<std::string>&) {
-  Command(session.state, session.ui);
   return true;
 }
 

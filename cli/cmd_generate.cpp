@@ -18,6 +18,7 @@
 #include "creation/transform.h"
 #include "files/puzzle_file.h"
 #include "model/text.h"
+#include "printed_messages.h"
 #include "record.h"
 #include "subcommand.h"
 
@@ -246,23 +247,15 @@ int RunGenerate(const std::vector<std::string>& args) {
   return gStop.load() ? 130 : 0;
 }
 
-class MessageOnly : public SilentUserInterface {
- public:
-  void ShowMessage(const std::string& text) override { message = text; }
-  std::string message;
-};
-
 int RunTransform(const std::vector<std::string>& args) {
   GenerateOptions o;
   if (const int bad = ParseGenerate(kTransform, args, o, false); bad != 0) return bad;
   if (!Readable(kTransform, o.file)) return 1;
   GameState state;
   state.session.rng = o.seeded ? Random::Seeded(o.seed) : Random::Clocked(std::random_device{}());
-  MessageOnly ui;
+  PrintedMessages ui(PrintedMessages::LineBreaks::kKept);
   int level = o.level;
-  MakePuzzlesFromFile(state, ui, o.file, level);
-  std::printf("%s\n", ui.message.c_str());
-  return ui.message == "error?" ? 1 : 0;
+  return MakePuzzlesFromFile(state, ui, o.file, level).failed ? 1 : 0;
 }
 
 }  // namespace

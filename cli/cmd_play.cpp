@@ -21,30 +21,19 @@ const Subcommand kPlay{"play", "play [--no] FILE N",
                        40, RunPlay};
 const Registration kPlayReg(kPlay);
 
-void Print(PlaySession& session, const std::string& text) {
-  std::fwrite(text.data(), 1, text.size(), session.out);
-}
-
 // The middle of cell (row, col) in twips, by the board's layout; a cell off
 // the board gives a point that no cell holds.
 bool CellCentre(const std::vector<std::string>& args, float& x, float& y) {
   int row = 0, col = 0;
   if (!ParseArg(args[0], row) || !ParseArg(args[1], col)) return false;
-  x = kBoardMargin + static_cast<float>(col - 1) * kCellSize + kCellSize / 2;
-  y = kBoardMargin + static_cast<float>(row - 1) * kCellSize + kCellSize / 2;
+  x = CellMiddle(col);
+  y = CellMiddle(row);
   return true;
 }
 
 bool Select(PlaySession& session, const std::vector<std::string>& args) {
-  const auto& lists = session.state.view.Remain;
-  for (size_t list = 0; list < lists.size(); ++list) {
-    for (size_t i = 0; i < lists[list].size(); ++i) {
-      if (lists[list][i] != args[0]) continue;
-      RemainClick(session.state, session.ui, static_cast<int>(list), static_cast<int>(i));
-      return true;
-    }
-  }
-  return true;  // no panel holds it: nothing happens
+  ChooseCard(session.state, session.ui, args[0]);  // no panel holds it: nothing happens
+  return true;
 }
 
 bool MouseUp(PlaySession& session, const std::vector<std::string>& args, int button) {
@@ -69,23 +58,16 @@ bool Move(PlaySession& session, const std::vector<std::string>& args) {
   return true;
 }
 
-// Commands that take no arguments and only call a command of the program.
-template <void (*Command)(GameState&, UserInterface&)>
-bool Call(PlaySession& session, const std::vector<std::string>&) {
-  Command(session.state, session.ui);
-  return true;
-}
-
 bool Board(PlaySession& session, const std::vector<std::string>&) {
   Print(session, BoardText(session.state));
   return true;
 }
 
 bool Remain(PlaySession& session, const std::vector<std::string>&) {
-  static constexpr const char* kNames[4] = {"S:", "H:", "D:", "C:"};
   std::string text;
   for (size_t list = 0; list < 4; ++list) {
-    text += kNames[list];
+    text += kSuitOrder[list];
+    text += ':';
     for (const auto& item : session.state.view.Remain[list]) text += " " + item;
     text += "\n";
   }

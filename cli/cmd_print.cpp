@@ -12,6 +12,7 @@
 #include "files/puzzle_file.h"
 #include "files/text_file.h"
 #include "model/text.h"
+#include "printed_messages.h"
 #include "printing/print_commands.h"
 #include "printing/ui/page_painter.h"
 #include "record.h"
@@ -30,12 +31,6 @@ const Subcommand kPrint{
     "record N alone, to a PDF file",
     80, RunPrint};
 const Registration kPrintReg(kPrint);
-
-// Messages go to standard output, one line each; questions are answered Yes.
-class PrintUi : public SilentUserInterface {
- public:
-  void ShowMessage(const std::string& text) override { std::printf("%s\n", text.c_str()); }
-};
 
 // The answer Form5 would give, and a PDF file as the printer.
 class PdfPrintJobs : public PrintJobs {
@@ -123,12 +118,9 @@ int Failure(const std::string& text) {
   return 1;
 }
 
-int PrintCurrent(const PrintArgs& a, PdfPrintJobs& jobs, PrintUi& ui) {
+int PrintCurrent(const PrintArgs& a, PdfPrintJobs& jobs, UserInterface& ui) {
   GameState s;
-  const int n = a.number > 2147483647LL
-                    ? 2147483647
-                    : (a.number < -2147483647LL ? -2147483647 : static_cast<int>(a.number));
-  if (!LoadPuzzle(s, ui, a.file, n, Draw::kNo)) {
+  if (!LoadPuzzle(s, ui, a.file, RecordNumber(a.number), Draw::kNo)) {
     std::printf("not found\n");
     return 1;
   }
@@ -146,7 +138,7 @@ int RunPrint(const std::vector<std::string>& args) {
   if (SameFile(a.file, a.pdf)) return Failure(kSameFileText);
   const auto app = PageApplication();
   const QPageSize paper(a.paper == "letter" ? QPageSize::Letter : QPageSize::A4);
-  PrintUi ui;
+  PrintedMessages ui(PrintedMessages::LineBreaks::kKept);
   if (a.current) {
     PdfPrintJobs jobs(std::nullopt, a.pdf, paper);
     return PrintCurrent(a, jobs, ui);

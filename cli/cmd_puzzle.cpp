@@ -36,7 +36,7 @@ int RunOptions(const std::vector<std::string>& args) {
   if (!Readable(kOptions, args[0])) return 1;
   GameState state;
   SilentUserInterface ui;
-  const int wanted = n > 2147483647LL ? 2147483647 : (n < -2147483647LL ? -2147483647 : static_cast<int>(n));
+  const int wanted = RecordNumber(n);
   if (!LoadPuzzle(state, ui, args[0], wanted, Draw::kNo)) {
     std::printf("not found\n");
     return 1;

@@ -84,7 +84,7 @@ std::string Parse(const std::vector<std::string>& args, SchemeArgs& out) {
 void PrintLine(const std::string& line) { std::printf("%s\n", line.c_str()); }
 
 int Show(GameState& s, ScriptUserInterface& ui, const std::string& name) {
-  if (!ReadColorScheme(s.session.AppFolder, s.look, ui, name + ".col")) return 1;
+  if (!ReadColorScheme(s.session.AppFolder, s.look, ui, name + kSchemeExtension)) return 1;
   const std::vector<std::string> lines = SchemeLines(name, s.look.Scheme);
   for (size_t i = 1; i < lines.size(); ++i) PrintLine(lines[i]);
   return 0;
@@ -95,7 +95,7 @@ int Show(GameState& s, ScriptUserInterface& ui, const std::string& name) {
 int Edit(GameState& s, ScriptUserInterface& ui, const SchemeArgs& a) {
   s.look.ColorSchemeName = ConfiguredSchemeName(s.session.AppFolder);
   ReadColorScheme(s.session.AppFolder, s.look, ui, s.look.ColorSchemeName);
-  if (!a.from.empty()) ReadColorScheme(s.session.AppFolder, s.look, ui, a.from + ".col");
+  if (!a.from.empty()) ReadColorScheme(s.session.AppFolder, s.look, ui, a.from + kSchemeExtension);
   if (a.hasBackground) s.look.Scheme[kSchemeBackground] = a.background;
   SchemeListBox list;
   FillSchemeList(s, list);

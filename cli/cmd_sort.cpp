@@ -1,10 +1,10 @@
 // velmora-cli sort: the sort dialog's run from the command line.
-#include <cstdio>
 #include <random>
 #include <string>
 #include <vector>
 
 #include "files/sort.h"
+#include "printed_messages.h"
 #include "subcommand.h"
 
 namespace velmora::cli {
@@ -19,20 +19,6 @@ const Subcommand kSort{"sort",
                        "default 1)",
                        52, RunSort};
 const Registration kSortReg(kSort);
-
-// The dialog's message on standard output, its CR LF as one line break.
-class PrintedMessages : public SilentUserInterface {
- public:
-  void ShowMessage(const std::string& text) override {
-    std::string out;
-    for (size_t i = 0; i < text.size(); ++i) {
-      const bool lineBreak = text.compare(i, 2, "\r\n") == 0;
-      out += lineBreak ? '\n' : text[i];
-      i += lineBreak ? 1 : 0;
-    }
-    std::printf("%s\n", out.c_str());
-  }
-};
 
 template <typename T, size_t N>
 bool Choose(const std::string& text, const char* const (&names)[N], const T (&values)[N], T& value) {
@@ -92,7 +78,8 @@ int RunSort(const std::vector<std::string>& args) {
   SortOptions o;
   if (const int bad = ParseSort(args, o); bad != 0) return bad;
   Random rng = o.seeded ? Random::Seeded(o.seed) : Random::Clocked(std::random_device{}());
-  PrintedMessages ui;
+  // The dialog's message, its CR LF as one line break.
+  PrintedMessages ui(PrintedMessages::LineBreaks::kOneBreak);
   return SortPuzzleFile(o.settings, rng, ui) == kSorted ? 0 : 1;
 }
 

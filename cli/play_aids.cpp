@@ -21,23 +21,17 @@ bool ShowHint(PlaySession& session, const std::vector<std::string>&) {
     if (hint.kind == kHintWrong) {
       line += "wrong";
     } else {
-      line += std::string(RankLetter(CardRank(hint.card))) + kSuitLetters[CardSuit(hint.card)];
+      AppendCardText(line, hint.card);
       line += hint.kind == kHintSingle ? " single" : " unique";
     }
   }
-  line += "\n";
-  std::fwrite(line.data(), 1, line.size(), session.out);
-  return true;
-}
-
-bool Redo(PlaySession& session, const std::vector<std::string>&) {
-  mnuredo(session.state, session.ui);
+  Print(session, line + "\n");
   return true;
 }
 
 const PlayCommandRegistration kCommands({
     {"hint", "", 0, ShowHint},
-    {"redo", "", 0, Redo},
+    {"redo", "", 0, Call<mnuredo>},
 });
 
 }  // namespace

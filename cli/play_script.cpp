@@ -38,10 +38,7 @@ std::vector<std::string> Words(const std::string& text) {
   return words;
 }
 
-void PrintError(PlaySession& session, const std::string& text) {
-  const std::string line = "error: " + text + "\n";
-  std::fwrite(line.data(), 1, line.size(), session.out);
-}
+void PrintError(PlaySession& session, const std::string& text) { Print(session, "error: " + text + "\n"); }
 
 void RunLine(PlaySession& session, const std::string& line) {
   const std::vector<std::string> words = Words(line);
@@ -75,8 +72,6 @@ PlayCommandRegistration::PlayCommandRegistration(std::initializer_list<PlayComma
   for (const PlayCommand& c : commands) Table().push_back(c);
 }
 
-const std::vector<PlayCommand>& PlayCommands() { return Table(); }
-
 bool RunPlayScript(PlaySession& session, std::FILE* in) {
   std::string line;
   while (ReadLine(in, line)) {
@@ -86,6 +81,10 @@ bool RunPlayScript(PlaySession& session, std::FILE* in) {
   if (line.size() < kMaxLineLength) return true;
   PrintError(session, FileErrorText(kLineTooLong));
   return false;
+}
+
+void Print(PlaySession& session, const std::string& text) {
+  std::fwrite(text.data(), 1, text.size(), session.out);
 }
 
 bool ParseArg(const std::string& text, int& value) {

@@ -39,8 +39,6 @@ struct PlayCommandRegistration {
   PlayCommandRegistration(std::initializer_list<PlayCommand> commands);
 };
 
-const std::vector<PlayCommand>& PlayCommands();
-
 // Runs every line of `in`. Blank lines are skipped; an unknown command or
 // bad arguments print one "error: " line and the script goes on. A line
 // longer than any command ends the script with an error: false.
@@ -48,5 +46,15 @@ bool RunPlayScript(PlaySession& session, std::FILE* in);
 
 // A whole decimal number that fits an int.
 bool ParseArg(const std::string& text, int& value);
+
+// Writes `text` to the session's output as it is.
+void Print(PlaySession& session, const std::string& text);
+
+// A command that takes no arguments and only runs a command of the program.
+template <void (*Command)(GameState&, UserInterface&)>
+bool Call(PlaySession& session, const std::vector<std::string>&) {
+  Command(session.state, session.ui);
+  return true;
+}
 
 }  // namespace velmora::cli

@@ -22,7 +22,7 @@ int LoadRecordArgs(const Subcommand& command, const std::vector<std::string>& ar
   if (args.size() != 2) return UsageError(command, "expected FILE and N");
   long long n = 0;
   if (!ParseInt(args[1], n)) return UsageError(command, "N must be a whole number");
-  const int wanted = n > 2147483647LL ? 2147483647 : (n < -2147483647LL ? -2147483647 : static_cast<int>(n));
+  const int wanted = RecordNumber(n);
   if (!Readable(command, args[0])) return 1;
   if (!LoadPuzzle(s, ui, args[0], wanted)) {
     std::printf("not found\n");

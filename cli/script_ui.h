@@ -28,13 +28,6 @@ class ScriptUserInterface : public UserInterface {
   std::string AskText(const std::string& prompt) override;
   void QueueAnswer(const std::string& answer) { answers_.push_back(answer); }
 
-  void SetBusy(bool) override {}
-  void Yield() override {}
-  void ControlsChanged() override {}
-  void DrawBoard() override {}
-  void DrawCell(int, const std::string&, int, int) override {}
-  void ShowSolutionOverlay() override {}
-
  private:
   std::string NextAnswer();
   void PrintLine(const char* prefix, const std::string& text);

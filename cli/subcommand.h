@@ -30,4 +30,10 @@ int UsageError(const Subcommand& command, const std::string& message);
 // Parses a whole decimal integer; false for anything else.
 bool ParseInt(const std::string& text, long long& value);
 
+// A parsed record number as the program's commands take it: held to
+// -2147483647..2147483647, so a huge N still finds no record.
+constexpr int RecordNumber(long long n) {
+  return n > 2147483647LL ? 2147483647 : (n < -2147483647LL ? -2147483647 : static_cast<int>(n));
+}
+
 }  // namespace velmora::cli

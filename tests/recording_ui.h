@@ -9,7 +9,7 @@
 
 namespace velmora::test {
 
-class RecordingUi : public SilentUserInterface {
+class RecordingUi : public UserInterface {
  public:
   void ShowMessage(const std::string& text) override { messages.push_back(text); }
   bool AskYesNo(const std::string& text) override {

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -106,6 +107,12 @@ inline std::string AsNobody(const std::function<std::string()>& body) {
   ::close(pipe[0]);
   ::waitpid(child, nullptr, 0);
   return seen;
+}
+
+// Written an hour ago, so that the record index made of it is kept.
+inline void AtRest(const std::string& file) {
+  std::filesystem::last_write_time(file,
+                                   std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
 }
 
 inline std::string SampleFile() { return std::string(VELMORA_TEST_DATA_DIR) + "/sample.vlm"; }

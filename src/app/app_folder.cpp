@@ -43,21 +43,10 @@ std::string AbsoluteFolder(const std::string& folder) {
 // A folder the program has been run from, or unpacked with its files.
 bool HoldsProgramFiles(const std::string& folder) {
   if (folder.empty()) return false;
-  for (const char* name : {"puzzles.vlm", "all.col", kHelpPage, "velmora.cfg"}) {
+  for (const char* name : {kPuzzleFileName, kSchemeFileName, kHelpPage, kConfigFileName}) {
     if (FileExists(folder + "/" + name)) return true;
   }
   return false;
-}
-
-bool WriteAll(int fd, const std::string& contents) {
-  size_t done = 0;
-  while (done < contents.size()) {
-    const ssize_t n = ::write(fd, contents.data() + done, contents.size() - done);
-    if (n < 0 && errno == EINTR) continue;
-    if (n <= 0) return false;
-    done += static_cast<size_t>(n);
-  }
-  return true;
 }
 
 // The copy is written under a temporary name and then linked under the real

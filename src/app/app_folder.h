@@ -4,14 +4,15 @@
 
 #include <string>
 
+#include "model/file_names.h"
+
 namespace velmora {
 
 // The application name the desktop program gives Qt; it names the per-user folder.
 inline constexpr const char* kApplicationName = "Velmora";
 // The shipped files a per-user folder starts with; the help page is read
 // where it was installed.
-inline constexpr const char* kCopiedOnFirstRun[] = {"puzzles.vlm", "all.col"};
-inline constexpr const char* kHelpPage = "velmora.htm";
+inline constexpr const char* kCopiedOnFirstRun[] = {kPuzzleFileName, kSchemeFileName};
 
 // The folder Qt's AppDataLocation names on Linux for this program:
 // $XDG_DATA_HOME, else $HOME/.local/share, then the application name; with

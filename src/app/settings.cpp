@@ -8,11 +8,11 @@
 #include <vector>
 
 #include "files/text_file.h"
+#include "model/file_names.h"
 
 namespace velmora {
 namespace {
 
-constexpr const char* kFileName = "velmora.ini";
 // The file holds a few short lines; anything longer is damage, never read.
 constexpr long long kMaxFileSize = 64 * 1024;
 
@@ -148,11 +148,13 @@ void SetValue(IniFile& ini, const Key& key, const std::string& text) {
 
 }  // namespace
 
-Settings LoadSettings(const std::string& appFolder) { return SettingsOf(ReadIni(appFolder + kFileName)); }
+Settings LoadSettings(const std::string& appFolder) {
+  return SettingsOf(ReadIni(appFolder + kSettingsFileName));
+}
 
 bool ChangeSettings(const std::string& appFolder, const std::function<void(Settings&)>& change) {
   // LockedFile refuses a pipe or a device before opening it.
-  LockedFile file(appFolder + kFileName, true);
+  LockedFile file(appFolder + kSettingsFileName, true);
   if (!file.ok()) return false;
   IniFile ini = ReadIni(file.path());
   // A damaged file of settings is made anew, as the configuration is: else

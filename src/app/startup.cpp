@@ -21,7 +21,7 @@ void StartUp(GameState& s, UserInterface& ui, const std::string& appFolder,
   s.look.Scheme = DefaultSchemeColors();
   s.session.AppFolder = FolderWithSlash(appFolder);
   if (s.session.ShippedFolder.empty()) s.session.ShippedFolder = s.session.AppFolder;
-  s.puzzle.Rows = s.puzzle.Cols = 7;
+  s.puzzle.Rows = s.puzzle.Cols = kBoardSize;
 
   ReadcfgFile(s.session, s.look, ui);
   ReadColorScheme(s.session.AppFolder, s.look, ui, s.look.ColorSchemeName);
@@ -29,13 +29,13 @@ void StartUp(GameState& s, UserInterface& ui, const std::string& appFolder,
 
   // A file that is missing, empty or unreadable gives way to the default one.
   if (FileLength(s.session.CurrentPuzzleFile) <= 0)
-    s.session.CurrentPuzzleFile = s.session.AppFolder + kDefaultPuzzleFile;
+    s.session.CurrentPuzzleFile = s.session.AppFolder + kPuzzleFileName;
   s.session.PuzzleCount = CountPuzzles(s.session.CurrentPuzzleFile);
   const bool loaded = LoadPuzzle(s, ui, s.session.CurrentPuzzleFile, s.session.CurrentPuzzleNumber);
   ui.SetBusy(false);
   if (loaded) return;
 
-  s.puzzle.Rows = s.puzzle.Cols = 7;
+  s.puzzle.Rows = s.puzzle.Cols = kBoardSize;
   s.session.CurrentPuzzleFile.clear();
   s.session.CurrentPuzzleNumber = 0;
   s.view.PuzNumNow.clear();

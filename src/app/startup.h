@@ -9,8 +9,6 @@
 
 namespace velmora {
 
-inline constexpr const char* kDefaultPuzzleFile = "puzzles.vlm";
-
 // The folder with a "/" at its end (an empty folder stays the current one).
 std::string FolderWithSlash(const std::string& folder);
 

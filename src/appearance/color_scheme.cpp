@@ -49,7 +49,8 @@ bool ReadLines(const std::string& path, std::vector<std::string>& lines) {
 // scheme never swallows the name line of the next one.
 size_t OldColorLines(const std::vector<std::string>& lines, size_t i) {
   size_t n = 0;
-  while (n < kSchemeLines && i + 1 + n < lines.size() && lines[i + 1 + n].find(".col") == std::string::npos)
+  while (n < kSchemeLines && i + 1 + n < lines.size() &&
+         lines[i + 1 + n].find(kSchemeExtension) == std::string::npos)
     ++n;
   return n;
 }
@@ -106,14 +107,14 @@ std::vector<std::string> SchemeNames(const std::string& schemeFile) {
   LineReader reader(schemeFile, kMaxSchemeFileBytes);
   std::string line;
   while (reader.ReadLine(line)) {
-    const size_t at = line.find(".col");
+    const size_t at = line.find(kSchemeExtension);
     if (at != std::string::npos) names.push_back(line.substr(0, at));
   }
   return names;
 }
 
 std::vector<std::string> SchemeLines(const std::string& name, const SchemeColors& colors) {
-  std::vector<std::string> lines{ToLower(name) + ".col"};
+  std::vector<std::string> lines{ToLower(name) + kSchemeExtension};
   for (const uint32_t c : colors) lines.push_back(ColorLine(c));
   return lines;
 }
@@ -133,7 +134,9 @@ SchemeEdit ReadForEdit(const LockedFile& locked, const std::string& nameLine, st
 
 }  // namespace
 
-bool IsSchemeName(const std::string& name) { return ToLower(name).find(".col") == std::string::npos; }
+bool IsSchemeName(const std::string& name) {
+  return ToLower(name).find(kSchemeExtension) == std::string::npos;
+}
 
 SchemeEdit ReplaceScheme(const std::string& schemeFile, const std::string& workFile,
                          const std::string& nameLine, const SchemeColors& colors) {

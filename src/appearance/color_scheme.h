@@ -6,14 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "model/file_names.h"
 #include "model/game_state.h"
 #include "model/user_interface.h"
 
 namespace velmora {
-
-inline constexpr const char* kSchemeFileName = "all.col";
-inline constexpr const char* kSchemeWorkFileName = "newall.cox";
-inline constexpr const char* kDefaultSchemeName = "default.col";
 
 // Roles of the scheme's elements; the others are kept but not painted.
 inline constexpr int kSchemeBackground = 2;

@@ -41,7 +41,8 @@ void FillSchemeList(const GameState& s, SchemeListBox& list) {
 }
 
 bool ChooseScheme(GameState& s, UserInterface& ui, const SchemeListBox& list) {
-  return list.HasSelection() && ReadColorScheme(s.session.AppFolder, s.look, ui, list.Selected() + ".col");
+  return list.HasSelection() &&
+         ReadColorScheme(s.session.AppFolder, s.look, ui, list.Selected() + kSchemeExtension);
 }
 
 bool AddSch(GameState& s, UserInterface& ui, SchemeListBox& list) {
@@ -71,7 +72,7 @@ bool RepSch(GameState& s, UserInterface& ui, const SchemeListBox& list) {
   }
   const std::string& name = list.Selected();
   if (!ui.AskYesNo("Replace color scheme: " + name)) return false;
-  if (!Edited(ui, name, s, ReplaceScheme(SchemeFile(s), WorkFile(s), name + ".col", s.look.Scheme)))
+  if (!Edited(ui, name, s, ReplaceScheme(SchemeFile(s), WorkFile(s), name + kSchemeExtension, s.look.Scheme)))
     return false;
   ui.ShowMessage("Color Scheme: " + name + " replaced");
   return true;
@@ -84,18 +85,18 @@ bool DelSch(GameState& s, UserInterface& ui, SchemeListBox& list) {
   }
   const std::string name = list.Selected();
   if (!ui.AskYesNo("Delete color scheme: " + name)) return false;
-  if (name + ".col" == s.look.ColorSchemeName) {
+  if (name + kSchemeExtension == s.look.ColorSchemeName) {
     ui.ShowMessage("Cannot delete currently active Color Scheme");
     return false;
   }
-  if (!Edited(ui, name, s, DeleteScheme(SchemeFile(s), WorkFile(s), name + ".col"))) return false;
+  if (!Edited(ui, name, s, DeleteScheme(SchemeFile(s), WorkFile(s), name + kSchemeExtension))) return false;
   FillSchemeList(s, list);
   ui.ShowMessage("Color Scheme: " + name + " deleted");
   return true;
 }
 
 void ApplyChosenScheme(GameState& s, const SchemeListBox& list) {
-  if (list.HasSelection()) s.look.ColorSchemeName = list.Selected() + ".col";
+  if (list.HasSelection()) s.look.ColorSchemeName = list.Selected() + kSchemeExtension;
 }
 
 int ButtonContrast(const SchemeColors& colors) {

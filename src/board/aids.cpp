@@ -22,19 +22,6 @@ void ClickCell(GameState& s, UserInterface& ui, int button, int row, int col) {
   Picture1MouseUp(s, ui, button, Mid(CellX(col)), Mid(CellY(row)));
 }
 
-// Chooses `text` in its suit panel as a click there would; false when no
-// panel lists it.
-bool Choose(GameState& s, UserInterface& ui, const std::string& text) {
-  for (size_t list = 0; list < s.view.Remain.size(); ++list) {
-    for (size_t i = 0; i < s.view.Remain[list].size(); ++i) {
-      if (s.view.Remain[list][i] != text) continue;
-      RemainClick(s, ui, static_cast<int>(list), static_cast<int>(i));
-      return true;
-    }
-  }
-  return false;
-}
-
 bool OnBoard(const GameState& s, int row, int col) {
   return row >= 1 && row <= LoopRows(s.puzzle) && col >= 1 && col <= LoopCols(s.puzzle);
 }
@@ -43,7 +30,7 @@ void TakeStep(GameState& s, UserInterface& ui, const Hint& hint) {
   if (hint.kind == kHintWrong) {
     ClickCell(s, ui, kRightButton, hint.row, hint.col);
   } else if (hint.kind != kHintNone) {
-    if (Choose(s, ui, CardText(hint.card))) ClickCell(s, ui, kLeftButton, hint.row, hint.col);
+    if (ChooseCard(s, ui, CardText(hint.card))) ClickCell(s, ui, kLeftButton, hint.row, hint.col);
   }
 }
 
@@ -92,15 +79,14 @@ void TypeLetter(GameState& s, UserInterface& ui, char letter) {
   if (s.session.Solving == 1) return;
   PlayAids& a = s.session.aids;
   const char c = static_cast<char>(std::toupper(static_cast<unsigned char>(letter)));
-  const std::string ranks = "123456789TJQK", suits = "SHDC";
-  if (ranks.find(c) != std::string::npos) {
+  if (RankOfLetter(c) != 0) {
     a.pendingRank = c;
     return;
   }
   const char rank = a.pendingRank;
   a.pendingRank = 0;
-  if (rank == 0 || suits.find(c) == std::string::npos) return;
-  if (!Choose(s, ui, std::string{rank, c})) return;
+  if (rank == 0 || kSuitOrder.find(c) == std::string_view::npos) return;
+  if (!ChooseCard(s, ui, std::string{rank, c})) return;
   if (OnBoard(s, a.cursorRow, a.cursorCol)) ClickCell(s, ui, kLeftButton, a.cursorRow, a.cursorCol);
   ui.ControlsChanged();
 }

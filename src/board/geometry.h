@@ -7,7 +7,6 @@ namespace velmora {
 
 inline constexpr int kCellSize = 810;
 inline constexpr int kBoardMargin = 30;
-
 // A cell's place follows from its row and column alone, so the layout is
 // right for whatever size the puzzle has now: nothing to recompute.
 inline constexpr int CellX(int col) { return (col - 1) * kCellSize + kBoardMargin; }
@@ -15,6 +14,8 @@ inline constexpr int CellY(int row) { return (row - 1) * kCellSize + kBoardMargi
 // Where the cell's text is placed from.
 inline constexpr int TextX(int col) { return CellX(col) + 250; }
 inline constexpr int TextY(int row) { return CellY(row) + 150; }
+// The middle of row or column `index`: where the aids and the CLI press the mouse.
+constexpr float CellMiddle(int index) { return static_cast<float>(CellX(index)) + kCellSize / 2.0f; }
 
 // The first cell (rows outer) whose square, borders included, holds (x, y);
 // row and col are left unchanged when there is none.

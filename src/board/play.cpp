@@ -47,8 +47,7 @@ std::string CellStatus(const Puzzle& p, int row, int col) {
   } else {
     if (!CardCodeTable::InRange(v)) return "";
     detail = p.PuzzleGrid[row][col] != 0 ? " Fixed=" : " Card=";
-    detail += RankLetter(p.CardCodes.Rank(v));
-    detail += p.CardCodes.SuitLetter(v);
+    detail += ListText(p, v);
   }
   return " Cell" + Str(p.CellNumber(row, col)) + "," + detail;
 }
@@ -97,6 +96,17 @@ void RemainClick(GameState& s, UserInterface& ui, int list, int index) {
   if (index < 0 || index >= static_cast<int>(items.size())) return;
   s.session.SelectedCard = items[static_cast<size_t>(index)];
   ui.ControlsChanged();
+}
+
+bool ChooseCard(GameState& s, UserInterface& ui, const std::string& text) {
+  for (size_t list = 0; list < s.view.Remain.size(); ++list) {
+    for (size_t i = 0; i < s.view.Remain[list].size(); ++i) {
+      if (s.view.Remain[list][i] != text) continue;
+      RemainClick(s, ui, static_cast<int>(list), static_cast<int>(i));
+      return true;
+    }
+  }
+  return false;
 }
 
 }  // namespace velmora

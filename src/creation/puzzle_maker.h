@@ -14,7 +14,7 @@
 
 namespace velmora::maker {
 
-inline constexpr int kSize = 7;  // every puzzle the program makes is 7x7
+inline constexpr int kSize = kBoardSize;
 
 constexpr int PoolBit(int card) { return (card - 1) ^ 3; }
 constexpr int PoolCard(int bit) { return (bit ^ 3) + 1; }

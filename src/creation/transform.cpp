@@ -63,12 +63,13 @@ std::string TransformedFileName(const std::string& file) {
   return file.substr(0, dot) + "_new" + file.substr(dot);
 }
 
-void MakePuzzlesFromFile(GameState& s, UserInterface& ui, const std::string& file, int& difficulty) {
+TransformOutcome MakePuzzlesFromFile(GameState& s, UserInterface& ui, const std::string& file,
+                                     int& difficulty) {
   const std::string output = TransformedFileName(file);
   LineReader in(file);
   if (!in.IsOpen()) {
     ui.ShowMessage("error?");
-    return;
+    return {0, true};
   }
   // The records are collected and the output replaced in one step, so a run
   // that dies leaves the old output whole; an error still writes what is made.
@@ -89,6 +90,7 @@ void MakePuzzlesFromFile(GameState& s, UserInterface& ui, const std::string& fil
   }
   if (!WriteFileAtomically(output, made)) failed = true;
   ui.ShowMessage(failed ? "error?" : Str(count) + " puzzles made");
+  return {count, failed};
 }
 
 }  // namespace velmora

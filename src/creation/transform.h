@@ -18,6 +18,11 @@ std::string TransformedFileName(const std::string& file);
 // `difficulty` (in/out as there), writes each result to the "_new" file and
 // shows " N puzzles made"; any file or conversion error ends the run with
 // "error?", keeping the records written so far. Label3 shows the count.
-void MakePuzzlesFromFile(GameState& s, UserInterface& ui, const std::string& file, int& difficulty);
+struct TransformOutcome {
+  int made = 0;
+  bool failed = false;
+};
+TransformOutcome MakePuzzlesFromFile(GameState& s, UserInterface& ui, const std::string& file,
+                                     int& difficulty);
 
 }  // namespace velmora

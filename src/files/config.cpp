@@ -92,7 +92,7 @@ bool ParseConfig(std::string contents, Session& session, Appearance& look) {
   FieldReader in(std::move(contents));
   if (!in.Line()) return false;
   const auto scheme = in.Field();
-  if (scheme) look.ColorSchemeName = Trim(*scheme).empty() ? "default.col" : *scheme;
+  if (scheme) look.ColorSchemeName = Trim(*scheme).empty() ? kDefaultSchemeName : *scheme;
   const auto file = scheme ? in.Line() : std::nullopt;
   if (file) session.CurrentPuzzleFile = *file;
   const auto number = file ? in.Field() : std::nullopt;
@@ -110,7 +110,7 @@ std::string ConfiguredSchemeName(const std::string& appFolder) {
   if (ReadWholeFile(ConfigPath(appFolder), contents, nullptr, kMaxConfigBytes) &&
       ParseConfig(std::move(contents), session, look))
     return look.ColorSchemeName;
-  return "default.col";
+  return kDefaultSchemeName;
 }
 
 void ReadcfgFile(Session& session, Appearance& look, UserInterface& ui) {
@@ -120,7 +120,7 @@ void ReadcfgFile(Session& session, Appearance& look, UserInterface& ui) {
       ParseConfig(std::move(contents), session, look))
     return;
   ui.ShowMessage(AccessMessage(path, "could not be accessed, new file will be created"));
-  look.ColorSchemeName = "default.col";
+  look.ColorSchemeName = kDefaultSchemeName;
   // A file that cannot be created is noticed again at the next save.
   WriteFileAtomically(path, JoinLines({TimeStamp(), look.ColorSchemeName, session.CurrentPuzzleFile, "1"}));
 }

@@ -3,12 +3,11 @@
 
 #include <string>
 
+#include "model/file_names.h"
 #include "model/game_state.h"
 #include "model/user_interface.h"
 
 namespace velmora {
-
-inline constexpr const char* kConfigFileName = "velmora.cfg";
 
 // The current date and time, the first line of the file (never read back).
 std::string TimeStamp();

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "model/file_names.h"
 #include "model/game_state.h"
 #include "model/user_interface.h"
 
@@ -10,11 +11,6 @@ namespace velmora {
 
 inline constexpr const char* kPuzzleFileTypes = "*.vlm;*.txt;*.dat";
 inline constexpr const char* kPuzzleFileTypesName = "velmora Files";
-// The delete command's work file: a bare name, so it lands in the current
-// directory and stays there afterwards.
-inline constexpr const char* kDeleteWorkFile = "velmora.tmp";
-// Where One Puzzle and "Display only" put each new puzzle, in the program's folder.
-inline constexpr const char* kTemporaryPuzzleFile = "TemporaryPuzzleFile.vlm";
 
 // The three `arrows` buttons: previous, next and random puzzle.
 inline constexpr int kArrowPrevious = 0;

@@ -25,19 +25,6 @@ constexpr size_t kReadChunk = size_t{1} << 16;
 // How long a second writer waits for the first before it gives up.
 constexpr auto kLockWait = std::chrono::seconds(2);
 
-bool WriteAll(int fd, const char* data, size_t size) {
-  size_t done = 0;
-  while (done < size) {
-    const ssize_t n = ::write(fd, data + done, size - done);
-    if (n < 0 && errno == EINTR) continue;
-    if (n <= 0) return false;
-    done += static_cast<size_t>(n);
-  }
-  return true;
-}
-
-bool WriteAll(int fd, std::string_view text) { return WriteAll(fd, text.data(), text.size()); }
-
 // The pieces `produce` hands over, written to `fd`; a producer that gives up
 // without a write having failed leaves ECANCELED.
 bool WritePieces(int fd, const TextPieces& produce) {
@@ -224,6 +211,17 @@ bool SameInode(const struct stat& a, const struct stat& b) {
 }
 
 }  // namespace
+
+bool WriteAll(int fd, std::string_view text) {
+  size_t done = 0;
+  while (done < text.size()) {
+    const ssize_t n = ::write(fd, text.data() + done, text.size() - done);
+    if (n < 0 && errno == EINTR) continue;
+    if (n <= 0) return false;
+    done += static_cast<size_t>(n);
+  }
+  return true;
+}
 
 std::string FileErrorText(int error) {
   switch (error) {

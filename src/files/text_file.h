@@ -127,6 +127,10 @@ class LockedFile {
   bool created_ = false;  // made by this lock
 };
 
+// Writes all of `text` to the open file `fd`, going on after interrupted or
+// short writes; false at the first failed write.
+bool WriteAll(int fd, std::string_view text);
+
 // Replaces a file's contents under its lock (see LockedFile::Replace); a
 // crash leaves either the old or the new contents (or, for a new file, none),
 // never a temporary file.

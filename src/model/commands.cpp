@@ -18,8 +18,7 @@ void ListLeftOutCards(const Puzzle& p, RemainLists& lists) {
   for (int k = 1; k <= 52; ++k) {
     if (!p.CardCodes.IsAbsent(k)) continue;
     // The card's own rank and suit letters, not its "00X" code.
-    const std::string text = CardText(k);
-    lists[static_cast<size_t>(SuitListIndex(text.substr(1)))].push_back(text);
+    lists[static_cast<size_t>(CardSuit(k) - 1)].push_back(CardText(k));
   }
 }
 

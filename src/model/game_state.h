@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "model/file_names.h"
 #include "model/puzzle.h"
 #include "model/session.h"
 
@@ -30,7 +31,7 @@ struct WindowTexts {
 
 // The colour scheme the windows are painted with.
 struct Appearance {
-  std::string ColorSchemeName = "default.col";
+  std::string ColorSchemeName = kDefaultSchemeName;
   SchemeColors Scheme{};  // the current colour scheme
 };
 

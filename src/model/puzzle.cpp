@@ -73,8 +73,7 @@ std::string OptionText(CardSet set) {
     const int card = __builtin_ctzll(set) + 1;
     set &= set - 1;
     text += ' ';
-    text += RankLetter((card - 1) / 4 + 1);
-    text += kSuitLetters[(card - 1) % 4 + 1];
+    AppendCardText(text, card);
   }
   return text;
 }

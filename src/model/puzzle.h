@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "model/card_rule.h"
+#include "model/cards.h"
 
 namespace velmora {
 
@@ -21,17 +22,6 @@ inline constexpr int kMaxCellNumber = kMaxIndex * kMaxIndex;
 
 template <typename T>
 using Board = std::array<std::array<T, kGridDim>, kGridDim>;
-
-// Suit numbers 1..4 for "S", "H", "D", "C"; 0 stands for the "X" of "00X".
-inline constexpr char kSuitLetters[5] = {'X', 'S', 'H', 'D', 'C'};
-// RankLetters -1..13, stored from index 0.
-inline constexpr const char* kRankLetters[15] = {"?", " ", "1", "2", "3", "4", "5", "6",
-                                                 "7", "8", "9", "T", "J", "Q", "K"};
-inline const char* RankLetter(int rank) { return kRankLetters[rank + 1]; }
-// A card's own rank and suit letters, whatever its code: 1 "1S", 52 "KC".
-inline std::string CardText(int card) {
-  return std::string(RankLetter(CardRank(card))) + kSuitLetters[CardSuit(card)];
-}
 
 // CardCodes -4..52 held as rank number and suit number, which is what every
 // reader of the table extracts ("07D" is rank 7, suit 3; "00X" is 0, 0).
@@ -66,8 +56,8 @@ struct Puzzle {
   Puzzle();
 
   CardCodeTable CardCodes;
-  int Rows = 7;
-  int Cols = 7;
+  int Rows = kBoardSize;
+  int Cols = kBoardSize;
   Board<int32_t> Grid{};
   Board<int32_t> PuzzleGrid{};
   Board<int32_t> SolutionGrid{};

@@ -100,12 +100,4 @@ int FindCardIndex(std::string_view text) {
   return -1;
 }
 
-int SuitListIndex(std::string_view letter) {
-  if (letter == "S") return 0;
-  if (letter == "H") return 1;
-  if (letter == "D") return 2;
-  if (letter == "C") return 3;
-  return -1;
-}
-
 }  // namespace velmora

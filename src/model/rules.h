@@ -18,7 +18,4 @@ bool UpdateOptions(Puzzle& p, RemainLists& lists);
 // case); -1 when no card's list text begins with it.
 int FindCardIndex(std::string_view text);
 
-// 0..3 for exactly "S", "H", "D", "C"; -1 otherwise.
-int SuitListIndex(std::string_view letter);
-
 }  // namespace velmora

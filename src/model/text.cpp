@@ -52,12 +52,6 @@ std::string Trim(std::string_view text) {
   return std::string(text.substr(b, e - b));
 }
 
-std::string TrimLeft(std::string_view text) {
-  size_t b = 0;
-  while (b < text.size() && text[b] == ' ') ++b;
-  return std::string(text.substr(b));
-}
-
 std::string ToLower(std::string_view text) {
   std::string out(text);
   for (char& c : out) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));

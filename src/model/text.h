@@ -24,7 +24,6 @@ double Val(std::string_view text);
 std::optional<int32_t> ValInt(std::string_view text);
 
 std::string Trim(std::string_view text);
-std::string TrimLeft(std::string_view text);
 std::string ToLower(std::string_view text);
 bool ContainsNoCase(std::string_view haystack, std::string_view needle);
 bool StartsWithNoCase(std::string_view text, std::string_view prefix);

@@ -14,38 +14,28 @@ struct FileDialogRequest {
 };
 
 // Commands speak to the person only through this interface. The Qt windows
-// implement it with real dialogs; tests and `velmora-cli play` with a script.
+// implement it with real dialogs; tests and `velmora-cli` with a script or
+// plain output. A front end overrides only what it shows: by default nothing
+// is shown and every question is answered Yes (a prompt with nothing).
 class UserInterface {
  public:
   virtual ~UserInterface() = default;
 
-  virtual void ShowMessage(const std::string& text) = 0;                  // OK box; line breaks are CR LF
-  virtual bool AskYesNo(const std::string& text) = 0;                     // true only for Yes
-  virtual std::string AskFileName(const FileDialogRequest& request) = 0;  // "" on cancel
-  virtual std::string AskText(const std::string& prompt) = 0;             // "" on cancel
-  virtual void SetBusy(bool busy) = 0;
-  virtual void Yield() = 0;  // let pending window events run
+  virtual void ShowMessage(const std::string&) {}                           // OK box; line breaks are CR LF
+  virtual bool AskYesNo(const std::string&) { return true; }                // true only for Yes
+  virtual std::string AskFileName(const FileDialogRequest&) { return {}; }  // "" on cancel
+  virtual std::string AskText(const std::string&) { return {}; }            // "" on cancel
+  virtual void SetBusy(bool) {}
+  virtual void Yield() {}  // let pending window events run
   // The texts of GameState::view changed.
-  virtual void ControlsChanged() = 0;
+  virtual void ControlsChanged() {}
   // Board painting: the whole board from the grid, one cell, the solution overlay.
-  virtual void DrawBoard() = 0;
-  virtual void DrawCell(int rank, const std::string& suitLetter, int row, int col) = 0;
-  virtual void ShowSolutionOverlay() = 0;
+  virtual void DrawBoard() {}
+  virtual void DrawCell(int /*rank*/, const std::string& /*suitLetter*/, int /*row*/, int /*col*/) {}
+  virtual void ShowSolutionOverlay() {}
 };
 
-// A user interface that shows nothing and answers every question with Yes.
-class SilentUserInterface : public UserInterface {
- public:
-  void ShowMessage(const std::string&) override {}
-  bool AskYesNo(const std::string&) override { return true; }
-  std::string AskFileName(const FileDialogRequest&) override { return {}; }
-  std::string AskText(const std::string&) override { return {}; }
-  void SetBusy(bool) override {}
-  void Yield() override {}
-  void ControlsChanged() override {}
-  void DrawBoard() override {}
-  void DrawCell(int, const std::string&, int, int) override {}
-  void ShowSolutionOverlay() override {}
-};
+// The defaults alone: shows nothing and answers every question with Yes.
+class SilentUserInterface : public UserInterface {};
 
 }  // namespace velmora

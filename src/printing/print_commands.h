@@ -6,12 +6,13 @@
 
 #include "model/game_state.h"
 #include "model/user_interface.h"
+#include "model/version.h"
 
 namespace velmora {
 
 // The printed size of a suit symbol: the strip's 550 twips at 1 / 1.5.
 inline constexpr int kPrintSymbolSize = 367;
-inline constexpr const char* kPrintFooter = "Velmora Version 1.0";
+inline constexpr const char* kPrintFooter = "Velmora Version " VELMORA_VERSION;
 // Form5's printer list ends with this item; it asks for a file name instead.
 inline constexpr const char* kPdfPrinterName = "PDF file";
 // A PDF file named as the puzzle file it would be printed from is refused so.

@@ -17,22 +17,20 @@ namespace {
 using Strings = std::vector<std::string>;
 using Undo = std::deque<std::string>;
 
-float Mid(int index) { return static_cast<float>(kBoardMargin + (index - 1) * kCellSize) + kCellSize / 2.0f; }
-
 // Row 1 of this record: 3C, blank, JS, 8D, TH, blank, QS. Its blank (1,2)
 // sits beside 3C, JS and 1C (below); with 8D, TH, QS in the row and 1C, 2S,
 // 7H in the column only 5D, 6D and 9D of the deck are left for it.
 class Play : public ::testing::Test {
  protected:
-  void Click(int button, int row, int col) { Picture1MouseUp(s, ui, button, Mid(col), Mid(row)); }
+  void Click(int button, int row, int col) {
+    Picture1MouseUp(s, ui, button, CellMiddle(col), CellMiddle(row));
+  }
   std::string StatusAt(int row, int col) {
-    Picture1MouseMove(s, ui, Mid(col), Mid(row));
+    Picture1MouseMove(s, ui, CellMiddle(col), CellMiddle(row));
     return s.view.pb;
   }
   void Choose(const std::string& card) {
-    for (int list = 0; list < 4; ++list)
-      for (size_t i = 0; i < s.view.Remain[list].size(); ++i)
-        if (s.view.Remain[list][i] == card) RemainClick(s, ui, list, static_cast<int>(i));
+    ASSERT_TRUE(ChooseCard(s, ui, card));
     ASSERT_EQ(s.session.SelectedCard, card);
   }
   bool Listed(const std::string& card) {
@@ -69,7 +67,7 @@ TEST_F(Play, StatusForAGivenAnEmptyCellACardAndASuitMarkAndNothingWhileSolving) 
 TEST_F(Play, LabelsShowTheCellABorderBelongsToTheSmallerRowAndRefusalsAreSilent) {
   Picture1MouseUp(s, ui, kLeftButton, 30 + 810, 30 + 2 * 810);  // between columns 1, 2 and rows 2, 3
   EXPECT_EQ(s.view.Label3 + s.view.Label4, "21");
-  Picture1MouseUp(s, ui, kRightButton, 5701, Mid(1));
+  Picture1MouseUp(s, ui, kRightButton, 5701, CellMiddle(1));
   EXPECT_EQ(s.view.Label3 + s.view.Label4, "00");
   const GameState before = s;
   Click(kLeftButton, 1, 2);  // nothing chosen

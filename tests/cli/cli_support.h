@@ -57,4 +57,11 @@ inline CliResult RunCli(std::vector<std::string> args, const std::string& input 
   return RunProgram(args, input, limit, out);
 }
 
+// Exit code and standard output of `velmora-cli ARGS` as "CODE:OUT"; a run
+// that writes to standard error says so with "+stderr" at the end.
+inline std::string CodeAndOutput(const std::vector<std::string>& args) {
+  const CliResult r = RunCli(args);
+  return std::to_string(r.exitCode) + ":" + r.out + (r.err.empty() ? "" : "+stderr");
+}
+
 }  // namespace velmora::test

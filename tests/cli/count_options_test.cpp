@@ -11,23 +11,21 @@
 namespace velmora {
 namespace {
 
-std::string RunCli(const std::vector<std::string>& args) {
-  const auto r = test::RunCli(args);
-  return std::to_string(r.exitCode) + ":" + r.out;
-}
+using test::CodeAndOutput;
 
 TEST(CliRecordCommands, CountOptionsSolveAndCheckPrintTheirResults) {
   test::TempDir dir;
-  EXPECT_EQ(RunCli({"count", test::SampleFile()}), "0:3\n");
+  EXPECT_EQ(CodeAndOutput({"count", test::SampleFile()}), "0:3\n");
   // Deck 1S 2S 3S: (1,1) bars rank 3 from its row; (1,2) beside 3S bars spades and ranks 2..4.
-  EXPECT_EQ(RunCli({"options", dir.Write("row.vlm", "#1\r\nt\r\n 1, 3, 2\r\n@@I|AEI\r\n"), "1"}),
+  EXPECT_EQ(CodeAndOutput({"options", dir.Write("row.vlm", "#1\r\nt\r\n 1, 3, 2\r\n@@I|AEI\r\n"), "1"}),
             "0:1,1: 1S 2S\n1,2:\n1,3:\n");
   // Deck 1S 2S 1C 1H. The spades mark "?" and hearts mark ">" beside 2S have
   // no option and count as filled; the clubs mark "<" only takes 1C ("D").
-  EXPECT_EQ(RunCli({"solve", dir.Write("marks.vlm", "#1\r\nm\r\n 2, 2, 0\r\n?E|AE\r\n<>|DC\r\n"), "1"}),
-            "0:result 0\n?E\nD>\n");
+  EXPECT_EQ(
+      CodeAndOutput({"solve", dir.Write("marks.vlm", "#1\r\nm\r\n 2, 2, 0\r\n?E|AE\r\n<>|DC\r\n"), "1"}),
+      "0:result 0\n?E\nD>\n");
   // A spades mark whose options (3H, 5H) hold no spade; the message's line breaks written out.
-  EXPECT_EQ(RunCli({"check", dir.Write("mark.vlm", "#1\r\nt\r\n 1, 3, 1\r\n?A@|RAJ\r\n"), "1"}),
+  EXPECT_EQ(CodeAndOutput({"check", dir.Write("mark.vlm", "#1\r\nt\r\n 1, 3, 1\r\n?A@|RAJ\r\n"), "1"}),
             "0:status 1\nmessage: No match at 1 1\\nS\\n 3H 5H\n");
 }
 
@@ -44,21 +42,23 @@ TEST(CliExitCodes, FailuresExitOneUsageErrorsTwoAndNoneWritesAFile) {
   std::filesystem::create_directory(dir.File("d.vlm"));
   std::filesystem::create_directory(dir.File("in_new.vlm"));
   // After "=": the exit code, then what standard output begins with; a
-  // usage error shows nothing there.
+  // usage error shows nothing there, only on standard error.
   std::istringstream cases(
       "options S 4=1:not found;check S 0=1:not found;solve S 99999999999=1:not found;"
       "sort I D=1:Unable to sort file:;sort I I2=1:Input and output files cannot be same;"
       "transform I --seed 1=1:error?;generate D --count 1=1:;"
-      "options S=2:;options S x=2:;solve V=2:;check V one=2:;play V=2:;count=2:;frobnicate=2:;=2:;"
-      "generate O --seed x=2:;generate O --seed -1=2:;generate O --seed=2:;generate=2:;"
-      "generate O --level medium=2:;generate O --count -1=2:;generate O --jobs 0=2:;"
-      "generate O --colour red=2:;generate O O=2:;transform I --count 3=2:;transform=2:;"
-      "sort I O --seed x=2:;sort I=2:;sort I O --by x=2:;sort I O --order=2:");
+      "options S=2:+stderr;options S x=2:+stderr;solve V=2:+stderr;check V one=2:+stderr;"
+      "play V=2:+stderr;count=2:+stderr;frobnicate=2:+stderr;=2:+stderr;generate O --seed x=2:+stderr;"
+      "generate O --seed -1=2:+stderr;generate O --seed=2:+stderr;generate=2:+stderr;"
+      "generate O --level medium=2:+stderr;generate O --count -1=2:+stderr;generate O --jobs 0=2:+stderr;"
+      "generate O --colour red=2:+stderr;generate O O=2:+stderr;transform I --count 3=2:+stderr;"
+      "transform=2:+stderr;sort I O --seed x=2:+stderr;sort I=2:+stderr;sort I O --by x=2:+stderr;"
+      "sort I O --order=2:+stderr");
   for (std::string c; std::getline(cases, c, ';');) {
     std::vector<std::string> args;
     std::istringstream words(c.substr(0, c.find('=')));
     for (std::string w; words >> w;) args.push_back(names.count(w) ? names.at(w) : w);
-    const std::string out = RunCli(args), expected = c.substr(c.find('=') + 1);
+    const std::string out = CodeAndOutput(args), expected = c.substr(c.find('=') + 1);
     EXPECT_EQ(expected[0] == '2' ? out : out.substr(0, expected.size()), expected) << c;
     EXPECT_FALSE(std::filesystem::exists(names.at("O"))) << c;
   }

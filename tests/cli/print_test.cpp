@@ -9,12 +9,6 @@
 namespace velmora {
 namespace {
 
-// Exit code and standard output; a run that writes to standard error says so.
-std::string RunCli(const std::vector<std::string>& args) {
-  const auto r = test::RunCli(args);
-  return std::to_string(r.exitCode) + r.out + (r.err.empty() ? "" : "+stderr");
-}
-
 TEST(CliPrint, WritesThePagesAskedForOrNoFile) {
   test::TempDir dir;
   test::ScopedEnv cron("XDG_RUNTIME_DIR", std::nullopt);
@@ -25,30 +19,32 @@ TEST(CliPrint, WritesThePagesAskedForOrNoFile) {
     std::vector<std::string> shown;  // by pdfinfo and pdftotext; none: no file written
   };
   const Case cases[] = {
-      {{"--from", "2", "--solutions"}, "0Done\n", {"Pages:           2", "Puz#2:Sample 2", "Sol#3:Sample 3"}},
+      {{"--from", "2", "--solutions"},
+       "0:Done\n",
+       {"Pages:           2", "Puz#2:Sample 2", "Sol#3:Sample 3"}},
       {{"--paper", "letter"},
-       "0Done\n",
+       "0:Done\n",
        {"Pages:           2", "Puz#1:Sample 1", "Puz#3:Sample 3", "612 x 792"}},
-      {{"--current", "2", "--what", "solution"}, "0Done\n", {"Pages:           1", "Sol#2:Sample 2"}},
-      {{"--from", "0"}, "1Invalid from or to puzzle number\n", {}},
-      {{"--current", "4"}, "1not found\n", {}},
-      {{"--from", "3", "--to", "2"}, "1+stderr", {}},
-      {{"--from", "3", "--to", "3"}, "0Done\n", {"Pages:           1", "Puz#3:Sample 3"}},
-      {{"--current", "1", "--from", "1"}, "2+stderr", {}},
-      {{"--current", "1", "--to", "2"}, "2+stderr", {}},
+      {{"--current", "2", "--what", "solution"}, "0:Done\n", {"Pages:           1", "Sol#2:Sample 2"}},
+      {{"--from", "0"}, "1:Invalid from or to puzzle number\n", {}},
+      {{"--current", "4"}, "1:not found\n", {}},
+      {{"--from", "3", "--to", "2"}, "1:+stderr", {}},
+      {{"--from", "3", "--to", "3"}, "0:Done\n", {"Pages:           1", "Puz#3:Sample 3"}},
+      {{"--current", "1", "--from", "1"}, "2:+stderr", {}},
+      {{"--current", "1", "--to", "2"}, "2:+stderr", {}},
   };
   for (const Case& c : cases) {
     std::vector<std::string> args{"print", sample, "--pdf", pdf};
     args.insert(args.end(), c.args.begin(), c.args.end());
-    EXPECT_EQ(RunCli(args), c.out);
+    EXPECT_EQ(test::CodeAndOutput(args), c.out);
     const std::string shown =
         test::RunProgram({"pdftotext", pdf, "-"}).out + test::RunProgram({"pdfinfo", pdf}).out;
     for (const std::string& text : c.shown) EXPECT_NE(shown.find(text), std::string::npos) << text;
     EXPECT_EQ(std::filesystem::remove(pdf), !c.shown.empty()) << c.out;
   }
   const std::string none = dir.Write("none.vlm", "no records\r\n"), lost = dir.File("no/such/dir.pdf");
-  EXPECT_EQ(RunCli({"print", none, "--pdf", pdf}), "1No puzzles in this file: " + none + "\n");
-  EXPECT_EQ(RunCli({"print", sample, "--pdf", lost}), "1Error writing file: " + lost + "\n");
+  EXPECT_EQ(test::CodeAndOutput({"print", none, "--pdf", pdf}), "1:No puzzles in this file: " + none + "\n");
+  EXPECT_EQ(test::CodeAndOutput({"print", sample, "--pdf", lost}), "1:Error writing file: " + lost + "\n");
   EXPECT_FALSE(std::filesystem::exists(pdf));
 }
 

@@ -71,7 +71,7 @@ TEST(Generator, EveryPuzzleSolvesToItsSolutionAndMarksTheUndealtCards) {
 }
 
 // Presses Cancel during the yield of column attempt `at`.
-struct CancelAtYield : SilentUserInterface {
+struct CancelAtYield : UserInterface {
   CancelAtYield(GameState& state, int at) : state(state), at(at) {}
   void Yield() override {
     if (++yields == at) state.session.CancelRequest = 1;

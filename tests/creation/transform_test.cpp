@@ -93,7 +93,7 @@ TEST(MakePuzzlesFromFile, ErrorsEndTheRunAndKeepWhatWasMade) {
     s.puzzle.Rows = c.rows;
     test::RecordingUi ui;
     int level = kLevelEasy;
-    MakePuzzlesFromFile(s, ui, c.in, level);
+    EXPECT_EQ(MakePuzzlesFromFile(s, ui, c.in, level).failed, std::string(c.message) == "error?") << c.in;
     EXPECT_EQ(ui.messages, std::vector<std::string>{c.message}) << c.in;
     const std::string out = std::filesystem::path(TransformedFileName(c.in)).filename();
     EXPECT_EQ(FileExists(dir.File(out)) ? static_cast<int>(Lines(dir.Read(out)).size()) : -1, c.lines)

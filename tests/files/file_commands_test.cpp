@@ -166,15 +166,10 @@ TEST(Arrows, StepWrapJumpCountAfreshDrawAndFallBackAndTheTypedNumber) {
   EXPECT_TRUE(d.ui.messages.empty());
 }
 
-// Written an hour ago, so that the record index made of it is kept.
-void AtRest(const std::string& file) {
-  fs::last_write_time(file, fs::file_time_type::clock::now() - std::chrono::hours(1));
-}
-
 TEST(RecordIndex, TheFileChangedUnderneathBetweenTwoStepsGivesTheNewTruth) {
   test::TempDir dir;
   const std::string file = dir.Write("p.vlm", Records(5));
-  AtRest(file);
+  test::AtRest(file);
   GameState s = Showing(file, 5);
   test::RecordingUi ui;
 
@@ -183,7 +178,7 @@ TEST(RecordIndex, TheFileChangedUnderneathBetweenTwoStepsGivesTheNewTruth) {
   EXPECT_EQ(Shown(s), "6 of 6 T6");
 
   dir.Write("p.vlm", Records(3));  // shrunk: Next from 6 wraps to 1
-  AtRest(file);
+  test::AtRest(file);
   arrowsMouseUp(s, ui, kArrowNext, kLeftButton);
   EXPECT_EQ(Shown(s), "1 of 3 T1");
 

@@ -102,11 +102,6 @@ std::string Loads(const std::string& file) {
   return seen;
 }
 
-// Written an hour ago, so that the index made of it is kept.
-void AtRest(const std::string& file) {
-  fs::last_write_time(file, fs::file_time_type::clock::now() - std::chrono::hours(1));
-}
-
 // Records in both line ends, free text, a title beginning with "#", headers
 // out of order, an empty title, and a last header without its title or line end.
 std::string Mixed() {
@@ -119,7 +114,7 @@ TEST(RecordIndex, LoadsAndCountsAsReadingFromTheTopFreshKeptAndAfterOwnAppends) 
   test::TempDir dir;
   const std::string file = dir.Write("m.vlm", Mixed());
   for (const char* pass : {"fresh", "read at rest", "kept"}) {
-    if (pass[0] == 'r') AtRest(file);
+    if (pass[0] == 'r') test::AtRest(file);
     EXPECT_EQ(Loads(file), " 6:#seven|three||t|-|-|-|-|") << pass;  // "#9" has no title
   }
   GameState s = test::Loaded(file, 4);  // the grid of the record asked for
@@ -132,7 +127,7 @@ TEST(RecordIndex, LoadsAndCountsAsReadingFromTheTopFreshKeptAndAfterOwnAppends) 
   // they were the whole file, and none after it is lost track of silently.
   const std::string longLine =
       dir.Write("l.vlm", Records(2) + std::string(kMaxLineLength + 1, '\0') + "\r\n" + Record(3, "beyond"));
-  AtRest(longLine);
+  test::AtRest(longLine);
   for (int pass = 0; pass < 2; ++pass) EXPECT_EQ(Loads(longLine), " 0:-|-|");
 }
 

@@ -122,7 +122,7 @@ TEST(SolveGrid, BoardsItCannotReadGiveOneWithoutACrash) {
 
 // Commands that run while the solver yields, which it flags meanwhile: it
 // goes on from the board as they leave it.
-class InterferingUi : public SilentUserInterface {
+class InterferingUi : public UserInterface {
  public:
   InterferingUi(GameState& s, std::function<void(GameState&)> act) : s_(s), act_(std::move(act)) {}
   void Yield() override {

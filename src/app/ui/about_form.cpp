@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include "model/version.h"
+
 namespace velmora {
 namespace {
 
@@ -26,7 +28,7 @@ QWidget* NewAboutForm(QWidget* parent, const std::string& folder) {
   auto* rules = new QLabel(QString::fromLatin1(kRulesText), about);
   rules->setObjectName(QStringLiteral("Rules"));
   rules->setWordWrap(true);
-  auto* version = new QLabel(QStringLiteral("Version 1.0"), about);
+  auto* version = new QLabel(QStringLiteral("Version " VELMORA_VERSION), about);
   version->setObjectName(QStringLiteral("Version"));
   auto* where = new QLabel(QStringLiteral("Folder: ") + QString::fromLocal8Bit(folder.c_str()), about);
   where->setObjectName(QStringLiteral("AppFolder"));

@@ -179,7 +179,7 @@ void Form1::closeEvent(QCloseEvent* event) {
 
 void Form1::ShowHelp() {
   if (!help_) {
-    help_ = new Form4(QString::fromLocal8Bit((s_.session.ShippedFolder + "velmora.htm").c_str()), this);
+    help_ = new Form4(QString::fromLocal8Bit((s_.session.ShippedFolder + kHelpPage).c_str()), this);
     help_->setPalette(palette());
   }
   help_->show();
@@ -271,7 +271,7 @@ void Form1::FillRemain(int list) {
   for (int i = 0; same && i < w->count(); ++i) same = w->item(i)->text() == Q(items[i]);
   if (same) return;
   w->clear();
-  const QColor colour = list == 1 || list == 2 ? kRedSuitColor : kBlackSuitColor;
+  const QColor colour = SuitQColor(list + 1);
   for (const std::string& text : items) {
     auto* item = new QListWidgetItem(Q(text), w);
     item->setTextAlignment(Qt::AlignCenter);

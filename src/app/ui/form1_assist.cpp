@@ -87,7 +87,8 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
   // A suit letter after a rank belongs to the card, not to the Hint key.
   if (event->type() == QEvent::ShortcutOverride && s_.session.aids.pendingRank != 0) {
     const auto* key = static_cast<QKeyEvent*>(event);
-    if (key->modifiers() == Qt::NoModifier && QStringLiteral("SHDCshdc").contains(key->text()) &&
+    const QString suits = QString::fromLatin1(kSuitOrder.data(), static_cast<qsizetype>(kSuitOrder.size()));
+    if (key->modifiers() == Qt::NoModifier && (suits + suits.toLower()).contains(key->text()) &&
         !key->text().isEmpty()) {
       event->accept();
       return true;

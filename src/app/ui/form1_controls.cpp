@@ -204,8 +204,8 @@ void Form1::PlaceProgressPanel() {
   if (!frame1_) return;
   // Over the 7x7 grid exactly, so no cell border shows beside it.
   const QPointF topLeft = board_->TwipsToPixels(QPointF(kBoardMargin, kBoardMargin));
-  const QPointF bottomRight =
-      board_->TwipsToPixels(QPointF(kBoardMargin + 7 * kCellSize, kBoardMargin + 7 * kCellSize));
+  const QPointF bottomRight = board_->TwipsToPixels(
+      QPointF(kBoardMargin + kBoardSize * kCellSize, kBoardMargin + kBoardSize * kCellSize));
   // One pixel more takes in the grid's last line.
   frame1_->setGeometry(QRectF(topLeft, bottomRight).toRect().adjusted(0, 0, 1, 1));
 }

@@ -12,6 +12,7 @@
 #include "app/ui/form1.h"
 #include "appearance/ui/form2.h"
 #include "files/file_commands.h"
+#include "model/version.h"
 
 namespace {
 
@@ -25,7 +26,7 @@ int main(int argc, char** argv) {
   sinceStart.start();
   QApplication app(argc, argv);
   QApplication::setApplicationName(QString::fromLatin1(velmora::kApplicationName));
-  QApplication::setApplicationVersion(QStringLiteral("1.0"));
+  QApplication::setApplicationVersion(QStringLiteral(VELMORA_VERSION));
 
   // `--folder DIR` runs the program over another folder (tests, portable use);
   // FILE, a puzzle file, is opened at its first puzzle. Both are taken as

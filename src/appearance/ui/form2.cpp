@@ -196,7 +196,7 @@ void Form2::Choose() {
   if (!list_.HasSelection()) return;
   const std::string name = list_.Selected();
   ChooseScheme(s_, ui_, list_);
-  shownName_ = name + ".col";
+  shownName_ = name + kSchemeExtension;
   frame_->setTitle(QText("Color Scheme: " + name));
   colPik1_->SetColor(ToColor(s_.look.Scheme[kSchemeBackground]));
   const QSignalBlocker quiet(contrastV_);

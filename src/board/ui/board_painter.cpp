@@ -31,12 +31,8 @@ void BoardPainter::DrawCell(const Puzzle& puzzle, int rank, const std::string& s
   if (suitLetter.empty()) return;
 
   // A letter other than S, H, D, C keeps symbol 0 and plain black.
-  int index = 0;
-  QColor colour = Qt::black;
-  if (suitLetter == "S") colour = kBlackSuitColor;
-  if (suitLetter == "H") index = 1, colour = kRedSuitColor;
-  if (suitLetter == "D") index = 2, colour = kRedSuitColor;
-  if (suitLetter == "C") index = 3, colour = kBlackSuitColor;
+  const int index = std::max(0, SuitListIndex(suitLetter));
+  const QColor colour = SuitListIndex(suitLetter) < 0 ? QColor(Qt::black) : SuitQColor(index + 1);
 
   DrawSymbol(p_, strip_, index, QRectF(x + 60, y + 50, kSymbolSize, kSymbolSize), SymbolCopy::kAnd);
 
@@ -54,15 +50,13 @@ void BoardPainter::DrawBoard(const Puzzle& puzzle) {
       const int v = puzzle.Grid[row][col];
       if (v < 0) {
         // Marks beyond -4 find no letter and give a blank cell.
-        const std::string suit = v >= -4 ? std::string(1, "SHDC"[-v - 1]) : std::string();
+        const std::string suit = v >= -4 ? std::string(1, kSuitLetters[-v]) : std::string();
         DrawCell(puzzle, -1, suit, row, col);
       }
       if (v < 1) {
         Outline(QRectF(CellX(col), CellY(row), kCellSize, kCellSize));
       } else if (v <= kMaxCardIndex) {
-        const int suit = puzzle.CardCodes.Suit(v);
-        DrawCell(puzzle, puzzle.CardCodes.Rank(v),
-                 suit ? std::string(1, kSuitLetters[suit]) : std::string("X"), row, col);
+        DrawCell(puzzle, puzzle.CardCodes.Rank(v), std::string(1, puzzle.CardCodes.SuitLetter(v)), row, col);
       }
     }
   }
@@ -70,7 +64,7 @@ void BoardPainter::DrawBoard(const Puzzle& puzzle) {
 
 void BoardPainter::DrawSolution(const Puzzle& puzzle) {
   p_.setFont(TwipsFont(kSolutionFontTwips, false));
-  p_.setPen(kBlackSuitColor);
+  p_.setPen(ToQColor(kBlackSuitColor));
   const int ascent = p_.fontMetrics().ascent();
   for (int row = 1; row <= LoopRows(puzzle); ++row) {
     for (int col = 1; col <= LoopCols(puzzle); ++col) {

@@ -17,8 +17,8 @@ inline constexpr int kPictureHeight = 5820;
 inline constexpr int kSymbolSize = 550;
 
 // Suit colours are fixed; they are not part of a colour scheme.
-inline const QColor kBlackSuitColor(50, 50, 50);
-inline const QColor kRedSuitColor(200, 9, 9);
+inline QColor ToQColor(SuitColor c) { return QColor(c.red, c.green, c.blue); }
+inline QColor SuitQColor(int suit) { return ToQColor(ColorOfSuit(suit)); }
 
 // Painting on a painter already scaled to twips. `cellColor` fills the cells
 // DrawCell paints (colour 2 of the current scheme); `surfaceColor` is the

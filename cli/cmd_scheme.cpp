@@ -98,14 +98,14 @@ int Edit(GameState& s, ScriptUserInterface& ui, const SchemeArgs& a) {
   if (!a.from.empty()) ReadColorScheme(s.session.AppFolder, s.look, ui, a.from + kSchemeExtension);
   if (a.hasBackground) s.look.Scheme[kSchemeBackground] = a.background;
   SchemeListBox list;
-  FillSchemeList(s, list);
+  FillSchemeList(s.session.AppFolder, list);
   if (a.action == "add") {
     ui.QueueAnswer(a.name);
-    return AddSch(s, ui, list) ? 0 : 1;
+    return AddSch(s.session.AppFolder, s.look, ui, list) ? 0 : 1;
   }
   list.Select(a.name);
-  if (a.action == "replace") return RepSch(s, ui, list) ? 0 : 1;
-  return DelSch(s, ui, list) ? 0 : 1;
+  if (a.action == "replace") return RepSch(s.session.AppFolder, s.look, ui, list) ? 0 : 1;
+  return DelSch(s.session.AppFolder, s.look, ui, list) ? 0 : 1;
 }
 
 int RunScheme(const std::vector<std::string>& args) {
@@ -119,7 +119,7 @@ int RunScheme(const std::vector<std::string>& args) {
   ui.AnswerNo(a.no);
   if (a.action == "list") {
     SchemeListBox list;
-    FillSchemeList(s, list);
+    FillSchemeList(s.session.AppFolder, list);
     for (const std::string& item : list.items) PrintLine(item);
     return 0;
   }

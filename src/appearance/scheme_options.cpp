@@ -11,18 +11,18 @@
 namespace velmora {
 namespace {
 
-std::string SchemeFile(const GameState& s) { return s.session.AppFolder + kSchemeFileName; }
-std::string WorkFile(const GameState& s) { return s.session.AppFolder + kSchemeWorkFileName; }
+std::string SchemeFile(const std::string& appFolder) { return appFolder + kSchemeFileName; }
+std::string WorkFile(const std::string& appFolder) { return appFolder + kSchemeWorkFileName; }
 
 // The file's path on a line of its own says which file failed.
-std::string FileError(const char* text, const GameState& s) {
-  return text + std::string(kNewLine) + SchemeFile(s);
+std::string FileError(const char* text, const std::string& appFolder) {
+  return text + std::string(kNewLine) + SchemeFile(appFolder);
 }
 
 // Says why a replacement or deletion did not happen.
-bool Edited(UserInterface& ui, const std::string& name, const GameState& s, SchemeEdit edit) {
+bool Edited(UserInterface& ui, const std::string& name, const std::string& appFolder, SchemeEdit edit) {
   if (edit == SchemeEdit::kNotFound) ui.ShowMessage("Color Scheme: " + name + " not found");
-  if (edit == SchemeEdit::kFileError) ui.ShowMessage(FileError("Error in updating Color Scheme:", s));
+  if (edit == SchemeEdit::kFileError) ui.ShowMessage(FileError("Error in updating Color Scheme:", appFolder));
   return edit == SchemeEdit::kDone;
 }
 
@@ -35,17 +35,17 @@ void SchemeListBox::Select(const std::string& name) {
   listIndex = at == items.end() ? -1 : static_cast<int>(at - items.begin());
 }
 
-void FillSchemeList(const GameState& s, SchemeListBox& list) {
-  list.items = SchemeNames(SchemeFile(s));
+void FillSchemeList(const std::string& appFolder, SchemeListBox& list) {
+  list.items = SchemeNames(SchemeFile(appFolder));
   list.listIndex = -1;
 }
 
-bool ChooseScheme(GameState& s, UserInterface& ui, const SchemeListBox& list) {
-  return list.HasSelection() &&
-         ReadColorScheme(s.session.AppFolder, s.look, ui, list.Selected() + kSchemeExtension);
+bool ChooseScheme(const std::string& appFolder, Appearance& look, UserInterface& ui,
+                  const SchemeListBox& list) {
+  return list.HasSelection() && ReadColorScheme(appFolder, look, ui, list.Selected() + kSchemeExtension);
 }
 
-bool AddSch(GameState& s, UserInterface& ui, SchemeListBox& list) {
+bool AddSch(const std::string& appFolder, const Appearance& look, UserInterface& ui, SchemeListBox& list) {
   const std::string name = ui.AskText("Enter new Color Scheme name");
   if (name.empty()) return false;
   if (std::find(list.items.begin(), list.items.end(), name) != list.items.end()) {
@@ -56,47 +56,52 @@ bool AddSch(GameState& s, UserInterface& ui, SchemeListBox& list) {
     ui.ShowMessage("Color Scheme: " + name + " not added: a name cannot hold \".col\"");
     return false;
   }
-  if (!AppendScheme(SchemeFile(s), name, s.look.Scheme)) {
-    ui.ShowMessage(FileError("Error in adding Color Scheme:", s));
+  if (!AppendScheme(SchemeFile(appFolder), name, look.Scheme)) {
+    ui.ShowMessage(FileError("Error in adding Color Scheme:", appFolder));
     return false;
   }
-  FillSchemeList(s, list);
+  FillSchemeList(appFolder, list);
   ui.ShowMessage("Color Scheme: " + name + " added");
   return true;
 }
 
-bool RepSch(GameState& s, UserInterface& ui, const SchemeListBox& list) {
+bool RepSch(const std::string& appFolder, const Appearance& look, UserInterface& ui,
+            const SchemeListBox& list) {
   if (!list.HasSelection()) {
     ui.ShowMessage("Select a color scheme to replace");
     return false;
   }
   const std::string& name = list.Selected();
   if (!ui.AskYesNo("Replace color scheme: " + name)) return false;
-  if (!Edited(ui, name, s, ReplaceScheme(SchemeFile(s), WorkFile(s), name + kSchemeExtension, s.look.Scheme)))
+  if (!Edited(
+          ui, name, appFolder,
+          ReplaceScheme(SchemeFile(appFolder), WorkFile(appFolder), name + kSchemeExtension, look.Scheme)))
     return false;
   ui.ShowMessage("Color Scheme: " + name + " replaced");
   return true;
 }
 
-bool DelSch(GameState& s, UserInterface& ui, SchemeListBox& list) {
+bool DelSch(const std::string& appFolder, const Appearance& look, UserInterface& ui, SchemeListBox& list) {
   if (!list.HasSelection()) {
     ui.ShowMessage("Select a color scheme to delete");
     return false;
   }
   const std::string name = list.Selected();
   if (!ui.AskYesNo("Delete color scheme: " + name)) return false;
-  if (name + kSchemeExtension == s.look.ColorSchemeName) {
+  if (name + kSchemeExtension == look.ColorSchemeName) {
     ui.ShowMessage("Cannot delete currently active Color Scheme");
     return false;
   }
-  if (!Edited(ui, name, s, DeleteScheme(SchemeFile(s), WorkFile(s), name + kSchemeExtension))) return false;
-  FillSchemeList(s, list);
+  if (!Edited(ui, name, appFolder,
+              DeleteScheme(SchemeFile(appFolder), WorkFile(appFolder), name + kSchemeExtension)))
+    return false;
+  FillSchemeList(appFolder, list);
   ui.ShowMessage("Color Scheme: " + name + " deleted");
   return true;
 }
 
-void ApplyChosenScheme(GameState& s, const SchemeListBox& list) {
-  if (list.HasSelection()) s.look.ColorSchemeName = list.Selected() + kSchemeExtension;
+void ApplyChosenScheme(Appearance& look, const SchemeListBox& list) {
+  if (list.HasSelection()) look.ColorSchemeName = list.Selected() + kSchemeExtension;
 }
 
 int ButtonContrast(const SchemeColors& colors) {

@@ -20,21 +20,23 @@ struct SchemeListBox {
   void Select(const std::string& name);
 };
 
-// Refills the list from AppFolder's all.col; the choice is cleared.
-void FillSchemeList(const GameState& s, SchemeListBox& list);
+// Refills the list from appFolder's all.col; the choice is cleared.
+void FillSchemeList(const std::string& appFolder, SchemeListBox& list);
 
 // Choosing an item: reads item + ".col" into the current scheme, with the
 // reading rule's "not found" message and fallback. False when not found.
-bool ChooseScheme(GameState& s, UserInterface& ui, const SchemeListBox& list);
+bool ChooseScheme(const std::string& appFolder, Appearance& look, UserInterface& ui,
+                  const SchemeListBox& list);
 
 // The commands return true when they did their work, false when they
 // stopped (a message, a No, an empty name).
-bool AddSch(GameState& s, UserInterface& ui, SchemeListBox& list);
-bool RepSch(GameState& s, UserInterface& ui, const SchemeListBox& list);
-bool DelSch(GameState& s, UserInterface& ui, SchemeListBox& list);
+bool AddSch(const std::string& appFolder, const Appearance& look, UserInterface& ui, SchemeListBox& list);
+bool RepSch(const std::string& appFolder, const Appearance& look, UserInterface& ui,
+            const SchemeListBox& list);
+bool DelSch(const std::string& appFolder, const Appearance& look, UserInterface& ui, SchemeListBox& list);
 
 // Apply: the chosen item becomes the active scheme name.
-void ApplyChosenScheme(GameState& s, const SchemeListBox& list);
+void ApplyChosenScheme(Appearance& look, const SchemeListBox& list);
 
 // The button face (element 4) against the background (element 2): -100
 // (black) .. 0 (the background itself) .. 100 (white).

@@ -46,7 +46,7 @@ int ConfirmOverwrite(UserInterface& ui, const std::string& name) {
   return ui.AskYesNo("OverWrite file: " + name + " ?") ? 1 : 0;
 }
 
-std::string AskPuzzleFileName(const GameState& s, UserInterface& ui, const std::string& mode) {
+std::string AskPuzzleFileName(const std::string& appFolder, UserInterface& ui, const std::string& mode) {
   std::error_code ec;
   const std::filesystem::path remembered = std::filesystem::current_path(ec);
   FileDialogRequest request;
@@ -56,7 +56,7 @@ std::string AskPuzzleFileName(const GameState& s, UserInterface& ui, const std::
   request.title = "velmora";
   request.fileTypes = kPuzzleFileTypes;
   request.fileTypesName = kPuzzleFileTypesName;
-  request.defaultDir = s.session.AppFolder;
+  request.defaultDir = appFolder;
   std::string name = ui.AskFileName(request);
   if (!remembered.empty()) std::filesystem::current_path(remembered, ec);
   return name;
@@ -73,12 +73,12 @@ void OpenPuzzleFile(GameState& s, UserInterface& ui, const std::string& file) {
 }
 
 void mnuloadpuz(GameState& s, UserInterface& ui) {
-  const std::string name = AskPuzzleFileName(s, ui, "OPEN");
+  const std::string name = AskPuzzleFileName(s.session.AppFolder, ui, "OPEN");
   if (!name.empty()) OpenPuzzleFile(s, ui, name);
 }
 
 void mnusaveas(GameState& s, UserInterface& ui) {
-  const std::string name = AskPuzzleFileName(s, ui, "SAVE");
+  const std::string name = AskPuzzleFileName(s.session.AppFolder, ui, "SAVE");
   if (name.empty()) return;
   if (ConfirmOverwrite(ui, name) == 0) return;
   // Read first, then replace: a failed copy leaves the target as it was, and
@@ -99,7 +99,7 @@ void mnupuzreset(GameState& s, UserInterface& ui) {
 }
 
 void mnusaveassli(GameState& s, UserInterface& ui) {
-  const std::string name = AskPuzzleFileName(s, ui, "SAVE");
+  const std::string name = AskPuzzleFileName(s.session.AppFolder, ui, "SAVE");
   if (name.empty()) return;
   ShowWrittenTitle(s, ui);
   const int n = AppendPuzzleRecord(s.puzzle, name, s.view.PuzTitle);

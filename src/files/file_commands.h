@@ -27,7 +27,7 @@ int ConfirmOverwrite(UserInterface& ui, const std::string& name);
 // The puzzle-file dialog of Load ("OPEN"), Copy and Save ("SAVE"), starting
 // in the program's folder; "" when cancelled. The current directory is the
 // same afterwards.
-std::string AskPuzzleFileName(const GameState& s, UserInterface& ui, const std::string& mode);
+std::string AskPuzzleFileName(const std::string& appFolder, UserInterface& ui, const std::string& mode);
 
 // Shows `file` at its first puzzle and makes it current, as File > Load does
 // with the chosen name (and the program with a file named when started).

@@ -27,7 +27,7 @@ struct SchemeRun {
     dir.Write("all.col", contents);
     s.session.AppFolder = dir.path() + "/";
     s.look.Scheme.fill(Rgb(1, 2, 3));
-    FillSchemeList(s, list);
+    FillSchemeList(s.session.AppFolder, list);
   }
   bool Read(const std::string& name) { return ReadColorScheme(s.session.AppFolder, s.look, ui, name); }
   std::string File() const { return dir.Read("all.col"); }
@@ -90,9 +90,10 @@ TEST(AddSch, AppendsTheLowerCaseNameOnlyWhenNewAndNamed) {
   SchemeRun run(SchemeText("default.col", 0) + " 9; 9; 9");  // no final line end
   run.s.look.Scheme[4] = Rgb(10, 20, 30);
   run.ui.texts = {"Blue", "blue", "My.COLours", ""};  // a name with ".col" could never be found again
-  EXPECT_TRUE(AddSch(run.s, run.ui, run.list));
+  EXPECT_TRUE(AddSch(run.s.session.AppFolder, run.s.look, run.ui, run.list));
   EXPECT_EQ(run.list.items, (Strings{"default", "blue"}));
-  for (int i = 0; i < 3; ++i) EXPECT_FALSE(AddSch(run.s, run.ui, run.list));  // an empty answer ends it
+  for (int i = 0; i < 3; ++i)
+    EXPECT_FALSE(AddSch(run.s.session.AppFolder, run.s.look, run.ui, run.list));  // an empty answer ends it
   EXPECT_EQ(run.ui.prompts, Strings(4, "Enter new Color Scheme name"));
   EXPECT_EQ(run.ui.messages, (Strings{"Color Scheme: Blue added", "Color Scheme: blue already exists",
                                       "Color Scheme: My.COLours not added: a name cannot hold \".col\""}));
@@ -102,20 +103,20 @@ TEST(AddSch, AppendsTheLowerCaseNameOnlyWhenNewAndNamed) {
   std::filesystem::remove(run.dir.File("all.col"));  // a folder in its place cannot be added to
   std::filesystem::create_directory(run.dir.File("all.col"));
   run.ui.texts = {"green"};
-  EXPECT_FALSE(AddSch(run.s, run.ui, run.list));
+  EXPECT_FALSE(AddSch(run.s.session.AppFolder, run.s.look, run.ui, run.list));
   EXPECT_EQ(run.ui.messages.back(), "Error in adding Color Scheme:\r\n" + run.dir.File("all.col"));
 }
 
 TEST(RepSch, ReplacesOnlyTheChosenSchemesColourLinesThroughTheWorkFile) {
   const std::string a = SchemeText("a.col", 0), c = SchemeText("c.col", 20);
   SchemeRun run(a + SchemeText("b.col", 10) + c);
-  EXPECT_FALSE(RepSch(run.s, run.ui, run.list));
+  EXPECT_FALSE(RepSch(run.s.session.AppFolder, run.s.look, run.ui, run.list));
   run.list.Select("b");
   run.ui.answer = false;
-  EXPECT_FALSE(RepSch(run.s, run.ui, run.list));
+  EXPECT_FALSE(RepSch(run.s.session.AppFolder, run.s.look, run.ui, run.list));
   EXPECT_EQ(run.File(), a + SchemeText("b.col", 10) + c);
   run.ui.answer = true;
-  EXPECT_TRUE(RepSch(run.s, run.ui, run.list));
+  EXPECT_TRUE(RepSch(run.s.session.AppFolder, run.s.look, run.ui, run.list));
   std::string b = "b.col\r\n";
   for (int i = 0; i < 13; ++i) b += " 1; 2; 3\r\n";
   EXPECT_EQ(run.File(), a + b + c);
@@ -127,11 +128,11 @@ TEST(DelSch, RefusesTheActiveSchemeAfterTheQuestionAndRemovesOthers) {
   const std::string a = SchemeText("a.col", 0), c = SchemeText("c.col", 20);
   SchemeRun run(a + SchemeText("b.col", 10) + c);
   run.s.look.ColorSchemeName = "b.col";
-  EXPECT_FALSE(DelSch(run.s, run.ui, run.list));
+  EXPECT_FALSE(DelSch(run.s.session.AppFolder, run.s.look, run.ui, run.list));
   run.list.Select("b");
-  EXPECT_FALSE(DelSch(run.s, run.ui, run.list));
+  EXPECT_FALSE(DelSch(run.s.session.AppFolder, run.s.look, run.ui, run.list));
   run.s.look.ColorSchemeName = "a.col";
-  EXPECT_TRUE(DelSch(run.s, run.ui, run.list));
+  EXPECT_TRUE(DelSch(run.s.session.AppFolder, run.s.look, run.ui, run.list));
   EXPECT_EQ(run.File(), a + c);
   EXPECT_EQ(run.list.items, (Strings{"a", "c"}));
   EXPECT_EQ(run.ui.questions, Strings(2, "Delete color scheme: b"));
@@ -140,27 +141,27 @@ TEST(DelSch, RefusesTheActiveSchemeAfterTheQuestionAndRemovesOthers) {
                      "Color Scheme: b deleted"}));
   // A short scheme goes without taking the next one's name line.
   run.dir.Write("all.col", "s.col\r\n 1; 1; 1\r\n" + c);
-  FillSchemeList(run.s, run.list);
+  FillSchemeList(run.s.session.AppFolder, run.list);
   run.list.Select("s");
-  EXPECT_TRUE(DelSch(run.s, run.ui, run.list));
+  EXPECT_TRUE(DelSch(run.s.session.AppFolder, run.s.look, run.ui, run.list));
   EXPECT_EQ(run.File(), c);
   run.dir.Write("all.col", c + "s.col\r\n 1; 1; 1\r\n");  // and the last one, short
-  FillSchemeList(run.s, run.list);
+  FillSchemeList(run.s.session.AppFolder, run.list);
   run.list.Select("s");
-  EXPECT_TRUE(DelSch(run.s, run.ui, run.list));
+  EXPECT_TRUE(DelSch(run.s.session.AppFolder, run.s.look, run.ui, run.list));
   EXPECT_EQ(run.File(), c);
   // A name line that holds ".col" before its end lists as a name that no
   // line equals: nothing is deleted, and nothing is said to be.
   run.dir.Write("all.col", SchemeText("my.colours.col", 0) + c);
-  FillSchemeList(run.s, run.list);
+  FillSchemeList(run.s.session.AppFolder, run.list);
   run.list.Select("my");
-  EXPECT_FALSE(DelSch(run.s, run.ui, run.list));
+  EXPECT_FALSE(DelSch(run.s.session.AppFolder, run.s.look, run.ui, run.list));
   EXPECT_EQ(run.ui.messages.back() + "|" + run.File(),
             "Color Scheme: my not found|" + SchemeText("my.colours.col", 0) + c);
   // Without a readable all.col nothing is written.
   std::filesystem::remove(run.dir.File("all.col"));
   run.list.Select("c");
-  EXPECT_FALSE(DelSch(run.s, run.ui, run.list));
+  EXPECT_FALSE(DelSch(run.s.session.AppFolder, run.s.look, run.ui, run.list));
   EXPECT_EQ(run.ui.messages.back(), "Error in updating Color Scheme:\r\n" + run.dir.File("all.col"));
   EXPECT_FALSE(std::filesystem::exists(run.dir.File("all.col")));
 }

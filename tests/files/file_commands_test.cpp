@@ -424,10 +424,10 @@ TEST(FileSafety, AnOrdinaryUserRewritesNoFileTheyMayNotWriteAndKeepsOwnersAndLin
     GameState s;
     s.session.AppFolder = dir.path() + "/";
     SchemeListBox list;
-    FillSchemeList(s, list);
+    FillSchemeList(s.session.AppFolder, list);
     list.Select("blue");
-    RepSch(s, ui, list);
-    DelSch(s, ui, list);
+    RepSch(s.session.AppFolder, s.look, ui, list);
+    DelSch(s.session.AppFolder, s.look, ui, list);
     return Joined(ui.messages);
   });
   const std::string schemes = "Error in updating Color Scheme:\r\n" + dir.File("all.col") + "|";

@@ -123,7 +123,7 @@ void Form1::MultiplePuzzles() {
 }
 
 void Form1::ShowOptions() {
-  Form2 dialog(s_, *this, this, [this] { kickinOptions_->click(); });
+  Form2 dialog(s_.session.AppFolder, s_.look, *this, this, [this] { kickinOptions_->click(); });
   dialog.exec();
 }
 

@@ -48,8 +48,9 @@ void ApplyTextSize(TextSize size) {
   QApplication::setFont(font);
 }
 
-Form2::Form2(GameState& s, UserInterface& ui, QWidget* parent, std::function<void()> applied)
-    : QDialog(parent), s_(s), ui_(ui), applied_(std::move(applied)) {
+Form2::Form2(const std::string& appFolder, Appearance& look, UserInterface& ui, QWidget* parent,
+             std::function<void()> applied)
+    : QDialog(parent), appFolder_(appFolder), look_(look), ui_(ui), applied_(std::move(applied)) {
   setObjectName(QStringLiteral("Form2"));
   setWindowTitle(QStringLiteral("Velmora Options"));
   // Controls are made in their tab order.
@@ -67,7 +68,7 @@ Form2::Form2(GameState& s, UserInterface& ui, QWidget* parent, std::function<voi
   auto* sizeFrame = new QGroupBox(QStringLiteral("Size"), this);
   sizeFrame->setObjectName(QStringLiteral("Frame2"));
   auto* sizeLayout = new QHBoxLayout(sizeFrame);
-  const TextSize saved = LoadSettings(s_.session.AppFolder).textSize;
+  const TextSize saved = LoadSettings(appFolder_).textSize;
   for (int i = 0; i < 4; ++i) {
     QRadioButton* option = sizes_[static_cast<size_t>(i)] =
         new QRadioButton(QLatin1String(kTextSizeNames[i]), sizeFrame);
@@ -84,14 +85,14 @@ Form2::Form2(GameState& s, UserInterface& ui, QWidget* parent, std::function<voi
   outer->setSizeConstraint(QLayout::SetFixedSize);
 
   FillList();
-  shownName_ = s_.look.ColorSchemeName;
+  shownName_ = look_.ColorSchemeName;
   frame_->setTitle(QText("Color Scheme: " + shownName_));
-  colPik1_->SetColor(ToColor(s_.look.Scheme[kSchemeBackground]));
+  colPik1_->SetColor(ToColor(look_.Scheme[kSchemeBackground]));
   {
     // Showing the contrast of the scheme is no change to it: only the user's
     // own move of the bar recomputes the button face.
     const QSignalBlocker quiet(contrastV_);
-    contrastV_->setValue(ButtonContrast(s_.look.Scheme));
+    contrastV_->setValue(ButtonContrast(look_.Scheme));
   }
   ShowColors();
   list1_->setFocus();
@@ -101,9 +102,9 @@ void Form2::BuildSchemeFrame(QGroupBox* frame) {
   colPik1_ = new ColorPicker(frame);
   colPik1_->setObjectName(QStringLiteral("ColPik1"));
   connect(colPik1_, &ColorPicker::ColorPicked, this, [this](const QColor& c) {
-    s_.look.Scheme[kSchemeBackground] = FromColor(c);
+    look_.Scheme[kSchemeBackground] = FromColor(c);
     const QSignalBlocker quiet(contrastV_);
-    contrastV_->setValue(ButtonContrast(s_.look.Scheme));
+    contrastV_->setValue(ButtonContrast(look_.Scheme));
     ShowColors();
   });
 
@@ -116,7 +117,7 @@ void Form2::BuildSchemeFrame(QGroupBox* frame) {
   contrastV_->setToolTip(tr("Buttons darker (left) or lighter (right) than the background"));
   contrastCaption->setBuddy(contrastV_);
   connect(contrastV_, &QScrollBar::valueChanged, this, [this](int value) {
-    SetButtonContrast(s_.look.Scheme, value);
+    SetButtonContrast(look_.Scheme, value);
     ShowColors();
   });
 
@@ -170,14 +171,14 @@ QBoxLayout* Form2::BuildSchemeButtons(QWidget* frame) {
   connect(schemeButtons_[0], &QPushButton::clicked, this, &Form2::ShowColors);
   connect(schemeButtons_[1], &QPushButton::clicked, this, [this] {
     list_.listIndex = SelectedRow();
-    RepSch(s_, ui_, list_);
+    RepSch(appFolder_, look_, ui_, list_);
   });
   connect(schemeButtons_[2], &QPushButton::clicked, this, [this] {
     list_.listIndex = SelectedRow();
-    if (DelSch(s_, ui_, list_)) FillList();
+    if (DelSch(appFolder_, look_, ui_, list_)) FillList();
   });
   connect(schemeButtons_[3], &QPushButton::clicked, this, [this] {
-    if (AddSch(s_, ui_, list_)) FillList();
+    if (AddSch(appFolder_, look_, ui_, list_)) FillList();
   });
   return buttons;
 }
@@ -186,7 +187,7 @@ int Form2::SelectedRow() const { return list1_->selectedItems().isEmpty() ? -1 :
 
 void Form2::FillList() {
   const QSignalBlocker quiet(list1_);
-  FillSchemeList(s_, list_);
+  FillSchemeList(appFolder_, list_);
   list1_->clear();
   for (const std::string& item : list_.items) list1_->addItem(QText(item));
 }
@@ -195,18 +196,18 @@ void Form2::Choose() {
   list_.listIndex = list1_->currentRow();
   if (!list_.HasSelection()) return;
   const std::string name = list_.Selected();
-  ChooseScheme(s_, ui_, list_);
+  ChooseScheme(appFolder_, look_, ui_, list_);
   shownName_ = name + kSchemeExtension;
   frame_->setTitle(QText("Color Scheme: " + name));
-  colPik1_->SetColor(ToColor(s_.look.Scheme[kSchemeBackground]));
+  colPik1_->SetColor(ToColor(look_.Scheme[kSchemeBackground]));
   const QSignalBlocker quiet(contrastV_);
-  contrastV_->setValue(ButtonContrast(s_.look.Scheme));
+  contrastV_->setValue(ButtonContrast(look_.Scheme));
   ShowColors();
 }
 
 void Form2::ShowColors() {
   const SchemeColors c =
-      EffectiveColors(s_.look.Scheme, shownName_, FromColor(QApplication::palette().color(QPalette::Button)));
+      EffectiveColors(look_.Scheme, shownName_, FromColor(QApplication::palette().color(QPalette::Button)));
   QPalette pal = palette();
   pal.setColor(QPalette::Window, ToColor(c[kSchemeBackground]));
   pal.setColor(QPalette::Button, ToColor(c[kSchemeBackground]));
@@ -220,11 +221,11 @@ void Form2::ShowColors() {
 
 void Form2::Apply() {
   list_.listIndex = SelectedRow();
-  ApplyChosenScheme(s_, list_);
+  ApplyChosenScheme(look_, list_);
   for (int i = 0; i < 4; ++i) {
     if (!sizes_[static_cast<size_t>(i)]->isChecked()) continue;
     const auto size = static_cast<TextSize>(i);
-    ChangeSettings(s_.session.AppFolder, [size](Settings& saved) { saved.textSize = size; });
+    ChangeSettings(appFolder_, [size](Settings& saved) { saved.textSize = size; });
     ApplyTextSize(size);
   }
   if (applied_) applied_();
@@ -232,7 +233,7 @@ void Form2::Apply() {
 }
 
 void Form2::reject() {
-  ReadColorScheme(s_.session.AppFolder, s_.look, ui_, s_.look.ColorSchemeName);
+  ReadColorScheme(appFolder_, look_, ui_, look_.ColorSchemeName);
   QDialog::reject();
 }
 

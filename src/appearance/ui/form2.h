@@ -31,9 +31,11 @@ class Form2 : public QDialog {
   Q_OBJECT
 
  public:
-  // `applied` runs after Apply has kept the choices: the main window shows
-  // the scheme and the text size.
-  Form2(GameState& s, UserInterface& ui, QWidget* parent, std::function<void()> applied);
+  // Works on `look`, the colours the windows are painted with, and on the
+  // scheme file and settings in `appFolder`. `applied` runs after Apply has
+  // kept the choices: the main window shows the scheme and the text size.
+  Form2(const std::string& appFolder, Appearance& look, UserInterface& ui, QWidget* parent,
+        std::function<void()> applied);
 
   // Escape, the close box and Exit: the active scheme is read again, so a
   // previewed one is dropped.
@@ -50,7 +52,8 @@ class Form2 : public QDialog {
   // Recolours the dialog with the current scheme ("View").
   void ShowColors();
 
-  GameState& s_;
+  const std::string appFolder_;
+  Appearance& look_;
   UserInterface& ui_;
   std::function<void()> applied_;
   SchemeListBox list_;

@@ -228,6 +228,7 @@ int RunGenerate(const std::vector<std::string>& args) {
   GenerateRun run(o, file, base);
   run.ShowProgressBar(::isatty(STDERR_FILENO) == 1);
   std::vector<std::thread> workers;
+  workers.reserve(static_cast<size_t>(jobs));
   for (int k = 0; k < jobs; ++k) workers.emplace_back([&run] { CreatePuzzles(run); });
   const long long before = file.Length();
   uint64_t written = run.WriteAll();

@@ -35,8 +35,8 @@ const Registration kPrintReg(kPrint);
 // The answer Form5 would give, and a PDF file as the printer.
 class PdfPrintJobs : public PrintJobs {
  public:
-  PdfPrintJobs(std::optional<PrintFileChoice> answer, std::string out, QPageSize paper)
-      : answer_(std::move(answer)), out_(std::move(out)), paper_(std::move(paper)) {}
+  PdfPrintJobs(std::optional<PrintFileChoice> answer, std::string out, const QPageSize& paper)
+      : answer_(std::move(answer)), out_(std::move(out)), paper_(paper) {}
   std::optional<PrintFileChoice> AskPrintFile(const std::string&) override { return answer_; }
   PrintSurface* StartJob(const std::string&) override {
     job_ = std::make_unique<PdfJob>(paper_, strip_);

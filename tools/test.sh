@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds, and runs every test: the normal build,
+# Installs what is missing, builds, and runs every test: the formatting and
+# clang-tidy checks, the normal build,
 # the Debian package made from it and checked, the core tests under
 # AddressSanitizer + UndefinedBehaviorSanitizer, and every fuzzer in fuzz/
 # (puzzle file, all.col, velmora.cfg, the sort's source, the play script),
@@ -17,6 +18,9 @@ echo "== Normal build and all tests"
 cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 cmake --build build -j "$jobs"
 QT_QPA_PLATFORM=offscreen ctest --test-dir build --output-on-failure -j "$jobs"
+
+echo "== clang-tidy"
+tools/tidy.sh build
 
 echo "== The Debian package"
 tools/check-package.sh build

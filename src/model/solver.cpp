@@ -1,6 +1,6 @@
 // Deduction solver: single options and cards with one place, repeated to a fixed point.
 //
-// Each pass works as if UpdateOptions(0) ran between its two steps, but the
+// Each pass works as if UpdateOptions without the lists ran between its two steps, but the
 // bars behind the options (ranks taken in each row and column, what each cell
 // bars its neighbours from, the cards still free) are kept up to date as
 // cards go down instead of being rebuilt from the whole grid. The options it
@@ -37,7 +37,7 @@ class Solver {
  public:
   explicit Solver(Puzzle& s) : s_(s) {}
 
-  // Takes the board as it stands; false when UpdateOptions(0) fails on it.
+  // Takes the board as it stands; false when UpdateOptions without the lists fails on it.
   bool Begin() {
     if (Start()) return true;
     if (kTrial || !UpdateOptions(s_)) return false;
@@ -46,7 +46,7 @@ class Solver {
     return true;
   }
 
-  // Reads the grid as UpdateOptions(0) does and computes the first options.
+  // Reads the grid as UpdateOptions without the lists does and computes the first options.
   // False, with nothing changed, when Rows or Cols or a value lies outside
   // what the fast path handles; UpdateOptions then decides.
   bool Start() {
@@ -221,7 +221,7 @@ class Solver {
     return once & ~twice;
   }
 
-  // Leaves CellOptions and AvailableCards as UpdateOptions(0) would.
+  // Leaves CellOptions and AvailableCards as UpdateOptions without the lists would.
   void Finish() {
     for (int i = 0; i < count_; ++i) s_.CellOptions[open_[i].row][open_[i].col] = options_[i];
     s_.AvailableCards = avail_;

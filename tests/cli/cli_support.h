@@ -23,6 +23,7 @@ struct CliResult {
 inline pid_t Start(std::vector<std::string> command, const std::string& in, const std::string& out,
                    const std::string& err, rlim_t limit = RLIM_INFINITY) {
   std::vector<char*> argv;
+  argv.reserve(command.size() + 1);
   for (auto& a : command) argv.push_back(a.data());
   argv.push_back(nullptr);
   const pid_t child = ::fork();

@@ -17,7 +17,7 @@ inline constexpr int kGridDim = 10;
 inline constexpr int kMaxIndex = kGridDim - 1;
 inline constexpr int kMinCardIndex = -4;
 inline constexpr int kMaxCardIndex = 52;
-// The cell-number tables cover the largest board the grids can hold.
+// Cell numbers run up to the largest board the grids can hold.
 inline constexpr int kMaxCellNumber = kMaxIndex * kMaxIndex;
 
 template <typename T>

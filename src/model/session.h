@@ -26,8 +26,8 @@ struct PlayAids {
   char pendingRank = 0;              // a rank letter typed, waiting for its suit
 };
 
-// Where the player is and what can be taken back. The puzzle itself is not
-// here: a command that only plays reads both, one that only shows reads neither.
+// Where the player is, what can be taken back, and the running command's
+// flags. The puzzle on the board is a part of its own.
 struct Session {
   std::string AppFolder;      // always ends in '/'
   std::string ShippedFolder;  // where the help page was installed; AppFolder when empty at start-up

@@ -46,9 +46,8 @@ bool RebuildCardCodes(Puzzle& s) {
   for (int k = 1; k <= 52; ++k) {
     const int v = s.SolutionGrid[s.CellRow(k)][s.CellCol(k)];
     if (v < 0 || v > kMaxCardIndex) {
-      // The entries before the failing one are rebuilt already.
-      for (int i = 1; i <= 52; ++i) s.CardCodes.Set(i, (i - 1) / 4 + 1, (i - 1) % 4 + 1);
-      s.CardCodes.Set(0, 0, 0);
+      // The entries before the failing one are rebuilt already: all plain.
+      BuildCardCodes(s.CardCodes);
       return false;
     }
     if (v > 0) used |= CardBit(v);

@@ -1,5 +1,6 @@
 // The program's folder: --folder, a folder of its own, or a per-user folder
-// filled on the first run without touching what the person already has.
+// filled on the first run, with a configuration that shows its puzzle 1,
+// without touching what the person already has.
 #include "app/app_folder.h"
 
 #include <filesystem>
@@ -33,6 +34,10 @@ TEST(AppFolder, FolderOptionThenOwnWritableFolderThenPerUserFolder) {
   EXPECT_EQ(i.data.Read("Velmora/puzzles.vlm") + "|" + i.data.Read("Velmora/all.col"),
             "shipped puzzles.vlm|shipped all.col");
   EXPECT_FALSE(std::filesystem::exists(i.data.File("Velmora/velmora.htm")));  // read where installed
+  // The new folder starts at puzzle 1 of its copy, written as Exit writes it.
+  const std::vector<std::string> cfg = Lines(i.data.Read("Velmora/velmora.cfg"));
+  EXPECT_EQ(std::vector(cfg.begin() + 1, cfg.end()),
+            (std::vector<std::string>{"default.col", i.data.File("Velmora/puzzles.vlm"), " 1 "}));
   // A relative XDG_DATA_HOME is no folder of the user's: ignored.
   ScopedEnv relative("XDG_DATA_HOME", "data"), home("HOME", "/home/ann");
   EXPECT_EQ(PerUserFolder(), "/home/ann/.local/share/Velmora/");
@@ -50,7 +55,22 @@ TEST(AppFolder, FirstRunNeverReplacesThePersonsFilesAndLeavesNoWorkFiles) {
   size_t files = 0;
   for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(i.data.File("Velmora")))
     ++files;
-  EXPECT_EQ(files, 2u);
+  EXPECT_EQ(files, 2u);  // puzzles of their own: no new folder, so no configuration either
+}
+
+TEST(AppFolder, AConfigurationThereIsNeitherReplacedNorWrittenThrough) {
+  for (const bool asLink : {false, true}) {
+    Installed i;
+    std::filesystem::create_directories(i.data.File("Velmora"));
+    const std::string cfg = i.data.File("Velmora/velmora.cfg"), elsewhere = i.data.File("elsewhere");
+    asLink ? std::filesystem::create_symlink(elsewhere, cfg)
+           : void(i.data.Write("Velmora/velmora.cfg", "mine"));
+    SetUpProgramFolders("", i.root.File("bin"));
+    EXPECT_EQ(i.data.Read("Velmora/puzzles.vlm"), "shipped puzzles.vlm");
+    EXPECT_EQ(
+        asLink ? std::to_string(std::filesystem::exists(elsewhere)) : i.data.Read("Velmora/velmora.cfg"),
+        asLink ? "0" : "mine");
+  }
 }
 
 }  // namespace

@@ -142,7 +142,7 @@ TEST(AppFolder, PerUserFolderIsQtsAppDataLocation) {
 }
 
 TEST(Form1, TheFirstStartShowsPuzzleOneAFolderWithoutConfigurationTheFirstRunMessage) {
-  TempDir root, home, other;
+  TempDir root, home;
   for (const char* folder : {"bin", "share"}) std::filesystem::create_directories(root.File(folder));
   std::filesystem::create_directory_symlink(VELMORA_DATA_DIR, root.File("share/velmora"));  // installed
   ScopedEnv xdg("XDG_DATA_HOME", std::nullopt), emptyHome("HOME", home.path());
@@ -156,11 +156,11 @@ TEST(Form1, TheFirstStartShowsPuzzleOneAFolderWithoutConfigurationTheFirstRunMes
   };
   const std::string perUser = home.File(".local/share/Velmora/");
   EXPECT_EQ(start(""), perUser + " 0:1");
-  std::filesystem::remove(perUser + "velmora.cfg");  // deleted by the person: really missing
-  EXPECT_EQ(start(""), perUser + " 1:");
-  for (const char* name : {"puzzles.vlm", "all.col"})  // files, but no configuration
-    std::filesystem::copy_file(std::string(VELMORA_DATA_DIR) + "/" + name, other.File(name));
-  EXPECT_EQ(start(other.path()), other.path() + "/ 1:");
+  // The configuration deleted by the person is really missing, with or without --folder.
+  for (const std::string& folderOption : {std::string(), perUser}) {
+    std::filesystem::remove(perUser + "velmora.cfg");
+    EXPECT_EQ(start(folderOption), perUser + " 1:");
+  }
 }
 
 TEST(SortDialog, ProposesTheSortedNameAndSortsWithTheChosenKeyAndOrder) {

@@ -8,9 +8,11 @@
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 
 #include "app/startup.h"
+#include "files/config.h"
 #include "files/text_file.h"
 
 namespace velmora {
@@ -49,19 +51,35 @@ bool HoldsProgramFiles(const std::string& folder) {
   return false;
 }
 
-// The copy is written under a temporary name and then linked under the real
-// one: the link fails when that name exists, so a file the person already
-// has is never replaced, and a crash never leaves half a file behind.
-void CopyIfMissing(const std::string& from, const std::string& folder, const std::string& name) {
-  std::string contents;
-  if (FileExists(folder + name) || !ReadWholeFile(from, contents)) return;
+// Written under a temporary name and then linked under the real one: the
+// link fails when that name exists, even as a link, so a file the person
+// already has is never replaced or written through, and a crash never leaves
+// half a file behind. True when the file was made.
+bool WriteIfMissing(const std::string& folder, const std::string& name, const std::string& contents) {
   const std::string temp = folder + "." + name + "." + std::to_string(::getpid());
   const int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-  if (fd < 0) return;
+  if (fd < 0) return false;
   bool written = WriteAll(fd, contents) && ::fsync(fd) == 0;
   written = ::close(fd) == 0 && written;
-  if (written) ::link(temp.c_str(), (folder + name).c_str());
+  const bool linked = written && ::link(temp.c_str(), (folder + name).c_str()) == 0;
   ::unlink(temp.c_str());
+  return linked;
+}
+
+bool CopyIfMissing(const std::string& from, const std::string& folder, const std::string& name) {
+  std::string contents;
+  return !FileExists(folder + name) && ReadWholeFile(from, contents) &&
+         WriteIfMissing(folder, name, contents);
+}
+
+// A folder that has just been given the shipped puzzles is new to the
+// program: it starts at their puzzle 1 in the default scheme, as if saved on
+// Exit, so the first start shows a puzzle rather than the first-run message.
+void WriteFirstConfig(const std::string& folder) {
+  Session session;
+  session.CurrentPuzzleFile = folder + kPuzzleFileName;
+  session.CurrentPuzzleNumber = 1;
+  WriteIfMissing(folder, kConfigFileName, ConfigText(session, Appearance{}));
 }
 
 }  // namespace
@@ -91,7 +109,12 @@ ProgramFolders SetUpProgramFolders(const std::string& folderOption, const std::s
     folders.app = AbsoluteFolder(PerUserFolder());
     std::error_code ec;
     fs::create_directories(folders.app, ec);
-    for (const char* name : kCopiedOnFirstRun) CopyIfMissing(folders.shipped + name, folders.app, name);
+    bool puzzlesCopied = false;
+    for (const char* name : kCopiedOnFirstRun) {
+      const bool copied = CopyIfMissing(folders.shipped + name, folders.app, name);
+      puzzlesCopied = puzzlesCopied || (copied && std::string_view(name) == kPuzzleFileName);
+    }
+    if (puzzlesCopied) WriteFirstConfig(folders.app);
   }
   return folders;
 }

@@ -32,7 +32,9 @@ struct ProgramFolders {
 // `folderOption` (--folder DIR) wins. Otherwise a writable `programFolder`
 // with the program's files beside it is used as it is; else the per-user
 // folder, which is made when missing and given the shipped files it lacks
-// (an existing file is never replaced). Both folders come back absolute and
+// (an existing file is never replaced); one that has just been given the
+// shipped puzzles and has no configuration gets one naming their puzzle 1,
+// so a first start shows it. Both folders come back absolute and
 // ending in "/". Never fails: a folder that cannot be made or filled shows
 // later as missing files, which every reader handles.
 ProgramFolders SetUpProgramFolders(const std::string& folderOption, const std::string& programFolder);

@@ -1,5 +1,6 @@
 // The program's folder: --folder, a folder of its own, or a per-user folder
-// filled on the first run without touching what the person already has.
+// filled on the first run, with a configuration that shows its puzzle 1,
+// without touching what the person already has.
 #include "app/app_folder.h"
 
 #include <filesystem>
@@ -33,24 +34,33 @@ TEST(AppFolder, FolderOptionThenOwnWritableFolderThenPerUserFolder) {
   EXPECT_EQ(i.data.Read("Velmora/puzzles.vlm") + "|" + i.data.Read("Velmora/all.col"),
             "shipped puzzles.vlm|shipped all.col");
   EXPECT_FALSE(std::filesystem::exists(i.data.File("Velmora/velmora.htm")));  // read where installed
+  // The new folder starts at puzzle 1 of its copy, written as Exit writes it.
+  const std::string cfg = i.data.Read("Velmora/velmora.cfg");
+  EXPECT_EQ(cfg.substr(cfg.find('\r')),
+            "\r\ndefault.col\r\n" + i.data.File("Velmora/puzzles.vlm") + "\r\n 1 \r\n");
   // A relative XDG_DATA_HOME is no folder of the user's: ignored.
   ScopedEnv relative("XDG_DATA_HOME", "data"), home("HOME", "/home/ann");
   EXPECT_EQ(PerUserFolder(), "/home/ann/.local/share/Velmora/");
 }
 
-TEST(AppFolder, FirstRunNeverReplacesThePersonsFilesAndLeavesNoWorkFiles) {
-  Installed i;
-  std::filesystem::create_directories(i.data.File("Velmora"));
-  i.data.Write("Velmora/puzzles.vlm", "my own puzzles");
-  SetUpProgramFolders("", i.root.File("bin"));
-  i.root.Write("share/velmora/all.col", "a newer release");
-  SetUpProgramFolders("", i.root.File("bin"));
-  EXPECT_EQ(i.data.Read("Velmora/puzzles.vlm"), "my own puzzles");
-  EXPECT_EQ(i.data.Read("Velmora/all.col"), "shipped all.col");
-  size_t files = 0;
-  for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(i.data.File("Velmora")))
-    ++files;
-  EXPECT_EQ(files, 2u);
+TEST(AppFolder, FirstRunNeitherReplacesNorWritesThroughThePersonsFilesAndLeavesNoWorkFiles) {
+  for (const bool asLink : {false, true}) {  // the person's configuration, or a link in its place
+    Installed i;
+    std::filesystem::create_directories(i.data.File("Velmora"));
+    const std::string cfg = i.data.File("Velmora/velmora.cfg");
+    asLink ? std::filesystem::create_symlink(i.data.File("elsewhere"), cfg)
+           : void(i.data.Write("Velmora/velmora.cfg", "mine"));
+    SetUpProgramFolders("", i.root.File("bin"));  // the puzzles and schemes copied in
+    i.root.Write("share/velmora/all.col", "a newer release");
+    SetUpProgramFolders("", i.root.File("bin"));
+    EXPECT_EQ(
+        i.data.Read(asLink ? "elsewhere" : "Velmora/velmora.cfg") + "|" + i.data.Read("Velmora/all.col"),
+        (asLink ? "|" : "mine|") + std::string("shipped all.col"));
+    size_t files = 0;
+    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(i.data.File("Velmora")))
+      ++files;
+    EXPECT_EQ(files, 3u);
+  }
 }
 
 }  // namespace

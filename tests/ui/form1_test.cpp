@@ -1,6 +1,7 @@
 // The main window: start-up, colours, the arrows and the typed number, Load,
-// Exit against the close box, help, the about box, File > Sort; and the
-// per-user folder velmora-cli computes is the one Qt gives the desktop program.
+// Exit against the close box, help, the about box, File > Sort; the first
+// start; and the per-user folder velmora-cli computes is the one Qt gives the
+// desktop program.
 #include <sys/stat.h>
 
 #include "app/app_folder.h"
@@ -138,6 +139,28 @@ TEST(AppFolder, PerUserFolderIsQtsAppDataLocation) {
     EXPECT_EQ(PerUserFolder(), qt.toStdString()) << xdgValue.value_or("(unset)") << " " << homeValue;
   }
   QCoreApplication::setApplicationName(oldName);
+}
+
+TEST(Form1, TheFirstStartShowsPuzzleOneAFolderWithoutConfigurationTheFirstRunMessage) {
+  TempDir root, home;
+  for (const char* folder : {"bin", "share"}) std::filesystem::create_directories(root.File(folder));
+  std::filesystem::create_directory_symlink(VELMORA_DATA_DIR, root.File("share/velmora"));  // installed
+  ScopedEnv xdg("XDG_DATA_HOME", std::nullopt), emptyHome("HOME", home.path());
+  const auto start = [&](const std::string& folderOption) {  // the folder, messages, puzzle shown
+    const std::string app = SetUpProgramFolders(folderOption, root.File("bin")).app;
+    DialogHand hand;
+    Form1 w;
+    w.StartUp(app);
+    return app + " " + std::to_string(hand.texts.size()) + ":" +
+           Child<QLineEdit>(&w, "PuzNumNow")->text().toStdString();
+  };
+  const std::string perUser = home.File(".local/share/Velmora/");
+  EXPECT_EQ(start(""), perUser + " 0:1");
+  // The configuration deleted by the person is really missing, with or without --folder.
+  for (const std::string& folderOption : {std::string(), perUser}) {
+    std::filesystem::remove(perUser + "velmora.cfg");
+    EXPECT_EQ(start(folderOption), perUser + " 1:");
+  }
 }
 
 TEST(SortDialog, ProposesTheSortedNameAndSortsWithTheChosenKeyAndOrder) {

@@ -14,8 +14,11 @@ inline constexpr int CellY(int row) { return (row - 1) * kCellSize + kBoardMargi
 // Where the cell's text is placed from.
 inline constexpr int TextX(int col) { return CellX(col) + 250; }
 inline constexpr int TextY(int row) { return CellY(row) + 150; }
-// The middle of row or column `index`: where the aids and the CLI press the mouse.
-constexpr float CellMiddle(int index) { return static_cast<float>(CellX(index)) + kCellSize / 2.0f; }
+// The middle of row or column `index`: where the aids and the CLI press the
+// mouse. Worked in float, so an index far off the board gives a point far off.
+constexpr float CellMiddle(int index) {
+  return kBoardMargin + (static_cast<float>(index) - 1.0f) * kCellSize + kCellSize / 2.0f;
+}
 
 // The first cell (rows outer) whose square, borders included, holds (x, y);
 // row and col are left unchanged when there is none.

@@ -12,10 +12,11 @@ namespace {
 
 int RunStats(const std::vector<std::string>& args);
 
-const Subcommand kStats{"stats", "stats [FILE] [--folder DIR]",
-                        "print how many puzzles (of FILE, or all) are finished, in progress and shown, and "
-                        "per level the best and median time of a finish (of an even count the lower middle one)",
-                        45, RunStats};
+const Subcommand kStats{
+    "stats", "stats [FILE] [--folder DIR]",
+    "print how many puzzles (of FILE, or all) are finished, in progress and shown, and "
+    "per level the best and median time of a finish (of an even count the lower middle one)",
+    45, RunStats};
 const Registration kStatsReg(kStats);
 
 int RunStats(const std::vector<std::string>& args) {

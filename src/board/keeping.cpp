@@ -108,7 +108,8 @@ void BoardKeeper::Enter(GameState& s, UserInterface& ui, KeeperEvent ran) {
   s.session.UndoList.clear();
   s.session.aids.RedoList = board_.redo;
   if (!kept) return;
-  for (const PlayAids::Change& c : board_.undo) s.session.UndoList.push_back(UndoEntry(c.row, c.col, c.value));
+  for (const PlayAids::Change& c : board_.undo)
+    s.session.UndoList.push_back(UndoEntry(c.row, c.col, c.value));
   for (int r = 1; r <= LoopRows(p); ++r)
     for (int c = 1; c <= LoopCols(p); ++c) p.Grid[r][c] = board_.grid[r][c];
   UpdateOptions(p, s.view.Remain);

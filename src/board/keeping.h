@@ -11,9 +11,9 @@ namespace velmora {
 
 // What ran between Before and After where the state alone cannot tell it.
 enum class KeeperEvent {
-  kCommand,         // anything else
-  kReset,           // Puzzle > Reset: a reload of the same puzzle forgets its kept board
-  kSolutionShown,   // the solution overlay was shown
+  kCommand,        // anything else
+  kReset,          // Puzzle > Reset: a reload of the same puzzle forgets its kept board
+  kSolutionShown,  // the solution overlay was shown
 };
 
 // Use: Before(state) before a command (start-up included), After(...) after
@@ -66,7 +66,7 @@ class BoardKeeper {
   bool active_ = false;  // a loaded puzzle is shown
   bool kept_ = false;    // and the store holds its board
   PuzzlePlace place_;
-  KeptBoard board_;       // as kept, with the clock as last given
+  KeptBoard board_;         // as kept, with the clock as last given
   long long storedMs_ = 0;  // the clock the store holds
   PuzzleStatus status_;
 };

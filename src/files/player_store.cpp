@@ -93,7 +93,8 @@ bool ReadChanges(const std::string& text, int rows, int cols, std::vector<PlayAi
     int used = 0;
     if (std::sscanf(text.c_str() + at, "%d,%d,%d;%n", &c.row, &c.col, &c.value, &used) != 3 || used == 0)
       return false;
-    if (c.row < 1 || c.row > rows || c.col < 1 || c.col > cols || !CardCodeTable::InRange(c.value)) return false;
+    if (c.row < 1 || c.row > rows || c.col < 1 || c.col > cols || !CardCodeTable::InRange(c.value))
+      return false;
     out.push_back(c);
     at += static_cast<size_t>(used);
   }
@@ -102,7 +103,7 @@ bool ReadChanges(const std::string& text, int rows, int cols, std::vector<PlayAi
 
 bool ReadGrid(const std::string& text, int rows, int cols, Board<int32_t>& grid) {
   if (rows < 1 || cols < 1 || rows > kMaxIndex || cols > kMaxIndex) return false;
-  if (text.size() != static_cast<size_t>(rows * cols)) return false;
+  if (text.size() != static_cast<size_t>(rows) * static_cast<size_t>(cols)) return false;
   for (int r = 1; r <= rows; ++r) {
     for (int c = 1; c <= cols; ++c) {
       const int v = text[static_cast<size_t>((r - 1) * cols + c - 1)] - 64;
@@ -134,6 +135,18 @@ bool PlainOrMissing(const std::string& path) {
   struct stat st {};
   if (::lstat(path.c_str(), &st) != 0) return errno == ENOENT;
   return S_ISREG(st.st_mode);
+}
+
+// What every SQLite file begins with; an empty file is a new store. A file
+// that cannot be read is left for SQLite to tell about.
+bool LooksLikeStore(const std::string& path) {
+  static constexpr char kMagic[] = "SQLite format 3";  // with its NUL
+  const int fd = ::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK);
+  if (fd < 0) return true;
+  char head[sizeof kMagic] = {};
+  const ssize_t n = ::read(fd, head, sizeof head);
+  ::close(fd);
+  return n <= 0 || (n == sizeof head && std::equal(head, head + sizeof head, kMagic));
 }
 
 bool Missing(const std::string& path) {
@@ -207,6 +220,8 @@ bool PlayerStore::Open(Access access) {
     problem_ = kProblemStart + path_ + " is not a plain file.";
     return false;
   }
+  // A file that is no SQLite file goes aside before SQLite touches its companions.
+  if (!LooksLikeStore(path_)) return Fail(SQLITE_NOTADB);
   const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOFOLLOW;
   const int rc = sqlite3_open_v2(path_.c_str(), &db_, flags, nullptr);
   if (rc != SQLITE_OK) return Fail(rc);
@@ -250,7 +265,6 @@ bool PlayerStore::Exec(const char* sql) {
 }
 
 bool PlayerStore::Fail(int code) {
-  if (db_ == nullptr && code == SQLITE_OK) return false;
   const int primary = code & 0xff;
   std::string why;
   if (primary == SQLITE_BUSY || primary == SQLITE_LOCKED) {
@@ -426,7 +440,8 @@ StoreFigures PlayerStore::Figures(const std::string& file) {
   std::vector<std::pair<std::string, std::vector<long long>>> byLevel;
   while ((rc = sqlite3_step(times)) == SQLITE_ROW) {
     std::string level = Column(times, 0);
-    if (byLevel.empty() || byLevel.back().first != level) byLevel.push_back({std::move(level), {}});
+    if (byLevel.empty() || byLevel.back().first != level)
+      byLevel.emplace_back(std::move(level), std::vector<long long>{});
     byLevel.back().second.push_back(sqlite3_column_int64(times, 1));
   }
   sqlite3_reset(times);

@@ -34,11 +34,11 @@ struct PuzzlePlace {
 
 // The board left behind, as the player can take it up again.
 struct KeptBoard {
-  Board<int32_t> grid{};                // Grid's values
-  std::vector<PlayAids::Change> undo;   // UndoList as cell and old value, newest first
-  std::vector<PlayAids::Change> redo;   // RedoList, newest last
-  long long playedMs = 0;               // the play clock
-  int hints = 0, undos = 0;             // hints shown, undo presses
+  Board<int32_t> grid{};               // Grid's values
+  std::vector<PlayAids::Change> undo;  // UndoList as cell and old value, newest first
+  std::vector<PlayAids::Change> redo;  // RedoList, newest last
+  long long playedMs = 0;              // the play clock
+  int hints = 0, undos = 0;            // hints shown, undo presses
 };
 
 // A puzzle's outcome; a finish comes with its time, hints and undo presses

@@ -1,7 +1,7 @@
 // Keeping unfinished boards around every command.
 #include "board/keeping.h"
 
-#include <cstdio>
+#include <charconv>
 
 #include "creation/levels.h"
 #include "model/check.h"
@@ -39,12 +39,26 @@ bool Fits(const Puzzle& p, const KeptBoard& board) {
   return true;
 }
 
+// The numbers of an undo entry, " 3, 5, 0"; false for an entry that is not one.
+bool ReadEntry(const std::string& entry, PlayAids::Change& c) {
+  int* parts[] = {&c.row, &c.col, &c.value};
+  const char* at = entry.data();
+  const char* end = at + entry.size();
+  for (int i = 0; i < 3; ++i) {
+    while (at < end && *at == ' ') ++at;
+    const auto [next, ec] = std::from_chars(at, end, *parts[i]);
+    if (ec != std::errc() || (i < 2 && (next == end || *next != ','))) return false;
+    at = i < 2 ? next + 1 : next;
+  }
+  return at == end;
+}
+
 std::vector<PlayAids::Change> UndoChanges(const std::deque<std::string>& list) {
   std::vector<PlayAids::Change> changes;
   changes.reserve(list.size());
   for (const std::string& entry : list) {
     PlayAids::Change c{};
-    if (std::sscanf(entry.c_str(), "%d,%d,%d", &c.row, &c.col, &c.value) == 3) changes.push_back(c);
+    if (ReadEntry(entry, c)) changes.push_back(c);
   }
   return changes;
 }

@@ -34,7 +34,7 @@ CREATE INDEX IF NOT EXISTS puzzle_outcome ON puzzle(outcome, level, played_ms);
 CREATE INDEX IF NOT EXISTS puzzle_file ON puzzle(file, outcome, level, played_ms);
 CREATE TABLE IF NOT EXISTS board(
   key TEXT PRIMARY KEY NOT NULL, grid TEXT NOT NULL, undo TEXT NOT NULL, redo TEXT NOT NULL,
-  played_ms INTEGER NOT NULL, hints INTEGER NOT NULL, undos INTEGER NOT NULL);
+  played_ms INTEGER NOT NULL, hints INTEGER NOT NULL, undos INTEGER NOT NULL) WITHOUT ROWID;
 )";
 
 // The statements, prepared once each when first used.
@@ -78,25 +78,27 @@ constexpr const char* kSql[kSqlCount] = {
 // A grid value as one letter, the way puzzle files write them.
 char Letter(int value) { return static_cast<char>(value + 64); }
 
+// Three letters a change: row and column digits, the value as a grid letter.
 std::string ChangesText(const std::vector<PlayAids::Change>& changes) {
   std::string text;
-  for (const auto& c : changes)
-    text += std::to_string(c.row) + "," + std::to_string(c.col) + "," + std::to_string(c.value) + ";";
+  text.reserve(changes.size() * 3);
+  for (const auto& c : changes) {
+    text += static_cast<char>('0' + c.row);
+    text += static_cast<char>('0' + c.col);
+    text += Letter(c.value);
+  }
   return text;
 }
 
-// "r,c,v;" triples of cells on a rows x cols board with values a cell can hold.
+// Changes of cells on a rows x cols board, to values a cell can hold.
 bool ReadChanges(const std::string& text, int rows, int cols, std::vector<PlayAids::Change>& out) {
-  size_t at = 0;
-  while (at < text.size()) {
-    PlayAids::Change c{};
-    int used = 0;
-    if (std::sscanf(text.c_str() + at, "%d,%d,%d;%n", &c.row, &c.col, &c.value, &used) != 3 || used == 0)
-      return false;
+  if (text.size() % 3 != 0) return false;
+  out.reserve(text.size() / 3);
+  for (size_t at = 0; at < text.size(); at += 3) {
+    const PlayAids::Change c{text[at] - '0', text[at + 1] - '0', text[at + 2] - 64};
     if (c.row < 1 || c.row > rows || c.col < 1 || c.col > cols || !CardCodeTable::InRange(c.value))
       return false;
     out.push_back(c);
-    at += static_cast<size_t>(used);
   }
   return true;
 }
@@ -328,12 +330,15 @@ bool PlayerStore::Write(const std::vector<sqlite3_stmt*>& steps) {
 }
 
 bool PlayerStore::Keep(const PuzzlePlace& place, const KeptBoard& board) {
-  sqlite3_stmt* placed = Prepare(kPlace);
-  sqlite3_stmt* started = Prepare(kInProgress);
+  const bool known = place == placed_;
+  sqlite3_stmt* placed = known ? nullptr : Prepare(kPlace);
+  sqlite3_stmt* started = known ? nullptr : Prepare(kInProgress);
   sqlite3_stmt* kept = Prepare(kKeepBoard);
-  if (!placed || !started || !kept) return false;
-  BindPlace(placed, place);
-  Bind(started, 1, place.key);
+  if ((!known && (!placed || !started)) || !kept) return false;
+  if (!known) {
+    BindPlace(placed, place);
+    Bind(started, 1, place.key);
+  }
   // The grid's cells as the key sizes them, rows outer.
   int rows = 0, cols = 0;
   std::sscanf(place.key.c_str(), "%d,%d:", &rows, &cols);
@@ -347,7 +352,11 @@ bool PlayerStore::Keep(const PuzzlePlace& place, const KeptBoard& board) {
   sqlite3_bind_int64(kept, 5, board.playedMs);
   sqlite3_bind_int(kept, 6, board.hints);
   sqlite3_bind_int(kept, 7, board.undos);
-  return Write({placed, started, kept});
+  if (known) return Write({kept});
+  placed_ = {};
+  if (!Write({placed, started, kept})) return false;
+  placed_ = place;
+  return true;
 }
 
 std::optional<KeptBoard> PlayerStore::Kept(const std::string& key, int rows, int cols) {
@@ -373,6 +382,7 @@ std::optional<KeptBoard> PlayerStore::Kept(const std::string& key, int rows, int
 }
 
 bool PlayerStore::Forget(const std::string& key) {
+  placed_ = {};
   sqlite3_stmt* dropped = Prepare(kDropBoard);
   sqlite3_stmt* renewed = Prepare(kBackToNew);
   if (!dropped || !renewed) return false;
@@ -382,6 +392,7 @@ bool PlayerStore::Forget(const std::string& key) {
 }
 
 bool PlayerStore::Finish(const PuzzlePlace& place, long long playedMs, int hints, int undos) {
+  placed_ = {};
   sqlite3_stmt* placed = Prepare(kPlace);
   sqlite3_stmt* finished = Prepare(kFinish);
   if (!placed || !finished) return false;
@@ -394,6 +405,7 @@ bool PlayerStore::Finish(const PuzzlePlace& place, long long playedMs, int hints
 }
 
 bool PlayerStore::MarkShown(const PuzzlePlace& place) {
+  placed_ = {};
   sqlite3_stmt* placed = Prepare(kPlace);
   sqlite3_stmt* shown = Prepare(kShown);
   if (!placed || !shown) return false;

@@ -30,6 +30,7 @@ struct PuzzlePlace {
   std::string file;   // absolute, links resolved
   int number = 0;     // its record number there
   std::string level;  // LevelOfPuzzle: "Easy", "Hard", "VHard"
+  bool operator==(const PuzzlePlace&) const = default;
 };
 
 // The board left behind, as the player can take it up again.
@@ -115,6 +116,9 @@ class PlayerStore {
   bool problemTaken_ = false;
   sqlite3* db_ = nullptr;
   std::vector<sqlite3_stmt*> statements_;
+  // The place the last Keep wrote, in progress or further: a move on the
+  // same puzzle writes its board alone.
+  PuzzlePlace placed_;
 };
 
 // `file` absolute with its links resolved, as the store names files.

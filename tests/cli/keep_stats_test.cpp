@@ -41,11 +41,12 @@ TEST(CliKeep, PlayKeepsAndRestoresBoardsAndStatsCountsThem) {
     args.push_back(n);
     return RunCli(args, script).out;
   };
-  EXPECT_EQ(play("1", Finish(file, 1, 61000) + Finish(file, 2, 3000) + Finish(file, 3, 1000) +
-                          Finish(file, 21, 2000) + "outcome\ngoto 42\nautosolve\ngoto 41\nclock 5000\n" + Place(file, 41, 0) +
-                          Place(file, 41, 1) + "undo\nnext\nprevious\noutcome\n"),
-            "message: Done\nmessage: Done\nmessage: Done\nmessage: Done\noutcome: finished, clock 0:02, hints "
-            "0, undos 0\nmessage: Done\noutcome: in progress, clock 0:05, hints 0, undos 1\n");
+  EXPECT_EQ(
+      play("1", Finish(file, 1, 61000) + Finish(file, 2, 3000) + Finish(file, 3, 1000) +
+                    Finish(file, 21, 2000) + "outcome\ngoto 42\nautosolve\ngoto 41\nclock 5000\n" +
+                    Place(file, 41, 0) + Place(file, 41, 1) + "undo\nnext\nprevious\noutcome\n"),
+      "message: Done\nmessage: Done\nmessage: Done\nmessage: Done\noutcome: finished, clock 0:02, hints "
+      "0, undos 0\nmessage: Done\noutcome: in progress, clock 0:05, hints 0, undos 1\n");
   EXPECT_EQ(play("41", "board\nreset\noutcome\nclock 1\n"),
             "qWMf@@\\\n[n@A@tk\np@@Xg@J\nFa@@@L@\nh@^Qs@H\n@]@r@b@\nV@@EZ@d\n"
             "confirm: Reset puzzle from file?\noutcome: new, clock 0:00, hints 0, undos 0\n");
@@ -53,7 +54,8 @@ TEST(CliKeep, PlayKeepsAndRestoresBoardsAndStatsCountsThem) {
             "error: unknown command: clock\nerror: unknown command: outcome\n");
   const std::string figures = "finished: 4\nin progress: 0\nshown: 1\n";
   EXPECT_EQ(test::CodeAndOutput({"stats", "--folder", dir.path()}),
-            "0:" + figures + "Easy: finished 3, best 0:01, median 0:03\nHard: finished 1, best 0:02, median 0:02\n");
+            "0:" + figures +
+                "Easy: finished 3, best 0:01, median 0:03\nHard: finished 1, best 0:02, median 0:02\n");
   EXPECT_EQ(test::CodeAndOutput({"stats", other, "--folder", dir.path()}),
             "0:finished: 0\nin progress: 0\nshown: 0\n");
   dir.Write("velmora.db", "damaged");

@@ -36,8 +36,8 @@ int RunStats(const std::vector<std::string>& args) {
   // A store that is not there yet has no figures; it is not made for them.
   PlayerStore store(SetUpProgramFolders(folder, ExecutableFolder()).app, PlayerStore::Access::kRead);
   const StoreFigures f = store.Figures(file.empty() ? file : StoreFileName(file));
-  if (!store.Problem().empty()) {
-    std::fprintf(stderr, "velmora-cli stats: %s\n", store.Problem().c_str());
+  if (!store.Reason().empty()) {
+    std::fprintf(stderr, "velmora-cli stats: %s\n", store.Reason().c_str());
     return 1;
   }
   std::printf("finished: %d\nin progress: %d\nshown: %d\n", f.finished, f.inProgress, f.shown);

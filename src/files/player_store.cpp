@@ -208,10 +208,12 @@ PlayerStore::~PlayerStore() {
   sqlite3_close(db_);
 }
 
+std::string PlayerStore::Problem() const { return reason_.empty() ? reason_ : kProblemStart + reason_; }
+
 std::string PlayerStore::TakeProblem() {
   if (problemTaken_) return {};
-  problemTaken_ = !problem_.empty();
-  return problem_;
+  problemTaken_ = !reason_.empty();
+  return Problem();
 }
 
 bool PlayerStore::Open(Access access) {
@@ -219,7 +221,7 @@ bool PlayerStore::Open(Access access) {
   bool plain = PlainOrMissing(path_);
   for (const char* companion : kCompanions) plain = plain && PlainOrMissing(path_ + companion);
   if (!plain) {
-    problem_ = kProblemStart + path_ + " is not a plain file.";
+    reason_ = path_ + " is not a plain file.";
     return false;
   }
   // A file that is no SQLite file goes aside before SQLite touches its companions.
@@ -250,7 +252,7 @@ bool PlayerStore::SetUp() {
   if (version < 0) return Fail(rc);
   if (version > kSchemaVersion) {
     Exec("ROLLBACK");
-    problem_ = kProblemStart + path_ + " was written by a newer version of Velmora.";
+    reason_ = path_ + " was written by a newer version of Velmora.";
     sqlite3_close(db_);
     db_ = nullptr;
     return false;
@@ -284,7 +286,7 @@ bool PlayerStore::Fail(int code) {
   sqlite3_close(db_);
   db_ = nullptr;
   if (!why.empty()) {
-    problem_ = kProblemStart + path_ + why;
+    reason_ = path_ + why;
     return false;
   }
   // Damaged: moved aside with its companions under the first free number.
@@ -292,10 +294,10 @@ bool PlayerStore::Fail(int code) {
     const std::string aside = path_ + ".damaged-" + std::to_string(n);
     if (!Missing(aside) || !MoveAside(path_, aside)) continue;
     for (const char* companion : kCompanions) MoveAside(path_ + companion, aside + companion);
-    problem_ = kProblemStart + path_ + " was damaged; it was moved aside as " + aside + ".";
+    reason_ = path_ + " was damaged; it was moved aside as " + aside + ".";
     return false;
   }
-  problem_ = kProblemStart + path_ + " is damaged.";
+  reason_ = path_ + " is damaged.";
   return false;
 }
 

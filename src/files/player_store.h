@@ -83,8 +83,11 @@ class PlayerStore {
   PlayerStore& operator=(const PlayerStore&) = delete;
 
   bool IsOpen() const { return db_ != nullptr; }
-  // Why the store is closed; "" while it works or was never there (kRead).
-  const std::string& Problem() const { return problem_; }
+  // Why the store is closed, in the program's words ("Unfinished boards
+  // cannot be kept this session: ..."); "" while it works or was never there
+  // (kRead). Reason() is the part after the colon.
+  std::string Problem() const;
+  const std::string& Reason() const { return reason_; }
   // The problem the first time it is asked for, then "".
   std::string TakeProblem();
 
@@ -112,7 +115,7 @@ class PlayerStore {
   bool Write(const std::vector<sqlite3_stmt*>& steps);
 
   std::string path_;
-  std::string problem_;
+  std::string reason_;
   bool problemTaken_ = false;
   sqlite3* db_ = nullptr;
   std::vector<sqlite3_stmt*> statements_;

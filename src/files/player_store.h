@@ -106,7 +106,6 @@ class PlayerStore {
   StoreFigures Figures(const std::string& file = {});
 
  private:
-  struct Statement;
   bool Open(Access access);
   bool SetUp();
   bool Fail(int code);

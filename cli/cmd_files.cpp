@@ -32,6 +32,13 @@ bool Goto(PlaySession& session, const std::vector<std::string>& args) {
   return true;
 }
 
+// Puzzle > Reset, which tells the keeper that it forgets the kept board.
+bool Reset(PlaySession& session, const std::vector<std::string>&) {
+  session.ran = KeeperEvent::kReset;
+  mnupuzreset(session.state, session.ui);
+  return true;
+}
+
 bool State(PlaySession& session, const std::vector<std::string>&) {
   const GameState& s = session.state;
   Print(session, "file: " + s.session.CurrentPuzzleFile +
@@ -47,7 +54,7 @@ const PlayCommandRegistration kCommands({
     {"last", "", 0, Arrow<kArrowNext, kRightButton>},
     {"random", "", 0, Arrow<kArrowRandom, kLeftButton>},
     {"goto", "N", kOptionalRestOfLine, Goto},
-    {"reset", "", 0, Call<mnupuzreset>},
+    {"reset", "", 0, Reset},
     {"append", "", 0, Call<mnuappend>},
     {"delete", "", 0, Call<mnudelete>},
     {"save", "NAME", kOptionalRestOfLine, WithFileName<mnusaveassli>},

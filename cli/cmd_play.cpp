@@ -1,11 +1,15 @@
 // velmora-cli play: a scripted game on one record; the board, suit-panel
 // and solve commands of the script.
 #include <cstdio>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "app/app_folder.h"
 #include "board/geometry.h"
+#include "board/keeping.h"
 #include "board/play.h"
+#include "files/player_store.h"
 #include "model/commands.h"
 #include "play_script.h"
 #include "record.h"
@@ -16,8 +20,10 @@ namespace {
 
 int RunPlay(const std::vector<std::string>& args);
 
-const Subcommand kPlay{"play", "play [--no] FILE N",
-                       "load record N, then run the play commands read from standard input (--no answers No)",
+const Subcommand kPlay{"play", "play [--no] [--keep [--folder DIR]] FILE N",
+                       "load record N, then run the play commands read from standard input (--no answers No; "
+                       "--keep keeps and restores boards in the program folder's velmora.db as the desktop "
+                       "program does)",
                        40, RunPlay};
 const Registration kPlayReg(kPlay);
 
@@ -58,6 +64,31 @@ bool Move(PlaySession& session, const std::vector<std::string>& args) {
   return true;
 }
 
+// The commands of --keep; without it they are as unknown as before.
+bool WithoutKeeper(PlaySession& session, const char* name) {
+  if (session.keeper) return false;
+  Print(session, std::string("error: unknown command: ") + name + "\n");
+  return true;
+}
+
+// The play clock runs MS milliseconds on, unless the puzzle is finished.
+bool Clock(PlaySession& session, const std::vector<std::string>& args) {
+  if (WithoutKeeper(session, "clock")) return true;
+  int ms = 0;
+  if (!ParseArg(args[0], ms) || ms < 0) return false;
+  if (session.keeper->Status().outcome != PuzzleOutcome::kFinished) session.clockMs += ms;
+  return true;
+}
+
+bool Outcome(PlaySession& session, const std::vector<std::string>&) {
+  if (WithoutKeeper(session, "outcome")) return true;
+  const BoardKeeper& k = *session.keeper;
+  Print(session, std::string("outcome: ") + OutcomeText(k.Status().outcome) + ", clock " +
+                     ClockText(session.clockMs) + ", hints " + std::to_string(k.Hints()) + ", undos " +
+                     std::to_string(k.Undos()) + "\n");
+  return true;
+}
+
 bool Board(PlaySession& session, const std::vector<std::string>&) {
   Print(session, BoardText(session.state));
   return true;
@@ -87,23 +118,59 @@ const PlayCommandRegistration kCommands({
     {"checksolution", "", 0, Call<Command6>},
     {"board", "", 0, Board},
     {"remain", "", 0, Remain},
+    {"clock", "MS", 1, Clock},
+    {"outcome", "", 0, Outcome},
 });
 
-int RunPlay(const std::vector<std::string>& allArgs) {
-  GameState state;
-  ScriptUserInterface ui(stdout);
-  std::vector<std::string> args;
-  for (const std::string& a : allArgs) {
-    if (a == "--no") {
-      ui.AnswerNo(true);
+struct PlayArgs {
+  std::vector<std::string> fileAndNumber;
+  bool no = false, keep = false;
+  std::string folder;
+};
+
+// Empty on success, else what was wrong.
+std::string Parse(const std::vector<std::string>& args, PlayArgs& out) {
+  bool hasFolder = false;
+  for (size_t i = 0; i < args.size(); ++i) {
+    if (args[i] == "--no") {
+      out.no = true;
+    } else if (args[i] == "--keep") {
+      out.keep = true;
+    } else if (args[i] == "--folder") {
+      if (i + 1 == args.size()) return "--folder needs a value";
+      out.folder = args[++i];
+      hasFolder = true;
     } else {
-      args.push_back(a);
+      out.fileAndNumber.push_back(args[i]);
     }
   }
-  if (const int failed = LoadRecordArgs(kPlay, args, state, ui); failed != 0) return failed;
+  return hasFolder && !out.keep ? "--folder goes with --keep" : "";
+}
+
+int RunPlay(const std::vector<std::string>& allArgs) {
+  PlayArgs a;
+  if (const std::string wrong = Parse(allArgs, a); !wrong.empty()) return UsageError(kPlay, wrong);
+  GameState state;
+  ScriptUserInterface ui(stdout);
+  ui.AnswerNo(a.no);
+  std::optional<PlayerStore> store;
+  std::optional<BoardKeeper> keeper;
+  if (a.keep) {
+    // The folder and the store the desktop program would use.
+    state.session.AppFolder = SetUpProgramFolders(a.folder, ExecutableFolder()).app;
+    store.emplace(state.session.AppFolder);
+    keeper.emplace(*store);
+    keeper->Before(state);
+  }
+  if (const int failed = LoadRecordArgs(kPlay, a.fileAndNumber, state, ui); failed != 0) return failed;
   // The loaded file is the current puzzle file, as after start-up.
-  state.session.CurrentPuzzleFile = args[0];
-  PlaySession session{state, ui, stdout, args[0]};
+  state.session.CurrentPuzzleFile = a.fileAndNumber[0];
+  PlaySession session{state, ui, stdout, a.fileAndNumber[0]};
+  if (keeper) {
+    keeper->After(state, ui, 0);
+    session.keeper = &*keeper;
+    session.clockMs = keeper->PlayedMs();
+  }
   return RunPlayScript(session, stdin) ? 0 : 1;
 }
 

@@ -75,9 +75,16 @@ PlayCommandRegistration::PlayCommandRegistration(std::initializer_list<PlayComma
 bool RunPlayScript(PlaySession& session, std::FILE* in) {
   std::string line;
   while (ReadLine(in, line)) {
+    if (session.keeper) session.keeper->Before(session.state);
+    session.ran = KeeperEvent::kCommand;
     RunLine(session, line);
+    if (session.keeper) {
+      session.keeper->After(session.state, session.ui, session.clockMs, session.ran);
+      session.clockMs = session.keeper->PlayedMs();
+    }
     std::fflush(session.out);
   }
+  if (session.keeper) session.keeper->Close(session.clockMs);
   if (line.size() < kMaxLineLength) return true;
   PrintError(session, FileErrorText(kLineTooLong));
   return false;

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "board/keeping.h"
 #include "model/game_state.h"
 #include "script_ui.h"
 
@@ -18,6 +19,11 @@ struct PlaySession {
   ScriptUserInterface& ui;
   std::FILE* out;
   std::string file;  // the FILE argument of play
+  // With --keep: the keeper run around every command, the play clock it
+  // keeps (moved on by the script), and what the command ran, when it says.
+  BoardKeeper* keeper = nullptr;
+  long long clockMs = 0;
+  KeeperEvent ran = KeeperEvent::kCommand;
 };
 
 // argCount: the exact number of blank-separated arguments, or

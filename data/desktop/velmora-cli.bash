@@ -2,7 +2,7 @@
 _velmora_cli() {
   local cur prev words cword
   _init_completion || return
-  local commands="count options solve check play generate transform sort scheme print"
+  local commands="count options solve check play stats generate transform sort scheme print"
   if [[ $cword -eq 1 ]]; then
     COMPREPLY=($(compgen -W "$commands --help" -- "$cur"))
     return
@@ -19,7 +19,8 @@ _velmora_cli() {
   esac
   local options=""
   case ${words[1]} in
-    play) options="--no" ;;
+    play) options="--no --keep --folder" ;;
+    stats) options="--folder" ;;
     generate) options="--count --level --title --seed --jobs" ;;
     transform) options="--level --seed" ;;
     sort) options="--by --order --renumber --seed" ;;

@@ -2,6 +2,8 @@
 // commands and dialog, and velmora-cli.
 #pragma once
 
+#include <string_view>
+
 namespace velmora {
 
 inline constexpr int kLevelEasy = 0;
@@ -39,6 +41,23 @@ constexpr const DifficultyLevel* FindLevel(int level) {
 constexpr const char* LevelName(int level) {
   const DifficultyLevel* row = FindLevel(level);
   return row ? row->name : "";
+}
+
+// Blanks of the base pattern on a 7x7 board, which every level starts from.
+inline constexpr int kBasePatternBlanks = 14;
+
+// The level a puzzle counts under in the player's figures: the first word of
+// its title when that names a level (the program titles what it makes so),
+// else the first level whose blanks hold `blanks`, the puzzle's blank count.
+constexpr const char* LevelOfPuzzle(std::string_view title, int blanks) {
+  const std::string_view word = title.substr(0, title.find(' '));
+  for (const DifficultyLevel& row : kLevels) {
+    if (*row.name != 0 && word == row.name) return row.name;
+  }
+  for (const DifficultyLevel& row : kLevels) {
+    if (row.extraBlanks == kAsManyAsHold || blanks <= kBasePatternBlanks + row.extraBlanks) return row.name;
+  }
+  return kLevels[kLevelVHard].name;
 }
 
 }  // namespace velmora

@@ -157,6 +157,7 @@ bool LoadPuzzle(GameState& s, UserInterface& ui, const std::string& file, int n,
     EndHint(s.session.aids, s.view);
     s.session.aids.cursorRow = s.session.aids.cursorCol = 0;
     s.session.aids.pendingRank = 0;
+    ++s.session.LoadCount;
     ui.ControlsChanged();
     ui.SetBusy(false);
     return true;

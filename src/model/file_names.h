@@ -11,6 +11,8 @@ inline constexpr const char* kHelpPage = "velmora.htm";
 // program's further settings.
 inline constexpr const char* kConfigFileName = "velmora.cfg";
 inline constexpr const char* kSettingsFileName = "velmora.ini";
+// What the player did with each puzzle: kept boards, finishes (SQLite).
+inline constexpr const char* kStoreFileName = "velmora.db";
 
 // A scheme's name in all.col ends in this; the scheme a new folder starts with.
 inline constexpr const char* kSchemeExtension = ".col";

@@ -34,6 +34,9 @@ struct Session {
   std::string CurrentPuzzleFile;
   int CurrentPuzzleNumber = 0;
   int PuzzleCount = 0;
+  // Records loaded so far: tells a reload of the same puzzle (printing
+  // reloads it) from no load at all.
+  unsigned LoadCount = 0;
 
   std::deque<std::string> UndoList;  // newest first
   std::array<std::string, 1> GridBackups;

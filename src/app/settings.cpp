@@ -42,6 +42,7 @@ const Key kKeys[] = {
      }},
     Flag<&Settings::shadeFits>("Assist", "ShadeFits"),
     Flag<&Settings::markGivens>("Assist", "MarkGivens"),
+    Flag<&Settings::keepBoards>("Assist", "KeepBoards"),
 };
 
 std::string_view Trim(std::string_view text) {

@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "creation/levels.h"
+#include "files/puzzle_file.h"
 #include "model/check.h"
 #include "model/hint.h"
 #include "model/rules.h"
@@ -65,6 +66,19 @@ std::vector<PlayAids::Change> UndoChanges(const std::deque<std::string>& list) {
 
 }  // namespace
 
+int NextUnfinished(PlayerStore& store, const std::string& file, int current) {
+  const int count = CountPuzzles(file);
+  const int from = current >= 1 && current <= count ? current : 0;
+  Puzzle p;
+  RemainLists lists;
+  for (int step = 1; step <= count; ++step) {
+    const int n = (from + step - 1) % count + 1;
+    if (!ReadPuzzle(p, lists, file, n)) continue;
+    if (store.Status(PuzzleKey(p)).outcome != PuzzleOutcome::kFinished) return n;
+  }
+  return 0;
+}
+
 void BoardKeeper::Before(const GameState& s) {
   Noted& n = before_;
   n.loads = s.session.LoadCount;
@@ -98,18 +112,33 @@ void BoardKeeper::Close(long long playedMs) {
   storedMs_ = playedMs;
 }
 
-// Another puzzle is shown, or the same one again after a load.
-void BoardKeeper::Enter(GameState& s, UserInterface& ui, KeeperEvent ran) {
-  Puzzle& p = s.puzzle;
-  const std::string key = PuzzleKey(p);
-  const bool reset = ran == KeeperEvent::kReset && key == before_.key;
+// The shown puzzle becomes the one kept, with nothing of it known yet.
+void BoardKeeper::Place(const GameState& s) {
   active_ = s.session.CurrentPuzzleNumber > 0;
   kept_ = false;
   board_ = {};
   status_ = {};
   if (!active_) return;  // no puzzle loaded: nothing to keep
-  place_ = {key, StoreFileName(s.session.CurrentPuzzleFile), s.session.CurrentPuzzleNumber,
-            LevelOfPuzzle(s.view.PuzTitle, Blanks(p))};
+  place_ = {PuzzleKey(s.puzzle), StoreFileName(s.session.CurrentPuzzleFile), s.session.CurrentPuzzleNumber,
+            LevelOfPuzzle(s.view.PuzTitle, Blanks(s.puzzle))};
+}
+
+void BoardKeeper::Adopt(const GameState& s, long long playedMs) {
+  if (!store_.IsOpen()) return;
+  Place(s);
+  if (!active_) return;
+  status_ = store_.Status(place_.key);
+  board_.playedMs = playedMs;
+  KeepBoard(s);
+}
+
+// Another puzzle is shown, or the same one again after a load.
+void BoardKeeper::Enter(GameState& s, UserInterface& ui, KeeperEvent ran) {
+  Puzzle& p = s.puzzle;
+  const std::string key = PuzzleKey(p);
+  const bool reset = ran == KeeperEvent::kReset && key == before_.key;
+  Place(s);
+  if (!active_) return;
   std::optional<KeptBoard> kept = reset ? std::nullopt : store_.Kept(key, p.Rows, p.Cols);
   if (reset || (kept && !Fits(p, *kept))) {
     store_.Forget(key);

@@ -25,6 +25,10 @@ enum class KeeperEvent {
 // card ("Done") records a finish; AutoSolve, the solution filled in or shown
 // record "shown". The store's problem, if any, is shown once. With a closed
 // store nothing is kept or restored and the commands act as without keeping.
+// The first puzzle of `file` after `current`, going round to its start, that
+// is not finished; 0 when every one is (or none can be read).
+int NextUnfinished(PlayerStore& store, const std::string& file, int current);
+
 class BoardKeeper {
  public:
   explicit BoardKeeper(PlayerStore& store) : store_(store) {}
@@ -35,8 +39,13 @@ class BoardKeeper {
   void After(GameState& s, UserInterface& ui, long long playedMs, KeeperEvent ran = KeeperEvent::kCommand);
   // The program ends (Exit, the close box): the shown board keeps its clock.
   void Close(long long playedMs);
+  // Keeping starts on a board already in play (the option switched on): the
+  // shown puzzle is taken as it stands and kept, nothing is brought back.
+  void Adopt(const GameState& s, long long playedMs);
 
   long long PlayedMs() const { return board_.playedMs; }
+  // A loaded puzzle is shown, whose board is being kept.
+  bool Showing() const { return active_; }
   // The shown puzzle's outcome; a finished puzzle's clock stands still.
   const PuzzleStatus& Status() const { return status_; }
   int Hints() const { return board_.hints; }
@@ -56,6 +65,7 @@ class BoardKeeper {
   };
 
   void Enter(GameState& s, UserInterface& ui, KeeperEvent ran);
+  void Place(const GameState& s);
   void Played(GameState& s, long long playedMs, KeeperEvent ran);
   void KeepBoard(const GameState& s);
   void Outcome(PuzzleOutcome outcome, long long playedMs);

@@ -13,6 +13,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
+#include <QTimer>
 
 #include "app/app_commands.h"
 #include "app/startup.h"
@@ -57,7 +58,7 @@ Form1::~Form1() {
 
 void Form1::Run(const Command& command) {
   if (longCommand_) return;
-  command(s_, *this);
+  Kept([&] { command(s_, *this); });
   ControlsChanged();
 }
 
@@ -65,9 +66,11 @@ void Form1::RunLong(const Command& command) {
   if (longCommand_) return;
   longCommand_ = true;
   HoldControls(true);
-  command(s_, *this);
+  ClockFollows();
+  Kept([&] { command(s_, *this); });
   HoldControls(false);
   longCommand_ = false;
+  ClockFollows();
   ControlsChanged();
   if (closeAfterLong_) close();
 }
@@ -132,7 +135,9 @@ void Form1::PrintPreview() { printMenu_->Preview(s_); }
 int Form1::TransformLevel() const { return form3_ ? form3_->Values().level : kLevelRandom; }
 
 void Form1::StartUp(const std::string& appFolder) {
-  velmora::StartUp(s_, *this, appFolder, [this] { SetCol(); });
+  // Open before the first load, so that its kept board comes back with it.
+  OpenKeeping(FolderWithSlash(appFolder));
+  Kept([&] { velmora::StartUp(s_, *this, appFolder, [this] { SetCol(); }); });
   LoadAssist();
   ControlsChanged();
 }
@@ -174,6 +179,7 @@ void Form1::closeEvent(QCloseEvent* event) {
   }
   if (help_) help_->close();
   if (about_) about_->close();
+  if (keeper_) keeper_->Close(clock_.Ms());
   event->accept();
 }
 
@@ -314,6 +320,7 @@ void Form1::DrawCell(int rank, const std::string& suitLetter, int row, int col) 
 }
 
 void Form1::ShowSolutionOverlay() {
+  nextEvent_ = KeeperEvent::kSolutionShown;
   SetBoardColors();
   board_->ShowSolution();
 }

@@ -11,7 +11,9 @@
 #include <string>
 #include <vector>
 
+#include "app/ui/play_clock.h"
 #include "app/ui/timing_log.h"
+#include "board/keeping.h"
 #include "model/game_state.h"
 #include "model/user_interface.h"
 
@@ -23,6 +25,7 @@ class QLineEdit;
 class QListWidget;
 class QMenu;
 class QPushButton;
+class QTimer;
 
 namespace velmora {
 
@@ -74,6 +77,7 @@ class Form1 : public QMainWindow, public UserInterface {
  protected:
   // The close box ends the program without saving anything.
   void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   using Command = std::function<void(GameState&, UserInterface&)>;
@@ -163,6 +167,20 @@ class Form1 : public QMainWindow, public UserInterface {
   // Colour 2 of the current scheme, as the cells are filled with it.
   QColor CellColor() const;
 
+  // Keeping unfinished boards (form1_keeping.cpp). The store is opened in
+  // the program's folder when Assist > "Keep Unfinished Boards" is on.
+  void OpenKeeping(const std::string& appFolder);
+  // Runs `act` between the keeper's Before and After (once, however nested).
+  void Kept(const std::function<void()>& act);
+  void KeepBoardsToggled();
+  // The clock runs while the window is active and the shown puzzle unfinished.
+  void ClockFollows();
+  void ShowClock();
+  void ResetPuzzle();
+  void NextUnfinishedPuzzle();
+  void ShowStatistics();
+  QLabel* BuildClockLabel(QWidget* parent);
+
   GameState s_;
   BoardView* board_ = nullptr;
   std::array<QListWidget*, 4> remain_{};
@@ -196,6 +214,14 @@ class Form1 : public QMainWindow, public UserInterface {
   QPointer<Form4> help_;
   QPointer<QWidget> about_;
   QColor systemButtonFace_;
+  std::unique_ptr<PlayerStore> store_;
+  std::unique_ptr<BoardKeeper> keeper_;
+  KeeperEvent nextEvent_ = KeeperEvent::kCommand;  // what the running command did that the state cannot tell
+  bool inKept_ = false;
+  PlayClock clock_;
+  QTimer* clockTick_ = nullptr;
+  QLabel* playClock_ = nullptr;
+  QAction* keepBoards_ = nullptr;
   bool busy_ = false;
 
   TimingLog timing_;

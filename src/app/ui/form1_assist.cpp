@@ -18,6 +18,7 @@ void Form1::BuildAssist() {
   redo_->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
   shadeFits_->setCheckable(true);
   markGivens_->setCheckable(true);
+  keepBoards_->setCheckable(true);
   auto* undo = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z), this);
   connect(undo, &QShortcut::activated, undoEdit_, [this] {
     if (undoEdit_->isEnabled()) undoEdit_->click();
@@ -31,6 +32,8 @@ void Form1::LoadAssist() {
   const Settings saved = LoadSettings(s_.session.AppFolder);
   shadeFits_->setChecked(saved.shadeFits);
   markGivens_->setChecked(saved.markGivens);
+  keepBoards_->setChecked(saved.keepBoards);
+  ClockFollows();
   if (markGivens_->isChecked()) DrawBoard();
 }
 
@@ -71,12 +74,12 @@ bool Form1::AssistKey(QKeyEvent* event) {
       break;
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
-      ClearAtCursor(s_, *this);
+      Kept([this] { ClearAtCursor(s_, *this); });
       break;
     default: {
       const QString text = event->text();
       if (text.size() != 1 || !text[0].isLetterOrNumber()) return false;
-      TypeLetter(s_, *this, text[0].toLatin1());
+      Kept([&] { TypeLetter(s_, *this, text[0].toLatin1()); });
     }
   }
   ControlsChanged();

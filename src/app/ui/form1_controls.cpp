@@ -94,7 +94,7 @@ void Form1::BuildBoard(QWidget* parent) {
     if (longCommand_) return;
     timing_.ClickStarted();
     const int drawsBefore = cellDraws_;
-    Picture1MouseUp(s_, *this, button, x, y);
+    Kept([&] { Picture1MouseUp(s_, *this, button, x, y); });
     ControlsChanged();
     timing_.ClickHandled(cellDraws_ != drawsBefore);
   };
@@ -165,6 +165,7 @@ QLayout* Form1::BuildStatusLine(QWidget* parent) {
     l->setFixedWidth(fm.horizontalAdvance(QStringLiteral("00")) + 12);
   }
   bottom->addWidget(pb_, 1);
+  bottom->addWidget(BuildClockLabel(parent));
   bottom->addWidget(new QLabel(tr("Row"), parent));
   bottom->addWidget(label3_);
   bottom->addWidget(new QLabel(tr("Col"), parent));

@@ -35,11 +35,17 @@ void PagePainter::Guarded(Draw draw) {
   }
 }
 
-int PagePainter::RightEdge() const {
-  constexpr int kUnprintable = 360;  // a quarter inch, more than most printers leave
-  const int dpi = std::max(1, device_.logicalDpiX());
-  return static_cast<int>(static_cast<long long>(device_.width()) * 1440 / dpi) - kUnprintable;
+namespace {
+constexpr int kUnprintable = 360;  // a quarter inch, more than most printers leave
+
+int EdgeTwips(int pixels, int dpi) {
+  return static_cast<int>(static_cast<long long>(pixels) * 1440 / std::max(1, dpi)) - kUnprintable;
 }
+}  // namespace
+
+int PagePainter::RightEdge() const { return EdgeTwips(device_.width(), device_.logicalDpiX()); }
+
+int PagePainter::BottomEdge() const { return EdgeTwips(device_.height(), device_.logicalDpiY()); }
 
 bool PagePainter::End() {
   Guarded([this] {

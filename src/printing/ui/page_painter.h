@@ -28,6 +28,7 @@ class PagePainter : public PrintSurface {
   void Symbol(int suit, int x, int y, int size) override;
   void NewPage() override { newPage_ = pages_ > 0; }
   int RightEdge() const override;
+  int BottomEdge() const override;
 
   // Ends the painting; false when the device refused it or memory ran out.
   bool End();

@@ -80,17 +80,20 @@ void BookCell(const Puzzle& p, PrintSurface& s, int v, int x, int y, int cell) {
   // The board's own proportions: the symbol top left, the rank below right.
   s.Symbol(suit - 1, x + cell * 60 / kCellSize, y + cell * 50 / kCellSize,
            cell * kPrintSymbolSize / kCellSize);
-  s.Text(x + cell * 560 / kCellSize, y + cell * 500 / kCellSize, std::max(6, 14 * cell / kCellSize),
-         true, RankLetter(rank));
+  s.Text(x + cell * 560 / kCellSize, y + cell * 500 / kCellSize, std::max(6, 14 * cell / kCellSize), true,
+         RankLetter(rank));
 }
 
 // One slot: the heading, the grid centred under it, the Not used line.
-void PrintSlot(const Puzzle& p, PrintSurface& s, const Area& slot, const std::string& heading, PageKind kind) {
+void PrintSlot(const Puzzle& p, PrintSurface& s, const Area& slot, const std::string& heading,
+               PageKind kind) {
   const int rows = std::max(1, LoopRows(p)), cols = std::max(1, LoopCols(p));
   const int width = slot.right - slot.left;
-  const int cell = std::min({kMaxCell, width / cols, (slot.bottom - slot.top - 2 * kLineHeight - 100) / rows});
-  s.Text(slot.left, slot.top, kHeadingPoints, true, Cut(heading, CharsThatFit(width, kHeadingPoints)));
+  const int cell =
+      std::min({kMaxCell, width / cols, (slot.bottom - slot.top - 2 * kLineHeight - 100) / rows});
+  // The heading starts where the grid does.
   const int x = slot.left + (width - cell * cols) / 2;
+  s.Text(x, slot.top, kHeadingPoints, true, Cut(heading, CharsThatFit(slot.right - x, kHeadingPoints)));
   PrintBookGrid(p, s, {x, slot.top + kLineHeight}, cell, slot.right - x, kind);
 }
 
@@ -116,7 +119,8 @@ void PrintCover(const BookChoice& c, const BookContents& contents, PrintSurface&
   for (const std::string& level : contents.levels) levels += (levels.empty() ? "" : ", ") + level;
   if (!levels.empty())
     s.Text(a.left, y + 1200, 14, false,
-           Cut((contents.levels.size() == 1 ? "Level: " : "Levels: ") + levels, CharsThatFit(a.right - a.left, 14)));
+           Cut((contents.levels.size() == 1 ? "Level: " : "Levels: ") + levels,
+               CharsThatFit(a.right - a.left, 14)));
   if (c.answers) s.Text(a.left, y + 1800, 12, false, "Answers at the back");
 }
 
@@ -193,8 +197,8 @@ std::string NotUsedLine(const Puzzle& p) {
 
 std::string LeftOutText(int unreadable) {
   if (unreadable <= 0) return "";
-  return NumText(unreadable) +
-         (unreadable == 1 ? " record could not be read and was left out" : " records could not be read and were left out");
+  return NumText(unreadable) + (unreadable == 1 ? " record could not be read and was left out"
+                                                : " records could not be read and were left out");
 }
 
 }  // namespace velmora

@@ -24,7 +24,9 @@ struct BookPage : PrintSurface {
   void NewPage() override { pages.emplace_back(); }
   int RightEdge() const override { return right; }
   int BottomEdge() const override { return bottom; }
-  void Inside(int x1, int y1, int x2, int y2) { outside += x1 < 360 || y1 < 360 || x2 > right || y2 > bottom; }
+  void Inside(int x1, int y1, int x2, int y2) {
+    outside += x1 < 360 || y1 < 360 || x2 > right || y2 > bottom;
+  }
   std::vector<Strings> pages{1};
   int right, bottom, outside = 0;
 };
@@ -50,7 +52,8 @@ TEST(Book, PagesInOrderWithHeadingsNotUsedLinesAndNumbers) {
   ASSERT_TRUE(PrintBook(c, contents, book));
   ASSERT_EQ(static_cast<int>(book.pages.size()), BookPages(c, 4));
   EXPECT_EQ(book.pages[0], (Strings{"1", "My Book", "4 puzzles", "Level: VHard", "Answers at the back"}));
-  EXPECT_EQ(Strings(book.pages[1].begin(), book.pages[1].begin() + 3), (Strings{"My Book", "2", "Puzzle 1: T1"}));
+  EXPECT_EQ(Strings(book.pages[1].begin(), book.pages[1].begin() + 3),
+            (Strings{"My Book", "2", "Puzzle 1: T1"}));
   // These records' solutions hold seven cards: the rest are not used.
   EXPECT_EQ(Starting(book.pages[1], "Not used: ").size(), 2u);
   EXPECT_TRUE(book.pages[1][3].starts_with("Not used: 2C 3S 3H"));

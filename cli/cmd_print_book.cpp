@@ -22,12 +22,13 @@ namespace {
 
 int RunBook(const std::vector<std::string>& args);
 
-const Subcommand kBook{"book",
-                       "book FILE --pdf OUT.pdf [--from A] [--to B] [--per-page 1|2|4|6] [--answers back|none] "
-                       "[--answers-per-page K] [--title TEXT] [--paper a4|letter]",
-                       "write records A..B of FILE as a puzzle book to a PDF file: a cover with --title, the "
-                       "puzzles, the answers at the back",
-                       81, RunBook};
+const Subcommand kBook{
+    "book",
+    "book FILE --pdf OUT.pdf [--from A] [--to B] [--per-page 1|2|4|6] [--answers back|none] "
+    "[--answers-per-page K] [--title TEXT] [--paper a4|letter]",
+    "write records A..B of FILE as a puzzle book to a PDF file: a cover with --title, the "
+    "puzzles, the answers at the back",
+    81, RunBook};
 const Registration kBookReg(kBook);
 
 struct BookArgs {
@@ -36,8 +37,8 @@ struct BookArgs {
 };
 
 bool IsValueOption(const std::string& arg) {
-  for (const char* o : {"--pdf", "--from", "--to", "--per-page", "--answers", "--answers-per-page", "--title",
-                        "--paper"})
+  for (const char* o :
+       {"--pdf", "--from", "--to", "--per-page", "--answers", "--answers-per-page", "--title", "--paper"})
     if (arg == o) return true;
   return false;
 }
@@ -81,7 +82,8 @@ int Failure(const std::string& text) {
   return 1;
 }
 
-int Write(const BookChoice& c, const BookContents& contents, const std::string& pdf, const std::string& paper) {
+int Write(const BookChoice& c, const BookContents& contents, const std::string& pdf,
+          const std::string& paper) {
   const auto app = PageApplication();
   SuitStrip strip;
   PdfJob job(QPageSize(paper == "letter" ? QPageSize::Letter : QPageSize::A4), strip);
@@ -108,7 +110,8 @@ int RunBook(const std::vector<std::string>& args) {
   PrintedMessages ui(PrintedMessages::LineBreaks::kKept);
   const std::optional<PrintFileChoice> range = Form5Answer(ui, a.file, a.from, a.to, false, 1);
   if (!range) return 1;
-  if (range->first > range->last) return Failure("nothing to print: --from " + a.from + " comes after --to " + a.to);
+  if (range->first > range->last)
+    return Failure("nothing to print: --from " + a.from + " comes after --to " + a.to);
   const BookChoice c{a.file,
                      range->first,
                      range->last,

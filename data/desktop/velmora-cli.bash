@@ -2,7 +2,7 @@
 _velmora_cli() {
   local cur prev words cword
   _init_completion || return
-  local commands="count options solve check play stats generate transform sort scheme print book"
+  local commands="count options solve check play stats generate transform sort scheme print book export"
   if [[ $cword -eq 1 ]]; then
     COMPREPLY=($(compgen -W "$commands --help" -- "$cur"))
     return
@@ -17,7 +17,9 @@ _velmora_cli() {
     --answers) COMPREPLY=($(compgen -W "back none" -- "$cur")); return ;;
     --folder) _filedir -d; return ;;
     --pdf) _filedir pdf; return ;;
-    --count|--title|--seed|--jobs|--renumber|--from|--to|--current|--background|--answers-per-page) return ;;
+    --svg) _filedir svg; return ;;
+    --png) _filedir png; return ;;
+    --count|--title|--seed|--jobs|--renumber|--from|--to|--current|--background|--answers-per-page|--size) return ;;
   esac
   local options=""
   case ${words[1]} in
@@ -33,6 +35,7 @@ _velmora_cli() {
       fi ;;
     print) options="--pdf --from --to --solutions --paper --current --what" ;;
     book) options="--pdf --from --to --per-page --answers --answers-per-page --title --paper" ;;
+    export) options="--svg --png --solution --size" ;;
   esac
   if [[ $cur == -* ]]; then
     COMPREPLY=($(compgen -W "$options --help" -- "$cur"))

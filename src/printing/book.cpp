@@ -22,6 +22,7 @@ constexpr int kHeadingPoints = 10;
 constexpr int kLinePoints = 10;
 constexpr int kLineHeight = 300;
 constexpr int kMaxCell = 1200;
+constexpr int kImageMargin = 200;
 
 // The printing face's widest letters in bold are about two thirds of its size:
 // texts are cut or wrapped at that many, as the core cannot measure them.
@@ -185,6 +186,15 @@ bool PrintBook(const BookChoice& c, const BookContents& contents, PrintSurface& 
     }
   }
   return true;
+}
+
+PageOrigin PuzzleImageExtent(const Puzzle& p) {
+  return {2 * kImageMargin + std::max(1, LoopCols(p)) * kCellSize,
+          2 * kImageMargin + std::max(1, LoopRows(p)) * kCellSize + 100 + kLineHeight};
+}
+
+void PrintPuzzleImage(const Puzzle& p, PrintSurface& s, PageKind kind) {
+  PrintBookGrid(p, s, {kImageMargin, kImageMargin}, kCellSize, PuzzleImageExtent(p).x - kImageMargin, kind);
 }
 
 std::string NotUsedLine(const Puzzle& p) {

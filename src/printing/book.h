@@ -54,4 +54,10 @@ std::string LeftOutText(int unreadable);
 // damaged deck has more than three cards to list). Returns the bottom of the marks.
 int PrintBookGrid(const Puzzle& p, PrintSurface& s, PageOrigin at, int cell, int width, PageKind kind);
 
+// One puzzle or its solution alone, as an image for publishing: the grid at
+// the board's cell size with a margin, and its Not used line. The extent is
+// the image's size in twips.
+PageOrigin PuzzleImageExtent(const Puzzle& p);
+void PrintPuzzleImage(const Puzzle& p, PrintSurface& s, PageKind kind);
+
 }  // namespace velmora

@@ -20,7 +20,9 @@ TEST(CliBook, PageCountsMessagesAndRefusals) {
     std::string out;
     std::vector<std::string> shown;  // by pdfinfo and pdftotext; none: no file written
   } cases[] = {
-      {{sample}, "0:Done: 3 puzzles, 2 pages\n", {"Pages:           2", "Puzzle 3: Sample 3", "Not used: 2D TH KH"}},
+      {{sample},
+       "0:Done: 3 puzzles, 2 pages\n",
+       {"Pages:           2", "Puzzle 3: Sample 3", "Not used: 2D TH KH"}},
       {{sample, "--per-page", "1", "--answers-per-page", "2", "--title", "Cards"},
        "0:Done: 3 puzzles, 6 pages\n",
        {"Pages:           6", "3 puzzles", "Level: Easy"}},
@@ -52,7 +54,8 @@ TEST(CliBook, PageCountsMessagesAndRefusals) {
   EXPECT_EQ(test::CodeAndOutput({"book", sample, "--pdf", lost}), "1:Error writing file: " + lost + "\n");
   std::filesystem::create_symlink(sample, dir.File("link.pdf"));
   const auto same = test::RunCli({"book", sample, "--pdf", dir.File("link.pdf")});
-  EXPECT_EQ(std::to_string(same.exitCode) + same.err, "1velmora-cli book: Input and output files cannot be same\n");
+  EXPECT_EQ(std::to_string(same.exitCode) + same.err,
+            "1velmora-cli book: Input and output files cannot be same\n");
 }
 
 }  // namespace

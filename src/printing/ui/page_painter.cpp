@@ -4,6 +4,7 @@
 #include <QPagedPaintDevice>
 
 #include "files/text_file.h"
+#include "model/cards.h"
 
 namespace velmora {
 
@@ -87,6 +88,15 @@ void PagePainter::Symbol(int suit, int x, int y, int size) {
 void PagePainter::DrawSymbol(int suit, int x, int y, int size) {
   QPainter* painter = Mark();
   if (!painter) return;
+  if (symbolsAsText_) {
+    static const char16_t kSuitCharacters[] = u"\u2660\u2665\u2666\u2663";
+    const SuitColor c = ColorOfSuit(std::clamp(suit, 0, 3) + 1);
+    painter->setPen(QColor(c.red, c.green, c.blue));
+    painter->setFont(TwipsFont(size, false));
+    painter->drawText(QRectF(x, y, size, size), Qt::AlignCenter,
+                      QString(QChar(kSuitCharacters[std::clamp(suit, 0, 3)])));
+    return;
+  }
   // The strip keeps each size it scaled, so every page reuses one image per suit.
   velmora::DrawSymbol(*painter, strip_, suit, QRectF(x, y, size, size), SymbolCopy::kPlain);
 }

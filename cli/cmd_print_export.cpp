@@ -17,10 +17,11 @@ namespace {
 
 int RunExport(const std::vector<std::string>& args);
 
-const Subcommand kExport{"export", "export FILE N --svg OUT.svg | --png OUT.png [--solution] [--size PX]",
-                         "write record N of FILE (or with --solution its solution) with its Not used line as an "
-                         "SVG or PNG image PX pixels wide (default 1000)",
-                         82, RunExport};
+const Subcommand kExport{
+    "export", "export FILE N --svg OUT.svg | --png OUT.png [--solution] [--size PX]",
+    "write record N of FILE (or with --solution its solution) with its Not used line as an "
+    "SVG or PNG image PX pixels wide (default 1000)",
+    82, RunExport};
 const Registration kExportReg(kExport);
 
 struct ExportArgs {

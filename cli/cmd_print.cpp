@@ -1,14 +1,13 @@
 // velmora-cli print: the printed pages of a puzzle file, or of one record as
 // the Current commands print it, written to a PDF file.
-#include <QGuiApplication>
 #include <QPageSize>
 #include <cstdio>
-#include <cstdlib>  // setenv
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "cmd_print_app.h"
 #include "files/puzzle_file.h"
 #include "files/text_file.h"
 #include "model/text.h"
@@ -96,21 +95,6 @@ std::string Parse(const std::vector<std::string>& args, PrintArgs& a) {
     return "--what is puzzle, solution or both";
   if (a.current && a.range) return "--current prints one record; --from, --to and --solutions print a range";
   return "";
-}
-
-// Qt draws the pages, always offscreen: a command-line run opens no window and
-// must not depend on a display being there.
-std::unique_ptr<QGuiApplication> PageApplication() {
-  ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  // Qt's notes about its surroundings (no XDG_RUNTIME_DIR under cron or root)
-  // are no concern of a command that succeeds; its errors still show.
-  qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
-    if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
-  });
-  static int argc = 1;
-  static char name[] = "velmora-cli";
-  static char* argv[] = {name, nullptr};
-  return std::make_unique<QGuiApplication>(argc, argv);
 }
 
 int Failure(const std::string& text) {

@@ -74,5 +74,5 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Qt finds its window-system plugins at run time; no linked library names them.
 # SQLite keeps the player's store; shlibdeps finds the library, this names the
 # version whose features it uses (SQLITE_OPEN_NOFOLLOW came with 3.31).
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins, libsqlite3-0 (>= 3.31)")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins, libqt6svg6, libsqlite3-0 (>= 3.31)")
 include(CPack)

@@ -2,7 +2,7 @@
 _velmora_cli() {
   local cur prev words cword
   _init_completion || return
-  local commands="count options solve check play stats generate transform sort scheme print"
+  local commands="count options solve check play stats generate transform sort scheme print book export"
   if [[ $cword -eq 1 ]]; then
     COMPREPLY=($(compgen -W "$commands --help" -- "$cur"))
     return
@@ -13,9 +13,13 @@ _velmora_cli() {
     --order) COMPREPLY=($(compgen -W "asc desc random" -- "$cur")); return ;;
     --paper) COMPREPLY=($(compgen -W "a4 letter" -- "$cur")); return ;;
     --what) COMPREPLY=($(compgen -W "puzzle solution both" -- "$cur")); return ;;
+    --per-page) COMPREPLY=($(compgen -W "1 2 4 6" -- "$cur")); return ;;
+    --answers) COMPREPLY=($(compgen -W "back none" -- "$cur")); return ;;
     --folder) _filedir -d; return ;;
     --pdf) _filedir pdf; return ;;
-    --count|--title|--seed|--jobs|--renumber|--from|--to|--current|--background) return ;;
+    --svg) _filedir svg; return ;;
+    --png) _filedir png; return ;;
+    --count|--title|--seed|--jobs|--renumber|--from|--to|--current|--background|--answers-per-page|--size) return ;;
   esac
   local options=""
   case ${words[1]} in
@@ -30,6 +34,8 @@ _velmora_cli() {
         return
       fi ;;
     print) options="--pdf --from --to --solutions --paper --current --what" ;;
+    book) options="--pdf --from --to --per-page --answers --answers-per-page --title --paper" ;;
+    export) options="--svg --png --solution --size" ;;
   esac
   if [[ $cur == -* ]]; then
     COMPREPLY=($(compgen -W "$options --help" -- "$cur"))

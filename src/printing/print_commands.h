@@ -34,6 +34,8 @@ class PrintSurface {
   // Where marks must end to be printed: the paper's width less the quarter
   // inch at its edge that printers cannot print on.
   virtual int RightEdge() const = 0;
+  // Where marks must end at the foot of the page: its height less the same quarter inch.
+  virtual int BottomEdge() const = 0;
 };
 
 // Form5's answer: puzzles `first` to `last` of `file`, two puzzles a page or,

@@ -26,6 +26,7 @@ struct RecordingPage : PrintSurface {
   void Symbol(int suit, int x, int y, int) override { Add("S " + At(x, y) + " " + std::to_string(suit)); }
   void NewPage() override { pending = !pages.empty(); }
   int RightEdge() const override { return right; }
+  int BottomEdge() const override { return bottom; }
   static std::string At(int x, int y) { return std::to_string(x) + "," + std::to_string(y); }
   void Add(const std::string& mark) {
     if (pages.empty() || pending) pages.emplace_back();
@@ -47,7 +48,7 @@ struct RecordingPage : PrintSurface {
   }
   std::vector<Strings> pages;
   bool pending = false;
-  int right = 11906 - 360;  // A4
+  int right = 11906 - 360, bottom = 16838 - 360;  // A4
 };
 
 struct RecordingJobs : PrintJobs {

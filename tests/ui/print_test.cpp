@@ -3,6 +3,7 @@
 #include <QPrintPreviewDialog>
 #include <cmath>
 
+#include "printing/ui/book_form.h"
 #include "printing/ui/form5.h"
 #include "printing/ui/page_painter.h"
 #include "ui_support.h"
@@ -65,7 +66,8 @@ TEST(Form1Print, TheMenusEntriesEachWithItsDialogsAndAPdfFile) {
   QStringList entries;
   for (const char* menu : {"mnuprint", "mnuprintcur"})
     for (QAction* a : win.Get<QMenu>(menu)->actions()) entries << a->text();
-  EXPECT_EQ(entries.join('|'), "&Current|Puzzle &File|Print Pre&view|&Puzzle|&Solution|Puzzle &and Solution");
+  EXPECT_EQ(entries.join('|'),
+            "&Current|Puzzle &File|Puzzle &Book...|Print Pre&view|&Puzzle|&Solution|Puzzle &and Solution");
   win.hand.answers = {QMessageBox::No, QMessageBox::Yes};
   win.hand.names = {win.dir.File("current"), win.dir.File("file.pdf")};
   win.Trigger("mnuprintcurrentsol");
@@ -94,6 +96,31 @@ TEST(Form1Print, TheMenusEntriesEachWithItsDialogsAndAPdfFile) {
   OnceOn<QPrintPreviewDialog> preview([](QPrintPreviewDialog* d) { d->reject(); });
   win.Trigger("mnuprintpreview");
   EXPECT_TRUE(preview.done);
+}
+
+TEST(Form1Print, PuzzleBookToAPdfFileAndAnImageOfThePuzzle) {
+  Window win(2);
+  win.hand.names = {win.dir.File("book"), win.Puzzles(), win.dir.File("puzzle.svg")};
+  OnceOn<BookForm> hand([&](BookForm* f) {
+    ExpectLaidOut(f);
+    EXPECT_EQ(Child<QLineEdit>(f, "BookTo")->text(), "3");
+    Child<QLineEdit>(f, "BookFrom")->setText("4");
+    Press(f, "BookPdf");  // refused, and the dialog stays
+    Child<QLineEdit>(f, "BookFrom")->setText("1");
+    Child<QComboBox>(f, "BookPerPage")->setCurrentText("1");
+    Child<QLineEdit>(f, "BookTitle")->setText("Cards");
+    Press(f, "BookPdf");
+    Press(f, "BookPdf");  // the puzzle file is never the PDF
+    Press(f, "BookClose");
+  });
+  win.Trigger("mnuprintbook");
+  win.Trigger("mnuexportimage");
+  EXPECT_EQ(win.hand.texts, (std::vector<std::string>{
+                                "Nothing to print: puzzle 4 comes after puzzle 3", "Done", kSameFileText,
+                                "Export the solution? (No exports the puzzle)", "Done"}));
+  // The cover, three puzzle pages and an answer page.
+  EXPECT_NE(win.dir.Read("book.pdf").find("/Count 5"), std::string::npos);
+  EXPECT_NE(win.dir.Read("puzzle.svg").find(">Not used: "), std::string::npos);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "files/file_commands.h"
 #include "files/ui/sort_form.h"
 #include "model/commands.h"
+#include "printing/ui/book_form.h"
 #include "printing/ui/print_menu.h"
 
 namespace velmora {
@@ -18,6 +19,7 @@ void Form1::BuildMenus() {
       {"mnufile", "&File", "mnuloadpuz", "&Load", mnuloadpuz},
       {"mnufile", "&File", "mnusaveas", "&Copy", mnusaveas},
       {"mnufile", "&File", "mnusortpuz", "&Sort", mnusortpuz},
+      {"mnufile", "&File", "mnuexportimage", "Export Puzzle &Image...", mnuexportimage},
       {"mnufile", "&File", nullptr, nullptr, {}},
       {"mnufile", "&File", "mnuexit", "E&xit", &Form1::Exit},
       {"mnupuzzle", "&Puzzle", "mnupuzreset", "&Reset", &Form1::ResetPuzzle},
@@ -34,6 +36,7 @@ void Form1::BuildMenus() {
       {"mnuprint/mnuprintcur", "P&rint/&Current", "mnuprintcurrentsol", "&Solution", mnuprintcurrentsol},
       {"mnuprint/mnuprintcur", "P&rint/&Current", "mnuprintcurrent", "Puzzle &and Solution", mnuprintcurrent},
       {"mnuprint", "P&rint", "mnuprintfile", "Puzzle &File", mnuprintfile},
+      {"mnuprint", "P&rint", "mnuprintbook", "Puzzle &Book...", mnuprintbook},
       {"mnuprint", "P&rint", "mnuprintpreview", "Print Pre&view", &Form1::PrintPreview},
       {"mnuoptionsmenu", "&Options", "mnuoptions", "&Colors and Size...", &Form1::ShowOptions},
       {"mnuassist", "&Assist", "mnuhint", "&Hint", mnuhint, &Form1::hint_},

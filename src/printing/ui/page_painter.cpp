@@ -4,6 +4,7 @@
 #include <QPagedPaintDevice>
 
 #include "files/text_file.h"
+#include "model/cards.h"
 
 namespace velmora {
 
@@ -35,11 +36,17 @@ void PagePainter::Guarded(Draw draw) {
   }
 }
 
-int PagePainter::RightEdge() const {
-  constexpr int kUnprintable = 360;  // a quarter inch, more than most printers leave
-  const int dpi = std::max(1, device_.logicalDpiX());
-  return static_cast<int>(static_cast<long long>(device_.width()) * 1440 / dpi) - kUnprintable;
+namespace {
+constexpr int kUnprintable = 360;  // a quarter inch, more than most printers leave
+
+int EdgeTwips(int pixels, int dpi) {
+  return static_cast<int>(static_cast<long long>(pixels) * 1440 / std::max(1, dpi)) - kUnprintable;
 }
+}  // namespace
+
+int PagePainter::RightEdge() const { return EdgeTwips(device_.width(), device_.logicalDpiX()); }
+
+int PagePainter::BottomEdge() const { return EdgeTwips(device_.height(), device_.logicalDpiY()); }
 
 bool PagePainter::End() {
   Guarded([this] {
@@ -81,6 +88,15 @@ void PagePainter::Symbol(int suit, int x, int y, int size) {
 void PagePainter::DrawSymbol(int suit, int x, int y, int size) {
   QPainter* painter = Mark();
   if (!painter) return;
+  if (symbolsAsText_) {
+    static const char16_t kSuitCharacters[] = u"\u2660\u2665\u2666\u2663";
+    const SuitColor c = ColorOfSuit(std::clamp(suit, 0, 3) + 1);
+    painter->setPen(QColor(c.red, c.green, c.blue));
+    painter->setFont(TwipsFont(size, false));
+    painter->drawText(QRectF(x, y, size, size), Qt::AlignCenter,
+                      QString(QChar(kSuitCharacters[std::clamp(suit, 0, 3)])));
+    return;
+  }
   // The strip keeps each size it scaled, so every page reuses one image per suit.
   velmora::DrawSymbol(*painter, strip_, suit, QRectF(x, y, size, size), SymbolCopy::kPlain);
 }

@@ -22,12 +22,16 @@ inline constexpr const char* kPdfWriteError = "Error writing file: ";
 class PagePainter : public PrintSurface {
  public:
   PagePainter(QPaintDevice& device, SuitStrip& strip) : device_(device), strip_(strip) {}
+  // Suit symbols as the font's suit characters in the suits' colours: an SVG
+  // file then holds them as text, sharp at any size, not as pictures.
+  void SymbolsAsText() { symbolsAsText_ = true; }
 
   void Text(int x, int y, int points, bool bold, const std::string& text) override;
   void Box(int x1, int y1, int x2, int y2) override;
   void Symbol(int suit, int x, int y, int size) override;
   void NewPage() override { newPage_ = pages_ > 0; }
   int RightEdge() const override;
+  int BottomEdge() const override;
 
   // Ends the painting; false when the device refused it or memory ran out.
   bool End();
@@ -49,6 +53,7 @@ class PagePainter : public PrintSurface {
   int pages_ = 0;
   bool newPage_ = false;
   bool failed_ = false;
+  bool symbolsAsText_ = false;
 };
 
 // Pages collected as a PDF document in memory, then saved in one piece.

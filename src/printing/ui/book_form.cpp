@@ -65,7 +65,8 @@ BookForm::BookForm(const GameState& s, UserInterface& ui, QWidget* parent) : QDi
   file_->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('x')) * 48);
   auto* browse = Named(new QPushButton(QStringLiteral("Browse..."), this), "BookBrowse");
   form->addRow(QString(), browse);
-  form->addRow(QStringLiteral("From puzzle:"), from_ = Named(new QLineEdit(QStringLiteral("1"), this), "BookFrom"));
+  form->addRow(QStringLiteral("From puzzle:"),
+               from_ = Named(new QLineEdit(QStringLiteral("1"), this), "BookFrom"));
   form->addRow(QStringLiteral("To puzzle:"),
                to_ = Named(new QLineEdit(Q(NumText(CountPuzzles(file))), this), "BookTo"));
   form->addRow(QStringLiteral("Puzzles a page:"),
@@ -104,7 +105,8 @@ std::optional<BookForm::Book> BookForm::Read() {
       Form5Answer(ui_, file, from_->text().toStdString(), to_->text().toStdString(), false, 1);
   if (!range) return std::nullopt;
   if (range->first > range->last) {
-    ui_.ShowMessage("Nothing to print: puzzle" + Str(range->first) + " comes after puzzle" + Str(range->last));
+    ui_.ShowMessage("Nothing to print: puzzle" + Str(range->first) + " comes after puzzle" +
+                    Str(range->last));
     return std::nullopt;
   }
   Book book{{file, range->first, range->last, perPage_->currentText().toInt(), answers_->currentIndex() == 0,
@@ -121,11 +123,14 @@ std::optional<BookForm::Book> BookForm::Read() {
   return book;
 }
 
-QPageSize BookForm::Paper() const { return QPageSize(paper_->currentIndex() == 1 ? QPageSize::Letter : QPageSize::A4); }
+QPageSize BookForm::Paper() const {
+  return QPageSize(paper_->currentIndex() == 1 ? QPageSize::Letter : QPageSize::A4);
+}
 
 void BookForm::Done(const Book& book, const std::string& failure) {
   const std::string leftOut = LeftOutText(book.contents.unreadable);
-  ui_.ShowMessage(!failure.empty() ? failure : (leftOut.empty() ? "Done" : "Done" + std::string(kNewLine) + leftOut));
+  ui_.ShowMessage(!failure.empty() ? failure
+                                   : (leftOut.empty() ? "Done" : "Done" + std::string(kNewLine) + leftOut));
 }
 
 void BookForm::Preview() {
@@ -165,8 +170,8 @@ void BookForm::Pdf() {
   const std::optional<Book> book = Read();
   if (!book) return;
   const std::string path =
-      OutputName(ui_, s_, book->choice.file, {"SAVE", "Puzzle book PDF file", "*.pdf", "PDF Files", s_.session.AppFolder},
-                 ".pdf");
+      OutputName(ui_, s_, book->choice.file,
+                 {"SAVE", "Puzzle book PDF file", "*.pdf", "PDF Files", s_.session.AppFolder}, ".pdf");
   if (path.empty()) return;
   SuitStrip strip;
   PdfJob job(Paper(), strip);

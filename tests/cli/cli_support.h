@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -63,6 +64,17 @@ inline CliResult RunCli(std::vector<std::string> args, const std::string& input 
 inline std::string CodeAndOutput(const std::vector<std::string>& args) {
   const CliResult r = RunCli(args);
   return std::to_string(r.exitCode) + ":" + r.out + (r.err.empty() ? "" : "+stderr");
+}
+
+// A command that writes the PDF `pdf`: its "CODE:OUT" is `out`, the PDF's text
+// and pdfinfo hold every one of `shown`, and the PDF is there only when `shown`
+// names something. The PDF is removed afterwards.
+inline void ExpectPdfRun(const std::vector<std::string>& args, const std::string& pdf, const std::string& out,
+                         const std::vector<std::string>& shown) {
+  EXPECT_EQ(CodeAndOutput(args), out);
+  const std::string text = RunProgram({"pdftotext", pdf, "-"}).out + RunProgram({"pdfinfo", pdf}).out;
+  for (const std::string& t : shown) EXPECT_NE(text.find(t), std::string::npos) << t;
+  EXPECT_EQ(std::filesystem::remove(pdf), !shown.empty()) << out;
 }
 
 }  // namespace velmora::test

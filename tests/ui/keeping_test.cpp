@@ -65,7 +65,8 @@ TEST(KeepBoards, SwitchedOffTheBoardIsForgottenAsBeforeAndStatisticsCountTheFile
     d->reject();
   });
   win.Trigger("mnustatistics");
-  EXPECT_TRUE(figures.startsWith(QString("This file: finished 0 of %1, in progress 1").arg(win.s().session.PuzzleCount)))
+  EXPECT_TRUE(figures.startsWith(
+      QString("This file: finished 0 of %1, in progress 1").arg(win.s().session.PuzzleCount)))
       << figures.toStdString();
   win.Trigger("mnunextunfinished");
   EXPECT_EQ(win.s().session.CurrentPuzzleNumber, 2);

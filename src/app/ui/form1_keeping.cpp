@@ -55,7 +55,8 @@ void Form1::KeepBoardsToggled() {
 }
 
 void Form1::ClockFollows() {
-  const bool playing = keeper_ && keeper_->Showing() && keeper_->Status().outcome != PuzzleOutcome::kFinished &&
+  const bool playing = keeper_ && keeper_->Showing() &&
+                       keeper_->Status().outcome != PuzzleOutcome::kFinished &&
                        keeper_->Status().outcome != PuzzleOutcome::kShown;
   clock_.Run(playing && isActiveWindow() && !isMinimized() && !longCommand_);
   if (clock_.Running()) {
@@ -74,16 +75,17 @@ void Form1::ShowClock() {
   }
   const PuzzleStatus& status = keeper_->Status();
   const bool finished = status.outcome == PuzzleOutcome::kFinished;
-  playClock_->setText(QStringLiteral("%1  %2").arg(QString::fromLatin1(OutcomeText(status.outcome)),
-                                                   QString::fromLatin1(ClockText(
-                                                       finished ? status.playedMs : clock_.Ms()))));
+  playClock_->setText(
+      QStringLiteral("%1  %2").arg(QString::fromLatin1(OutcomeText(status.outcome)),
+                                   QString::fromLatin1(ClockText(finished ? status.playedMs : clock_.Ms()))));
 }
 
 QLabel* Form1::BuildClockLabel(QWidget* parent) {
   playClock_ = new QLabel(parent);
   playClock_->setObjectName(QStringLiteral("PlayClock"));
   playClock_->setToolTip(tr("The shown puzzle: new, in progress, finished or shown, and the time played"));
-  playClock_->setMinimumWidth(playClock_->fontMetrics().horizontalAdvance(QStringLiteral("in progress  00:00")));
+  playClock_->setMinimumWidth(
+      playClock_->fontMetrics().horizontalAdvance(QStringLiteral("in progress  00:00")));
   playClock_->setAlignment(Qt::AlignCenter);
   playClock_->setFrameShape(QFrame::StyledPanel);
   playClock_->setFrameShadow(QFrame::Sunken);
@@ -107,8 +109,8 @@ void Form1::ResetPuzzle() {
 void Form1::NextUnfinishedPuzzle() {
   if (RefusedWhileSolving(s_.session, *this)) return;
   PlayerStore read(s_.session.AppFolder, PlayerStore::Access::kRead);
-  const int n = NextUnfinished(store_ ? *store_ : read, s_.session.CurrentPuzzleFile,
-                               s_.session.CurrentPuzzleNumber);
+  const int n =
+      NextUnfinished(store_ ? *store_ : read, s_.session.CurrentPuzzleFile, s_.session.CurrentPuzzleNumber);
   if (n == 0) {
     ShowMessage("Every puzzle of this file is finished");
     return;
@@ -121,7 +123,8 @@ void Form1::ShowStatistics() {
   PlayerStore read(s_.session.AppFolder, PlayerStore::Access::kRead);
   PlayerStore& store = store_ ? *store_ : read;
   const std::string& file = s_.session.CurrentPuzzleFile;
-  StatisticsForm dialog(store.Figures(), store.Figures(StoreFileName(file)), file, s_.session.PuzzleCount, this);
+  StatisticsForm dialog(store.Figures(), store.Figures(StoreFileName(file)), file, s_.session.PuzzleCount,
+                        this);
   dialog.setPalette(palette());
   dialog.exec();
 }

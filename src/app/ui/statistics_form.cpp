@@ -19,8 +19,8 @@ QTableWidget* LevelTable(const StoreFigures& all, QWidget* parent) {
   static const char* const kLevelNames[] = {"Easy", "Hard", "VHard"};
   auto* table = new QTableWidget(3, 4, parent);
   table->setObjectName(QStringLiteral("Levels"));
-  table->setHorizontalHeaderLabels({QObject::tr("Level"), QObject::tr("Finished"), QObject::tr("Best"),
-                                    QObject::tr("Median")});
+  table->setHorizontalHeaderLabels(
+      {QObject::tr("Level"), QObject::tr("Finished"), QObject::tr("Best"), QObject::tr("Median")});
   table->verticalHeader()->hide();
   table->setEditTriggers(QAbstractItemView::NoEditTriggers);
   for (int row = 0; row < 3; ++row) {

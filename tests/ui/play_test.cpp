@@ -150,4 +150,35 @@ TEST(Play, MouseKeysAndTheAssistMenuReachTheBoard) {
 }
 
 }  // namespace
+TEST(Play, OptionsInCellsArePaintedOverTheBoardAndChangeNothing) {
+  Window win(1);
+  const Puzzle& p = win.s().puzzle;
+  BoardView* board = win.w.Board();
+  int row = 1, col = 1;
+  while (p.Grid[row][col] != 0) col = col % p.Cols + 1, row += col == 1;
+  const Puzzle before = p;
+  const QImage kept = board->Image(), plain = board->grab().toImage();
+  const QString status = win.Text("pb");
+  win.Trigger("mnuoptionsincells");
+  const QImage shown = board->grab().toImage();
+  const auto changed = [&](int r, int c) {
+    int n = 0;
+    for (int dy = 30; dy < 780; dy += 15)
+      for (int dx = 30; dx < 780; dx += 15) {
+        const QPoint at =
+            (board->TwipsToPixels(QPointF(CellX(c) + dx, CellY(r) + dy)) * plain.devicePixelRatio())
+                .toPoint();
+        n += plain.pixelColor(at) != shown.pixelColor(at);
+      }
+    return n;
+  };
+  EXPECT_GT(changed(row, col), 10);
+  EXPECT_EQ(changed(row, col == 1 ? 2 : 1) == 0,
+            p.Grid[row][col == 1 ? 2 : 1] != 0);  // a card's cell untouched
+  EXPECT_EQ(board->Image(), kept);
+  EXPECT_EQ(win.Text("pb"), status);
+  EXPECT_TRUE(p.CellOptions == before.CellOptions && p.Grid == before.Grid);
+  EXPECT_NE(win.dir.Read("velmora.ini").find("OptionsInCells=true"), std::string::npos);
+}
+
 }  // namespace velmora::test

@@ -267,7 +267,7 @@ void Form1::ControlsChanged() {
   frame1_->setVisible(v.Frame1Visible);
   for (int i = 0; i < 4; ++i) FillRemain(i);
   ShowSelection();
-  board_->ShowAids(shadeFits_ && shadeFits_->isChecked());
+  board_->ShowAids(shadeFits_ && shadeFits_->isChecked(), optionsInCells_ && optionsInCells_->isChecked());
 }
 
 void Form1::FillRemain(int list) {

@@ -18,6 +18,7 @@ void Form1::BuildAssist() {
   redo_->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
   shadeFits_->setCheckable(true);
   markGivens_->setCheckable(true);
+  optionsInCells_->setCheckable(true);
   keepBoards_->setCheckable(true);
   auto* undo = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z), this);
   connect(undo, &QShortcut::activated, undoEdit_, [this] {
@@ -32,6 +33,7 @@ void Form1::LoadAssist() {
   const Settings saved = LoadSettings(s_.session.AppFolder);
   shadeFits_->setChecked(saved.shadeFits);
   markGivens_->setChecked(saved.markGivens);
+  optionsInCells_->setChecked(saved.optionsInCells);
   keepBoards_->setChecked(saved.keepBoards);
   ClockFollows();
   if (markGivens_->isChecked()) DrawBoard();
@@ -42,6 +44,7 @@ void Form1::ApplyAids() {
   ChangeSettings(s_.session.AppFolder, [this](Settings& saved) {
     saved.shadeFits = shadeFits_->isChecked();
     saved.markGivens = markGivens_->isChecked();
+    saved.optionsInCells = optionsInCells_->isChecked();
   });
   DrawBoard();
 }

@@ -12,6 +12,17 @@
 #include "model/rules.h"
 
 namespace velmora {
+namespace {
+
+// Above every card's bit: the cell shows its options, even none.
+constexpr CardSet kOptionsShown = CardSet{1} << 63;
+// The cards of suit 1 (1S, 2S, ...); suit s is this shifted by s - 1.
+constexpr CardSet kFirstSuitCards = 0x1111111111111ULL;
+// The suits as the text face draws them, to stay sharp at every scale.
+const QString kSuitGlyphs[] = {QStringLiteral("\u2660"), QStringLiteral("\u2665"), QStringLiteral("\u2666"),
+                               QStringLiteral("\u2663")};
+
+}  // namespace
 
 BoardView::BoardView(const GameState& state, QWidget* parent) : QWidget(parent), s_(state) {
   setObjectName(QStringLiteral("Picture1"));
@@ -99,12 +110,12 @@ void BoardView::paintEvent(QPaintEvent* event) {
   QPainter p(this);
   p.fillRect(event->rect(), surface_);
   p.drawImage(QRectF(offset_, QSizeF(image_.size()) / imageScale_), image_);
-  if (aids_ != Aids{}) PaintAids(p);
+  if (aids_ != Aids{}) PaintAids(p, event->rect());
   p.end();
   if (onPainted) onPainted();
 }
 
-void BoardView::ShowAids(bool shade) {
+void BoardView::ShowAids(bool shade, bool options) {
   Aids aids;
   const PlayAids& a = s_.session.aids;
   const int card = shade && !s_.session.SelectedCard.empty() ? FindCardIndex(s_.session.SelectedCard) : -1;
@@ -112,6 +123,13 @@ void BoardView::ShowAids(bool shade) {
     for (int c = 1; c <= LoopCols(s_.puzzle); ++c) {
       aids.shaded[static_cast<size_t>(r) * kGridDim + static_cast<size_t>(c)] =
           s_.puzzle.Grid[r][c] < 1 && (s_.puzzle.CellOptions[r][c] & CardBit(card));
+    }
+  }
+  for (int r = 1; options && r <= LoopRows(s_.puzzle); ++r) {
+    for (int c = 1; c <= LoopCols(s_.puzzle); ++c) {
+      if (s_.puzzle.Grid[r][c] == 0)
+        aids.options[static_cast<size_t>(r) * kGridDim + static_cast<size_t>(c)] =
+            s_.puzzle.CellOptions[r][c] | kOptionsShown;
     }
   }
   // A hint frames its cell while the board is the one it was given for.
@@ -125,10 +143,11 @@ void BoardView::ShowAids(bool shade) {
   update();
 }
 
-void BoardView::PaintAids(QPainter& p) const {
+void BoardView::PaintAids(QPainter& p, const QRect& dirty) const {
   p.save();
   p.translate(offset_);
   ScaleToTwips(p, logicalDpiX() * zoom_, logicalDpiY() * zoom_);
+  PaintOptions(p, p.transform().inverted().mapRect(QRectF(dirty)));
   auto cell = [](int at, int inset) {
     const int r = at / kGridDim, c = at % kGridDim;
     return QRectF(CellX(c) + inset, CellY(r) + inset, kCellSize - 2 * inset, kCellSize - 2 * inset);
@@ -146,6 +165,43 @@ void BoardView::PaintAids(QPainter& p) const {
     p.drawRect(cell(aids_.cursor, 30));
   }
   p.restore();
+}
+
+void BoardView::PaintOptions(QPainter& p, const QRectF& dirty) const {
+  const QFont small = TwipsFont(180, true);
+  const QFont rank = TwipsFont(14 * kTwipsPerPoint, true);
+  const QFont symbol = TwipsFont(560, false), suits = TwipsFont(230, false);
+  for (size_t at = 0; at < aids_.options.size(); ++at) {
+    const CardSet set = aids_.options[at] & ~kOptionsShown;
+    const int r = static_cast<int>(at) / kGridDim, c = static_cast<int>(at) % kGridDim;
+    const QRectF cell(CellX(c), CellY(r), kCellSize, kCellSize);
+    if (aids_.options[at] == 0 || !dirty.intersects(cell)) continue;
+    const int count = __builtin_popcountll(set);
+    p.setFont(small);
+    p.setPen(count == 0 ? QColor(200, 9, 9) : QColor(90, 90, 90));
+    p.drawText(cell.adjusted(40, 25, -50, 0), Qt::AlignRight | Qt::AlignTop, QString::number(count));
+    if (count == 1) {
+      // The one card it can take, faintly where a placed card would stand.
+      const int card = __builtin_ctzll(set) + 1;
+      p.setOpacity(0.3);
+      p.setPen(SuitQColor(CardSuit(card)));
+      p.setFont(symbol);
+      p.drawText(QRectF(cell.x() + 60, cell.y() + 10, 550, 620), Qt::AlignCenter,
+                 kSuitGlyphs[CardSuit(card) - 1]);
+      p.setFont(rank);
+      p.drawText(QPointF(TextX(c) + 310, TextY(r) + 325 + p.fontMetrics().ascent()),
+                 QString::fromLatin1(RankLetter(CardRank(card))));
+      p.setOpacity(1);
+      continue;
+    }
+    for (int suit = 1; suit <= 4; ++suit) {
+      if ((set & (kFirstSuitCards << (suit - 1))) == 0) continue;
+      p.setPen(SuitQColor(suit));
+      p.setFont(suits);
+      p.drawText(QRectF(cell.x() + 55 + (suit - 1) * 175, cell.bottom() - 260, 175, 240), Qt::AlignCenter,
+                 kSuitGlyphs[suit - 1]);
+    }
+  }
 }
 
 void BoardView::keyPressEvent(QKeyEvent* event) {

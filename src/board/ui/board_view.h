@@ -30,9 +30,10 @@ class BoardView : public QWidget {
   // as every other card.
   void SetGivenColor(QColor color) { given_ = color; }
   // The aids drawn over the picture, never into it: the cells where the
-  // selected card fits (when `shade`), the hint's cell, the keyboard cursor.
-  // Repaints when what they show has changed.
-  void ShowAids(bool shade);
+  // selected card fits (when `shade`), the hint's cell, the keyboard cursor,
+  // and (when `options`) what each empty cell can still take. Repaints when
+  // what they show has changed.
+  void ShowAids(bool shade, bool options = false);
   void DrawBoard();
   void DrawCell(int rank, const std::string& suitLetter, int row, int col);
   void ShowSolution();
@@ -73,11 +74,14 @@ class BoardView : public QWidget {
   bool EnsureImage();
   template <typename Paint>
   void PaintOnImage(Paint&& paint);
-  void PaintAids(QPainter& p) const;
+  void PaintAids(QPainter& p, const QRect& dirty) const;
+  void PaintOptions(QPainter& p, const QRectF& dirty) const;
 
   // What the aids show: shaded cells, and the hint's and the cursor's cells.
   struct Aids {
     std::array<bool, kGridDim * kGridDim> shaded{};
+    // The options of each empty cell, with kOptionsShown set; 0 shows none.
+    std::array<CardSet, kGridDim * kGridDim> options{};
     int hint = 0, cursor = 0;  // row * kGridDim + col; 0 for none
     bool operator==(const Aids&) const = default;
   };

@@ -181,4 +181,32 @@ TEST(Play, OptionsInCellsArePaintedOverTheBoardAndChangeNothing) {
   EXPECT_NE(win.dir.Read("velmora.ini").find("OptionsInCells=true"), std::string::npos);
 }
 
+TEST(Play, ShiftAndASuitLetterOrAShiftClickMarkACell) {
+  Window win(1);
+  const Puzzle& p = win.s().puzzle;
+  BoardView* board = win.w.Board();
+  Key(board, Qt::Key_Up);  // the cursor on 1, 1
+  int col = 1;
+  while (p.Grid[1][col] != 0) Key(board, Qt::Key_Right), ++col;
+  QKeyEvent shiftH(QEvent::KeyPress, Qt::Key_H, Qt::ShiftModifier, QStringLiteral("H"));
+  QApplication::sendEvent(board, &shiftH);
+  EXPECT_EQ(p.Grid[1][col], -2);
+  QApplication::sendEvent(board, &shiftH);  // the same suit again takes it away
+  EXPECT_EQ(p.Grid[1][col], 0);
+  const QPointF centre = board->TwipsToPixels(QPointF(CellX(col) + 405, CellY(1) + 405));
+  for (const int mark : {-1, -2}) {
+    QMouseEvent press(QEvent::MouseButtonPress, centre, board->mapToGlobal(centre), Qt::LeftButton,
+                      Qt::LeftButton, Qt::ShiftModifier);
+    QMouseEvent release(QEvent::MouseButtonRelease, centre, board->mapToGlobal(centre), Qt::LeftButton,
+                        Qt::NoButton, Qt::ShiftModifier);
+    QApplication::sendEvent(board, &press);
+    QApplication::sendEvent(board, &release);
+    EXPECT_EQ(p.Grid[1][col], mark);
+  }
+  const QColor spade = win.Pixel(CellX(col) + 330, CellY(1) + 330);  // the symbol's middle, painted again
+  win.Get<QPushButton>("UndoEdit")->click();
+  EXPECT_EQ(p.Grid[1][col], -1);
+  EXPECT_NE(win.Pixel(CellX(col) + 330, CellY(1) + 330), spade);
+}
+
 }  // namespace velmora::test

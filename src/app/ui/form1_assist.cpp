@@ -9,6 +9,7 @@
 #include "app/ui/form1.h"
 #include "appearance/color_scheme.h"
 #include "board/aids.h"
+#include "board/marks.h"
 #include "board/ui/board_view.h"
 
 namespace velmora {
@@ -82,6 +83,16 @@ bool Form1::AssistKey(QKeyEvent* event) {
     default: {
       const QString text = event->text();
       if (text.size() != 1 || !text[0].isLetterOrNumber()) return false;
+      // Shift and a suit letter, with no rank typed before it, marks the
+      // cursor's cell with that suit, or takes the same mark away.
+      const auto suit = kSuitOrder.find(text[0].toLatin1());
+      if (event->modifiers().testFlag(Qt::ShiftModifier) && s_.session.aids.pendingRank == 0 &&
+          suit != std::string_view::npos) {
+        const int row = s_.session.aids.cursorRow, col = s_.session.aids.cursorCol;
+        const bool same = row >= 1 && col >= 1 && s_.puzzle.Grid[row][col] == -static_cast<int>(suit + 1);
+        Kept([&] { MarkCell(s_, *this, row, col, same ? 0 : static_cast<int>(suit + 1)); });
+        break;
+      }
       Kept([&] { TypeLetter(s_, *this, text[0].toLatin1()); });
     }
   }

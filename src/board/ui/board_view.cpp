@@ -211,6 +211,10 @@ void BoardView::keyPressEvent(QKeyEvent* event) {
 void BoardView::mouseReleaseEvent(QMouseEvent* event) {
   const int button = event->button() == Qt::LeftButton ? 1 : (event->button() == Qt::RightButton ? 2 : 0);
   const QPointF twips = PixelsToTwips(event->position());
+  if (button == 1 && event->modifiers().testFlag(Qt::ShiftModifier) && onMarkClick) {
+    onMarkClick(static_cast<float>(twips.x()), static_cast<float>(twips.y()));
+    return;
+  }
   if (button != 0 && onMouseUp)
     onMouseUp(button, static_cast<float>(twips.x()), static_cast<float>(twips.y()));
 }

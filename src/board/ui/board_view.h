@@ -57,6 +57,8 @@ class BoardView : public QWidget {
   // Mouse events in twips; button 1 left, 2 right.
   std::function<void(int button, float x, float y)> onMouseUp;
   std::function<void(float x, float y)> onMouseMove;
+  // A left click with Shift held, in twips: the player's suit mark.
+  std::function<void(float x, float y)> onMarkClick;
   // Called after each paint of the widget (start-up and placement timing).
   std::function<void()> onPainted;
   // Keys pressed on the board; true when the key was used.

@@ -1,0 +1,20 @@
+// The player's own notes on the board: suit-only marks (the grid's -1..-4,
+// suit S H D C as kSuitLetters orders them).
+#pragma once
+
+#include "model/game_state.h"
+#include "model/user_interface.h"
+
+namespace velmora {
+
+// Puts mark `suit` (1..4) into the empty or marked cell, or takes its mark
+// away (`suit` 0). A card, a given, a cell off the board or no change leave
+// it as it is and give false; a change is one undo step, and the mark keeps
+// its suit from the neighbours' options as a mark from a file does.
+bool MarkCell(GameState& s, UserInterface& ui, int row, int col, int suit);
+
+// A modifier click at twips (x, y): the cell's mark moves on to the next suit
+// of S H D C, after C to none.
+void CycleMark(GameState& s, UserInterface& ui, float x, float y);
+
+}  // namespace velmora

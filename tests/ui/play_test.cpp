@@ -1,6 +1,8 @@
 // The board painted into an image (each suit's symbol and colour, where the rank
 // and the solution text sit), played with the mouse and the keyboard through the
 // main window, and the Assist menu.
+#include "board/play.h"
+
 #include "board/geometry.h"
 #include "board/ui/board_painter.h"
 #include "model/hint.h"
@@ -181,7 +183,7 @@ TEST(Play, OptionsInCellsArePaintedOverTheBoardAndChangeNothing) {
   EXPECT_NE(win.dir.Read("velmora.ini").find("OptionsInCells=true"), std::string::npos);
 }
 
-TEST(Play, ShiftAndASuitLetterOrAShiftClickMarkACell) {
+TEST(Play, MarksAndRankNotesFromTheKeyboardAndTheMouse) {
   Window win(1);
   const Puzzle& p = win.s().puzzle;
   BoardView* board = win.w.Board();
@@ -207,6 +209,16 @@ TEST(Play, ShiftAndASuitLetterOrAShiftClickMarkACell) {
   win.Get<QPushButton>("UndoEdit")->click();
   EXPECT_EQ(p.Grid[1][col], -1);
   EXPECT_NE(win.Pixel(CellX(col) + 330, CellY(1) + 330), spade);
+  // Alt and a rank notes it at the cursor; Ctrl and a click notes the chosen card's rank.
+  const QImage unnoted = board->grab().toImage();
+  QKeyEvent altQ(QEvent::KeyPress, Qt::Key_Q, Qt::AltModifier, QStringLiteral("q"));
+  QApplication::sendEvent(board, &altQ);
+  ChooseCard(win.s(), win.w, win.s().view.Remain[0].front());
+  QMouseEvent ctrl(QEvent::MouseButtonRelease, centre, board->mapToGlobal(centre), Qt::LeftButton,
+                   Qt::NoButton, Qt::ControlModifier);
+  QApplication::sendEvent(board, &ctrl);
+  EXPECT_EQ(p.Notes[1][col], (1 << 11) | (1 << (RankOfLetter(win.s().view.Remain[0].front()[0]) - 1)));
+  EXPECT_NE(board->grab().toImage(), unnoted);
 }
 
 }  // namespace velmora::test

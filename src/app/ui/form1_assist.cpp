@@ -4,6 +4,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QShortcut>
+#include <cctype>
 
 #include "app/settings.h"
 #include "app/ui/form1.h"
@@ -60,9 +61,16 @@ void Form1::SetBoardColors() {
 }
 
 bool Form1::AssistKey(QKeyEvent* event) {
-  if (longCommand_ || event->modifiers().testFlag(Qt::ControlModifier) ||
-      event->modifiers().testFlag(Qt::AltModifier))
-    return false;
+  if (longCommand_ || event->modifiers().testFlag(Qt::ControlModifier)) return false;
+  // Alt and a rank letter turns that rank's note in the cursor's cell on or off.
+  if (event->modifiers().testFlag(Qt::AltModifier)) {
+    const int rank = RankOfLetter(static_cast<char>(std::toupper(event->key() & 0x7f)));
+    const int row = s_.session.aids.cursorRow, col = s_.session.aids.cursorCol;
+    if (rank == 0 || event->key() > 0x7f || row < 1 || col < 1) return false;
+    Kept([&] { NoteCell(s_, *this, row, col, s_.puzzle.Notes[row][col] ^ (1 << (rank - 1))); });
+    ControlsChanged();
+    return true;
+  }
   switch (event->key()) {
     case Qt::Key_Left:
       MoveCursor(s_, *this, 0, -1);

@@ -104,6 +104,11 @@ void Form1::BuildBoard(QWidget* parent) {
     Kept([&] { CycleMark(s_, *this, x, y); });
     ControlsChanged();
   };
+  board_->onNoteClick = [this](float x, float y) {
+    if (longCommand_) return;
+    Kept([&] { NoteChosenRank(s_, *this, x, y); });
+    ControlsChanged();
+  };
   board_->onMouseMove = [this](float x, float y) {
     if (longCommand_) return;
     Picture1MouseMove(s_, *this, x, y);

@@ -18,6 +18,8 @@ namespace {
 constexpr CardSet kOptionsShown = CardSet{1} << 63;
 // The cards of suit 1 (1S, 2S, ...); suit s is this shifted by s - 1.
 constexpr CardSet kFirstSuitCards = 0x1111111111111ULL;
+// Above every rank's bit: the cell's notes make room for its suit mark.
+constexpr uint16_t kNotesMarked = 1U << 15;
 // The suits as the text face draws them, to stay sharp at every scale.
 const QString kSuitGlyphs[] = {QStringLiteral("\u2660"), QStringLiteral("\u2665"), QStringLiteral("\u2666"),
                                QStringLiteral("\u2663")};
@@ -132,6 +134,14 @@ void BoardView::ShowAids(bool shade, bool options) {
             s_.puzzle.CellOptions[r][c] | kOptionsShown;
     }
   }
+  for (int r = 1; r <= LoopRows(s_.puzzle); ++r) {
+    for (int c = 1; c <= LoopCols(s_.puzzle); ++c) {
+      const int v = s_.puzzle.Grid[r][c];
+      if (v <= 0 && s_.puzzle.Notes[r][c] != 0)
+        aids.notes[static_cast<size_t>(r) * kGridDim + static_cast<size_t>(c)] =
+            s_.puzzle.Notes[r][c] | (v < 0 ? kNotesMarked : 0);
+    }
+  }
   // A hint frames its cell while the board is the one it was given for.
   if (a.hintKind != 0 && a.hintRow >= 1 && a.gridAtHint == s_.puzzle.Grid)
     aids.hint = a.hintRow * kGridDim + a.hintCol;
@@ -147,7 +157,9 @@ void BoardView::PaintAids(QPainter& p, const QRect& dirty) const {
   p.save();
   p.translate(offset_);
   ScaleToTwips(p, logicalDpiX() * zoom_, logicalDpiY() * zoom_);
-  PaintOptions(p, p.transform().inverted().mapRect(QRectF(dirty)));
+  const QRectF dirtyTwips = p.transform().inverted().mapRect(QRectF(dirty));
+  PaintOptions(p, dirtyTwips);
+  PaintNotes(p, dirtyTwips);
   auto cell = [](int at, int inset) {
     const int r = at / kGridDim, c = at % kGridDim;
     return QRectF(CellX(c) + inset, CellY(r) + inset, kCellSize - 2 * inset, kCellSize - 2 * inset);
@@ -204,6 +216,37 @@ void BoardView::PaintOptions(QPainter& p, const QRectF& dirty) const {
   }
 }
 
+void BoardView::PaintNotes(QPainter& p, const QRectF& dirty) const {
+  p.setPen(QColor(20, 90, 210));
+  const QFont small = TwipsFont(130, true), pencil = TwipsFont(165, true);
+  for (size_t at = 0; at < aids_.notes.size(); ++at) {
+    const int r = static_cast<int>(at) / kGridDim, c = static_cast<int>(at) % kGridDim;
+    const QRectF cell(CellX(c), CellY(r), kCellSize, kCellSize);
+    const unsigned notes = aids_.notes[at];
+    if (notes == 0 || !dirty.intersects(cell)) continue;
+    if (notes & kNotesMarked) {
+      // One line under the mark's symbol, left of its "?".
+      QString text;
+      for (int rank = 1; rank <= 13; ++rank)
+        if (notes & (1U << (rank - 1))) text += QLatin1String(RankLetter(rank));
+      p.setFont(small);
+      const QRectF line = cell.adjusted(35, 615, -290, -20);
+      p.drawText(line, Qt::AlignLeft | Qt::AlignVCenter,
+                 p.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(line.width())));
+      continue;
+    }
+    // Pencil marks: each rank in its own place, 1-7 above 8-K, between the
+    // option count and the option suits.
+    p.setFont(pencil);
+    for (int rank = 1; rank <= 13; ++rank) {
+      if ((notes & (1U << (rank - 1))) == 0) continue;
+      const int column = (rank - 1) % 7, line = (rank - 1) / 7;
+      const QRectF place(cell.x() + 40 + column * 104, cell.y() + 215 + line * 185, 104, 185);
+      p.drawText(place, Qt::AlignCenter, QLatin1String(RankLetter(rank)));
+    }
+  }
+}
+
 void BoardView::keyPressEvent(QKeyEvent* event) {
   if (!onKey || !onKey(event)) QWidget::keyPressEvent(event);
 }
@@ -213,6 +256,10 @@ void BoardView::mouseReleaseEvent(QMouseEvent* event) {
   const QPointF twips = PixelsToTwips(event->position());
   if (button == 1 && event->modifiers().testFlag(Qt::ShiftModifier) && onMarkClick) {
     onMarkClick(static_cast<float>(twips.x()), static_cast<float>(twips.y()));
+    return;
+  }
+  if (button == 1 && event->modifiers().testFlag(Qt::ControlModifier) && onNoteClick) {
+    onNoteClick(static_cast<float>(twips.x()), static_cast<float>(twips.y()));
     return;
   }
   if (button != 0 && onMouseUp)

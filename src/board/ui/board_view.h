@@ -59,6 +59,8 @@ class BoardView : public QWidget {
   std::function<void(float x, float y)> onMouseMove;
   // A left click with Shift held, in twips: the player's suit mark.
   std::function<void(float x, float y)> onMarkClick;
+  // A left click with Ctrl held, in twips: the chosen card's rank noted.
+  std::function<void(float x, float y)> onNoteClick;
   // Called after each paint of the widget (start-up and placement timing).
   std::function<void()> onPainted;
   // Keys pressed on the board; true when the key was used.
@@ -78,12 +80,15 @@ class BoardView : public QWidget {
   void PaintOnImage(Paint&& paint);
   void PaintAids(QPainter& p, const QRect& dirty) const;
   void PaintOptions(QPainter& p, const QRectF& dirty) const;
+  void PaintNotes(QPainter& p, const QRectF& dirty) const;
 
   // What the aids show: shaded cells, and the hint's and the cursor's cells.
   struct Aids {
     std::array<bool, kGridDim * kGridDim> shaded{};
     // The options of each empty cell, with kOptionsShown set; 0 shows none.
     std::array<CardSet, kGridDim * kGridDim> options{};
+    // The rank notes of each cell without a card; kNotesMarked when it holds a mark.
+    std::array<uint16_t, kGridDim * kGridDim> notes{};
     int hint = 0, cursor = 0;  // row * kGridDim + col; 0 for none
     bool operator==(const Aids&) const = default;
   };

@@ -4,6 +4,7 @@
 #include "board/play.h"
 
 #include "board/geometry.h"
+#include "board/marks.h"
 #include "board/ui/board_painter.h"
 #include "model/hint.h"
 #include "model/text.h"
@@ -219,6 +220,25 @@ TEST(Play, MarksAndRankNotesFromTheKeyboardAndTheMouse) {
   QApplication::sendEvent(board, &ctrl);
   EXPECT_EQ(p.Notes[1][col], (1 << 11) | (1 << (RankOfLetter(win.s().view.Remain[0].front()[0]) - 1)));
   EXPECT_NE(board->grab().toImage(), unnoted);
+}
+
+TEST(Play, EveryCellIsNamedForAScreenReaderAndTheCursorMovesTheFocus) {
+  Window win(1);
+  BoardView* board = win.w.Board();
+  QAccessibleInterface* cells = QAccessible::queryAccessibleInterface(board);
+  ASSERT_EQ(cells->childCount(), 49);
+  const auto name = [&](int i) { return cells->child(i)->text(QAccessible::Name).toStdString(); };
+  EXPECT_EQ(name(0), "row 1, column 1: five of hearts, given");
+  EXPECT_EQ(name(1), "row 1, column 2: empty, 4 options");
+  MarkCell(win.s(), win.w, 1, 2, 2);
+  NoteCell(win.s(), win.w, 1, 2, 0x301);
+  EXPECT_EQ(name(1), "row 1, column 2: empty, marked hearts, notes 19T");
+  win.w.activateWindow();
+  board->setFocus();
+  Key(board, Qt::Key_Up);
+  Key(board, Qt::Key_Right);
+  EXPECT_EQ(cells->focusChild(), cells->child(1));
+  EXPECT_TRUE(cells->child(1)->state().focused && !cells->child(0)->state().focused);
 }
 
 }  // namespace velmora::test

@@ -1,6 +1,7 @@
 // Picture1: the board picture, a kept image that cells are painted into.
 #include "board/ui/board_view.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -9,6 +10,7 @@
 #include <cmath>
 
 #include "board/geometry.h"
+#include "board/ui/board_accessible.h"
 #include "model/rules.h"
 
 namespace velmora {
@@ -32,6 +34,8 @@ BoardView::BoardView(const GameState& state, QWidget* parent) : QWidget(parent),
   setAttribute(Qt::WA_OpaquePaintEvent);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setFocusPolicy(Qt::StrongFocus);  // keyboard play
+  static const bool factory = (QAccessible::installFactory(BoardAccessibleFactory), true);
+  (void)factory;
 }
 
 QSize BoardView::sizeHint() const {
@@ -149,6 +153,7 @@ void BoardView::ShowAids(bool shade, bool options) {
       a.cursorCol <= LoopCols(s_.puzzle))
     aids.cursor = a.cursorRow * kGridDim + a.cursorCol;
   if (aids == aids_) return;
+  if (aids.cursor != aids_.cursor && aids.cursor != 0) AnnounceCursor(this, a.cursorRow, a.cursorCol);
   aids_ = aids;
   update();
 }

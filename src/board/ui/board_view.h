@@ -20,6 +20,8 @@ class BoardView : public QWidget {
 
  public:
   explicit BoardView(const GameState& state, QWidget* parent = nullptr);
+  // What the board shows, for the screen reader's cells.
+  const GameState& State() const { return s_; }
 
   // The fill of the cells painted from now on: scheme colour 2.
   void SetCellColor(QColor color) { cell_ = color; }

@@ -42,6 +42,7 @@ const Key kKeys[] = {
      }},
     Flag<&Settings::shadeFits>("Assist", "ShadeFits"),
     Flag<&Settings::markGivens>("Assist", "MarkGivens"),
+    Flag<&Settings::optionsInCells>("Assist", "OptionsInCells"),
     Flag<&Settings::keepBoards>("Assist", "KeepBoards"),
 };
 

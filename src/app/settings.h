@@ -20,6 +20,7 @@ struct Settings {
   TextSize textSize = kMedium;  // [Options] Size
   bool shadeFits = false;       // [Assist] ShadeFits
   bool markGivens = false;      // [Assist] MarkGivens
+  bool optionsInCells = false;  // [Assist] OptionsInCells
   bool keepBoards = true;       // [Assist] KeepBoards
   bool operator==(const Settings&) const = default;
 };

@@ -155,6 +155,7 @@ void BoardKeeper::Enter(GameState& s, UserInterface& ui, KeeperEvent ran) {
     s.session.UndoList.push_back(UndoEntry(c.row, c.col, c.value));
   for (int r = 1; r <= LoopRows(p); ++r)
     for (int c = 1; c <= LoopCols(p); ++c) p.Grid[r][c] = board_.grid[r][c];
+  p.Notes = board_.notes;
   UpdateOptions(p, s.view.Remain);
   ui.DrawBoard();
   ui.ControlsChanged();
@@ -192,8 +193,12 @@ void BoardKeeper::KeepBoard(const GameState& s) {
     return;
   }
   board_.grid = s.puzzle.Grid;
+  board_.notes = s.puzzle.Notes;
+  // Changes of notes are kept as the notes they made, not as steps to undo.
   board_.undo = UndoChanges(s.session.UndoList);
-  board_.redo = s.session.aids.RedoList;
+  board_.redo.clear();
+  for (const PlayAids::Change& c : s.session.aids.RedoList)
+    if (!c.note) board_.redo.push_back(c);
   kept_ = store_.Keep(place_, board_);
   storedMs_ = board_.playedMs;
   if (kept_ && status_.outcome == PuzzleOutcome::kNew) status_.outcome = PuzzleOutcome::kInProgress;

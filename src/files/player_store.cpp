@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <charconv>
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
@@ -18,7 +19,7 @@
 namespace velmora {
 namespace {
 
-constexpr int kSchemaVersion = 1;
+constexpr int kSchemaVersion = 2;
 // Another program writing the store holds it for moments; longer, keeping
 // stops for the session rather than hold up a move.
 constexpr int kBusyMilliseconds = 250;
@@ -34,8 +35,11 @@ CREATE INDEX IF NOT EXISTS puzzle_outcome ON puzzle(outcome, level, played_ms);
 CREATE INDEX IF NOT EXISTS puzzle_file ON puzzle(file, outcome, level, played_ms);
 CREATE TABLE IF NOT EXISTS board(
   key TEXT PRIMARY KEY NOT NULL, grid TEXT NOT NULL, undo TEXT NOT NULL, redo TEXT NOT NULL,
-  played_ms INTEGER NOT NULL, hints INTEGER NOT NULL, undos INTEGER NOT NULL) WITHOUT ROWID;
+  played_ms INTEGER NOT NULL, hints INTEGER NOT NULL, undos INTEGER NOT NULL,
+  notes TEXT NOT NULL DEFAULT '') WITHOUT ROWID;
 )";
+// Version 1 kept no rank notes.
+constexpr const char* kAddNotes = "ALTER TABLE board ADD COLUMN notes TEXT NOT NULL DEFAULT ''";
 
 // The statements, prepared once each when first used.
 enum Sql {
@@ -59,9 +63,9 @@ constexpr const char* kSql[kSqlCount] = {
     "INSERT INTO puzzle(key, file, number, level) VALUES(?1, ?2, ?3, ?4) ON CONFLICT(key) DO UPDATE SET "
     "file = excluded.file, number = excluded.number, level = excluded.level",
     "UPDATE puzzle SET outcome = 1 WHERE key = ?1 AND outcome = 0",
-    "INSERT OR REPLACE INTO board(key, grid, undo, redo, played_ms, hints, undos) "
-    "VALUES(?1, ?2, ?3, ?4, ?5, ?6, ?7)",
-    "SELECT grid, undo, redo, played_ms, hints, undos FROM board WHERE key = ?1",
+    "INSERT OR REPLACE INTO board(key, grid, undo, redo, played_ms, hints, undos, notes) "
+    "VALUES(?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8)",
+    "SELECT grid, undo, redo, played_ms, hints, undos, notes FROM board WHERE key = ?1",
     "DELETE FROM board WHERE key = ?1",
     "UPDATE puzzle SET outcome = 0 WHERE key = ?1 AND outcome = 1",
     // A finish after a finish keeps the faster one.
@@ -114,6 +118,38 @@ bool ReadGrid(const std::string& text, int rows, int cols, Board<int32_t>& grid)
     }
   }
   return true;
+}
+
+// Rank notes as four hex digits a cell, rows outer; empty for none at all.
+std::string NotesText(const Board<uint16_t>& notes, int rows, int cols) {
+  std::string text;
+  bool any = false;
+  for (int r = 1; r <= std::min(rows, kMaxIndex); ++r) {
+    for (int c = 1; c <= std::min(cols, kMaxIndex); ++c) {
+      char cell[8];
+      std::snprintf(cell, sizeof cell, "%04x", notes[r][c] & 0x1fff);
+      text += cell;
+      any |= notes[r][c] != 0;
+    }
+  }
+  return any ? text : std::string();
+}
+
+// Notes that do not fit the board are dropped, never the board with them.
+Board<uint16_t> ReadNotes(const std::string& text, int rows, int cols) {
+  Board<uint16_t> notes{};
+  if (rows < 1 || cols < 1 || rows > kMaxIndex || cols > kMaxIndex) return notes;
+  if (text.size() != static_cast<size_t>(rows * cols) * 4) return notes;
+  for (int r = 1; r <= rows; ++r) {
+    for (int c = 1; c <= cols; ++c) {
+      const char* at = text.data() + static_cast<size_t>((r - 1) * cols + c - 1) * 4;
+      unsigned v = 0;
+      const auto [end, ec] = std::from_chars(at, at + 4, v, 16);
+      if (ec != std::errc() || end != at + 4) return {};
+      notes[r][c] = static_cast<uint16_t>(v & 0x1fff);
+    }
+  }
+  return notes;
 }
 
 std::string Column(sqlite3_stmt* st, int i) {
@@ -257,8 +293,8 @@ bool PlayerStore::SetUp() {
     db_ = nullptr;
     return false;
   }
-  if (version < kSchemaVersion &&
-      (!Exec(kSchema) || !Exec(("PRAGMA user_version=" + std::to_string(kSchemaVersion)).c_str())))
+  if (version < kSchemaVersion && ((version == 1 && !Exec(kAddNotes)) || !Exec(kSchema) ||
+                                   !Exec(("PRAGMA user_version=" + std::to_string(kSchemaVersion)).c_str())))
     return false;
   return Exec("COMMIT");
 }
@@ -354,6 +390,7 @@ bool PlayerStore::Keep(const PuzzlePlace& place, const KeptBoard& board) {
   sqlite3_bind_int64(kept, 5, board.playedMs);
   sqlite3_bind_int(kept, 6, board.hints);
   sqlite3_bind_int(kept, 7, board.undos);
+  Bind(kept, 8, NotesText(board.notes, rows, cols));
   if (known) return Write({kept});
   placed_ = {};
   if (!Write({placed, started, kept})) return false;
@@ -377,6 +414,7 @@ std::optional<KeptBoard> PlayerStore::Kept(const std::string& key, int rows, int
   board.playedMs = sqlite3_column_int64(st, 3);
   board.hints = ReadInt(st, 4);
   board.undos = ReadInt(st, 5);
+  board.notes = ReadNotes(Column(st, 6), rows, cols);
   sqlite3_reset(st);
   if (fits) return board;
   Forget(key);

@@ -36,6 +36,7 @@ struct PuzzlePlace {
 // The board left behind, as the player can take it up again.
 struct KeptBoard {
   Board<int32_t> grid{};               // Grid's values
+  Board<uint16_t> notes{};             // the rank notes
   std::vector<PlayAids::Change> undo;  // UndoList as cell and old value, newest first
   std::vector<PlayAids::Change> redo;  // RedoList, newest last
   long long playedMs = 0;              // the play clock

@@ -75,6 +75,7 @@ namespace {
 // The size line and the grids of the record the reader stands on. What it
 // read before a failure stays in the puzzle.
 void ReadGrids(Puzzle& p, LineReader& reader) {
+  p.Notes = {};
   const std::string size = NextLine(reader);
   const size_t comma = size.find(',');
   if (comma == std::string::npos) throw LoadError{};  // the size line has no second field

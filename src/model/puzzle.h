@@ -59,6 +59,9 @@ struct Puzzle {
   int Rows = kBoardSize;
   int Cols = kBoardSize;
   Board<int32_t> Grid{};
+  // The player's rank notes per cell, bit r - 1 for rank r; never written
+  // into puzzle files, and shown only while the cell holds no card.
+  Board<uint16_t> Notes{};
   Board<int32_t> PuzzleGrid{};
   Board<int32_t> SolutionGrid{};
   Board<CardSet> CellOptions{};

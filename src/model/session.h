@@ -17,6 +17,7 @@ namespace velmora {
 struct PlayAids {
   struct Change {
     int row, col, value;  // the value an undo took away
+    bool note = false;    // value is the cell's rank notes, not its grid value
   };
   std::vector<Change> RedoList;  // newest last
   int hintKind = 0;              // a HintKind; 0 when no hint is shown

@@ -25,9 +25,16 @@ std::vector<std::string_view> Split(std::string_view text, char separator) {
 
 bool OnBoardArrays(int row, int col) { return row >= 0 && row <= kMaxIndex && col >= 0 && col <= kMaxIndex; }
 
+constexpr std::string_view kNotePrefix = "note";
+constexpr int kAllRanks = (1 << 13) - 1;
+
 }  // namespace
 
 std::string UndoEntry(int row, int col, int value) { return Str(row) + "," + Str(col) + "," + Str(value); }
+
+std::string NoteUndoEntry(int row, int col, int notes) {
+  return std::string(kNotePrefix) + UndoEntry(row, col, notes);
+}
 
 void PushUndo(const Puzzle& p, Session& session, WindowTexts& view, int row, int col) {
   if (!OnBoardArrays(row, col)) return;
@@ -39,11 +46,17 @@ void PushUndo(const Puzzle& p, Session& session, WindowTexts& view, int row, int
 void UndoLast(GameState& s, UserInterface& ui) {
   if (s.session.UndoList.empty()) return;
   EndHint(s.session.aids, s.view);
-  const auto parts = Split(s.session.UndoList.front(), ',');
+  std::string_view entry = s.session.UndoList.front();
+  const bool note = entry.starts_with(kNotePrefix);
+  if (note) entry.remove_prefix(kNotePrefix.size());
+  const auto parts = Split(entry, ',');
   const int row = parts.size() >= 3 ? ValInt(parts[0]).value_or(-1) : -1;
   const int col = parts.size() >= 3 ? ValInt(parts[1]).value_or(-1) : -1;
   // An entry that names no cell is dropped without a change.
-  if (OnBoardArrays(row, col)) {
+  if (note && OnBoardArrays(row, col)) {
+    s.session.aids.RedoList.push_back({row, col, s.puzzle.Notes[row][col], true});
+    s.puzzle.Notes[row][col] = static_cast<uint16_t>(ValInt(parts[2]).value_or(0) & kAllRanks);
+  } else if (OnBoardArrays(row, col)) {
     s.session.aids.RedoList.push_back({row, col, s.puzzle.Grid[row][col]});
     s.puzzle.Grid[row][col] = ValInt(parts[2]).value_or(0);
     s.puzzle.CellOptions[row][col] = 0;
@@ -61,6 +74,12 @@ void RedoLast(GameState& s, UserInterface& ui) {
   const PlayAids::Change change = s.session.aids.RedoList.back();
   s.session.aids.RedoList.pop_back();
   const int row = change.row, col = change.col, value = change.value;
+  if (change.note) {
+    s.session.UndoList.push_front(NoteUndoEntry(row, col, s.puzzle.Notes[row][col]));
+    s.puzzle.Notes[row][col] = static_cast<uint16_t>(value & kAllRanks);
+    ui.ControlsChanged();
+    return;
+  }
   // Not PushUndo: that would end the rest of the redo list.
   s.session.UndoList.push_front(UndoEntry(row, col, s.puzzle.Grid[row][col]));
   s.puzzle.Grid[row][col] = value;

@@ -11,6 +11,9 @@ namespace velmora {
 // The entry for a cell and the value it holds: " 3, 5, 0".
 std::string UndoEntry(int row, int col, int value);
 
+// The entry for a change of a cell's rank notes: "note 3, 5, 17".
+std::string NoteUndoEntry(int row, int col, int notes);
+
 // Records the cell's current value as the newest undo entry.
 void PushUndo(const Puzzle& p, Session& session, WindowTexts& view, int row, int col);
 

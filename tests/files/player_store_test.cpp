@@ -84,7 +84,7 @@ TEST(PlayerStore, BadStoresLeaveItClosedWithOneMessageAndTheFilesKept) {
   sqlite3_open(db.c_str(), &other);
   sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
   EXPECT_EQ(ProblemOf(dir), kStart + db + " is in use by another program.");
-  sqlite3_exec(other, "ROLLBACK; PRAGMA user_version=2", nullptr, nullptr, nullptr);
+  sqlite3_exec(other, "ROLLBACK; PRAGMA user_version=99", nullptr, nullptr, nullptr);
   sqlite3_close(other);
   EXPECT_EQ(ProblemOf(dir), kStart + db + " was written by a newer version of Velmora.");
   const test::TempDir elsewhere;

@@ -1,7 +1,10 @@
 // The board painted into an image (each suit's symbol and colour, where the rank
 // and the solution text sit), played with the mouse and the keyboard through the
 // main window, and the Assist menu.
+#include "board/play.h"
+
 #include "board/geometry.h"
+#include "board/marks.h"
 #include "board/ui/board_painter.h"
 #include "model/hint.h"
 #include "model/text.h"
@@ -150,4 +153,92 @@ TEST(Play, MouseKeysAndTheAssistMenuReachTheBoard) {
 }
 
 }  // namespace
+TEST(Play, OptionsInCellsArePaintedOverTheBoardAndChangeNothing) {
+  Window win(1);
+  const Puzzle& p = win.s().puzzle;
+  BoardView* board = win.w.Board();
+  int row = 1, col = 1;
+  while (p.Grid[row][col] != 0) col = col % p.Cols + 1, row += col == 1;
+  const Puzzle before = p;
+  const QImage kept = board->Image(), plain = board->grab().toImage();
+  const QString status = win.Text("pb");
+  win.Trigger("mnuoptionsincells");
+  const QImage shown = board->grab().toImage();
+  const auto changed = [&](int r, int c) {
+    int n = 0;
+    for (int dy = 30; dy < 780; dy += 15)
+      for (int dx = 30; dx < 780; dx += 15) {
+        const QPoint at =
+            (board->TwipsToPixels(QPointF(CellX(c) + dx, CellY(r) + dy)) * plain.devicePixelRatio())
+                .toPoint();
+        n += plain.pixelColor(at) != shown.pixelColor(at);
+      }
+    return n;
+  };
+  EXPECT_GT(changed(row, col), 10);
+  EXPECT_EQ(changed(row, col == 1 ? 2 : 1) == 0,
+            p.Grid[row][col == 1 ? 2 : 1] != 0);  // a card's cell untouched
+  EXPECT_EQ(board->Image(), kept);
+  EXPECT_EQ(win.Text("pb"), status);
+  EXPECT_TRUE(p.CellOptions == before.CellOptions && p.Grid == before.Grid);
+  EXPECT_NE(win.dir.Read("velmora.ini").find("OptionsInCells=true"), std::string::npos);
+}
+
+TEST(Play, MarksAndRankNotesFromTheKeyboardAndTheMouse) {
+  Window win(1);
+  const Puzzle& p = win.s().puzzle;
+  BoardView* board = win.w.Board();
+  Key(board, Qt::Key_Up);  // the cursor on 1, 1
+  int col = 1;
+  while (p.Grid[1][col] != 0) Key(board, Qt::Key_Right), ++col;
+  QKeyEvent shiftH(QEvent::KeyPress, Qt::Key_H, Qt::ShiftModifier, QStringLiteral("H"));
+  QApplication::sendEvent(board, &shiftH);
+  EXPECT_EQ(p.Grid[1][col], -2);
+  QApplication::sendEvent(board, &shiftH);  // the same suit again takes it away
+  EXPECT_EQ(p.Grid[1][col], 0);
+  const QPointF centre = board->TwipsToPixels(QPointF(CellX(col) + 405, CellY(1) + 405));
+  for (const int mark : {-1, -2}) {
+    QMouseEvent press(QEvent::MouseButtonPress, centre, board->mapToGlobal(centre), Qt::LeftButton,
+                      Qt::LeftButton, Qt::ShiftModifier);
+    QMouseEvent release(QEvent::MouseButtonRelease, centre, board->mapToGlobal(centre), Qt::LeftButton,
+                        Qt::NoButton, Qt::ShiftModifier);
+    QApplication::sendEvent(board, &press);
+    QApplication::sendEvent(board, &release);
+    EXPECT_EQ(p.Grid[1][col], mark);
+  }
+  const QColor spade = win.Pixel(CellX(col) + 330, CellY(1) + 330);  // the symbol's middle, painted again
+  win.Get<QPushButton>("UndoEdit")->click();
+  EXPECT_EQ(p.Grid[1][col], -1);
+  EXPECT_NE(win.Pixel(CellX(col) + 330, CellY(1) + 330), spade);
+  // Alt and a rank notes it at the cursor; Ctrl and a click notes the chosen card's rank.
+  const QImage unnoted = board->grab().toImage();
+  QKeyEvent altQ(QEvent::KeyPress, Qt::Key_Q, Qt::AltModifier, QStringLiteral("q"));
+  QApplication::sendEvent(board, &altQ);
+  ChooseCard(win.s(), win.w, win.s().view.Remain[0].front());
+  QMouseEvent ctrl(QEvent::MouseButtonRelease, centre, board->mapToGlobal(centre), Qt::LeftButton,
+                   Qt::NoButton, Qt::ControlModifier);
+  QApplication::sendEvent(board, &ctrl);
+  EXPECT_EQ(p.Notes[1][col], (1 << 11) | (1 << (RankOfLetter(win.s().view.Remain[0].front()[0]) - 1)));
+  EXPECT_NE(board->grab().toImage(), unnoted);
+}
+
+TEST(Play, EveryCellIsNamedForAScreenReaderAndTheCursorMovesTheFocus) {
+  Window win(1);
+  BoardView* board = win.w.Board();
+  QAccessibleInterface* cells = QAccessible::queryAccessibleInterface(board);
+  ASSERT_EQ(cells->childCount(), 49);
+  const auto name = [&](int i) { return cells->child(i)->text(QAccessible::Name).toStdString(); };
+  EXPECT_EQ(name(0), "row 1, column 1: five of hearts, given");
+  EXPECT_EQ(name(1), "row 1, column 2: empty, 4 options");
+  MarkCell(win.s(), win.w, 1, 2, 2);
+  NoteCell(win.s(), win.w, 1, 2, 0x301);
+  EXPECT_EQ(name(1), "row 1, column 2: empty, marked hearts, notes 19T");
+  win.w.activateWindow();
+  board->setFocus();
+  Key(board, Qt::Key_Up);
+  Key(board, Qt::Key_Right);
+  EXPECT_EQ(cells->focusChild(), cells->child(1));
+  EXPECT_TRUE(cells->child(1)->state().focused && !cells->child(0)->state().focused);
+}
+
 }  // namespace velmora::test

@@ -267,7 +267,7 @@ void Form1::ControlsChanged() {
   frame1_->setVisible(v.Frame1Visible);
   for (int i = 0; i < 4; ++i) FillRemain(i);
   ShowSelection();
-  board_->ShowAids(shadeFits_ && shadeFits_->isChecked());
+  board_->ShowAids(shadeFits_ && shadeFits_->isChecked(), optionsInCells_ && optionsInCells_->isChecked());
 }
 
 void Form1::FillRemain(int list) {
@@ -316,6 +316,13 @@ void Form1::DrawBoard() {
 void Form1::DrawCell(int rank, const std::string& suitLetter, int row, int col) {
   ++cellDraws_;
   SetBoardColors();
+  // An undo paints its cell blank; a mark of the player's own shows again.
+  const bool inBoard = row >= 1 && row <= LoopRows(s_.puzzle) && col >= 1 && col <= LoopCols(s_.puzzle);
+  const int v = inBoard ? s_.puzzle.Grid[row][col] : 0;
+  if (suitLetter.empty() && v < 0 && v >= -4 && s_.puzzle.PuzzleGrid[row][col] == 0) {
+    board_->DrawCell(-1, std::string(1, kSuitLetters[-v]), row, col);
+    return;
+  }
   board_->DrawCell(rank, suitLetter, row, col);
 }
 

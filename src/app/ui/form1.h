@@ -198,6 +198,7 @@ class Form1 : public QMainWindow, public UserInterface {
   QAction* redo_ = nullptr;
   QAction* shadeFits_ = nullptr;
   QAction* markGivens_ = nullptr;
+  QAction* optionsInCells_ = nullptr;
   QPushButton* kickinOptions_ = nullptr;
   std::unique_ptr<PrintMenu> printMenu_;
   QPushButton* cmdexit_ = nullptr;

@@ -10,6 +10,7 @@
 #include "app/app_commands.h"
 #include "app/ui/form1.h"
 #include "board/geometry.h"
+#include "board/marks.h"
 #include "board/play.h"
 #include "board/ui/board_view.h"
 #include "controls/ui/fndialog.h"
@@ -97,6 +98,16 @@ void Form1::BuildBoard(QWidget* parent) {
     Kept([&] { Picture1MouseUp(s_, *this, button, x, y); });
     ControlsChanged();
     timing_.ClickHandled(cellDraws_ != drawsBefore);
+  };
+  board_->onMarkClick = [this](float x, float y) {
+    if (longCommand_) return;
+    Kept([&] { CycleMark(s_, *this, x, y); });
+    ControlsChanged();
+  };
+  board_->onNoteClick = [this](float x, float y) {
+    if (longCommand_) return;
+    Kept([&] { NoteChosenRank(s_, *this, x, y); });
+    ControlsChanged();
   };
   board_->onMouseMove = [this](float x, float y) {
     if (longCommand_) return;

@@ -45,6 +45,8 @@ void Form1::BuildMenus() {
       {"mnuassist", "&Assist", "mnushadefits", "&Shade Where the Card Fits", &Form1::ApplyAids,
        &Form1::shadeFits_},
       {"mnuassist", "&Assist", "mnumarkgivens", "&Mark Givens", &Form1::ApplyAids, &Form1::markGivens_},
+      {"mnuassist", "&Assist", "mnuoptionsincells", "Show &Options in Cells", &Form1::ApplyAids,
+       &Form1::optionsInCells_},
       {"mnuassist", "&Assist", nullptr, nullptr, {}},
       {"mnuassist", "&Assist", "mnukeepboards", "&Keep Unfinished Boards", &Form1::KeepBoardsToggled,
        &Form1::keepBoards_},

@@ -1,6 +1,7 @@
 // Picture1: the board picture, a kept image that cells are painted into.
 #include "board/ui/board_view.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -9,9 +10,23 @@
 #include <cmath>
 
 #include "board/geometry.h"
+#include "board/ui/board_accessible.h"
 #include "model/rules.h"
 
 namespace velmora {
+namespace {
+
+// Above every card's bit: the cell shows its options, even none.
+constexpr CardSet kOptionsShown = CardSet{1} << 63;
+// The cards of suit 1 (1S, 2S, ...); suit s is this shifted by s - 1.
+constexpr CardSet kFirstSuitCards = 0x1111111111111ULL;
+// Above every rank's bit: the cell's notes make room for its suit mark.
+constexpr uint16_t kNotesMarked = 1U << 15;
+// The suits as the text face draws them, to stay sharp at every scale.
+const QString kSuitGlyphs[] = {QStringLiteral("\u2660"), QStringLiteral("\u2665"), QStringLiteral("\u2666"),
+                               QStringLiteral("\u2663")};
+
+}  // namespace
 
 BoardView::BoardView(const GameState& state, QWidget* parent) : QWidget(parent), s_(state) {
   setObjectName(QStringLiteral("Picture1"));
@@ -19,6 +34,8 @@ BoardView::BoardView(const GameState& state, QWidget* parent) : QWidget(parent),
   setAttribute(Qt::WA_OpaquePaintEvent);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setFocusPolicy(Qt::StrongFocus);  // keyboard play
+  static const bool factory = (QAccessible::installFactory(BoardAccessibleFactory), true);
+  (void)factory;
 }
 
 QSize BoardView::sizeHint() const {
@@ -99,12 +116,12 @@ void BoardView::paintEvent(QPaintEvent* event) {
   QPainter p(this);
   p.fillRect(event->rect(), surface_);
   p.drawImage(QRectF(offset_, QSizeF(image_.size()) / imageScale_), image_);
-  if (aids_ != Aids{}) PaintAids(p);
+  if (aids_ != Aids{}) PaintAids(p, event->rect());
   p.end();
   if (onPainted) onPainted();
 }
 
-void BoardView::ShowAids(bool shade) {
+void BoardView::ShowAids(bool shade, bool options) {
   Aids aids;
   const PlayAids& a = s_.session.aids;
   const int card = shade && !s_.session.SelectedCard.empty() ? FindCardIndex(s_.session.SelectedCard) : -1;
@@ -114,6 +131,21 @@ void BoardView::ShowAids(bool shade) {
           s_.puzzle.Grid[r][c] < 1 && (s_.puzzle.CellOptions[r][c] & CardBit(card));
     }
   }
+  for (int r = 1; options && r <= LoopRows(s_.puzzle); ++r) {
+    for (int c = 1; c <= LoopCols(s_.puzzle); ++c) {
+      if (s_.puzzle.Grid[r][c] == 0)
+        aids.options[static_cast<size_t>(r) * kGridDim + static_cast<size_t>(c)] =
+            s_.puzzle.CellOptions[r][c] | kOptionsShown;
+    }
+  }
+  for (int r = 1; r <= LoopRows(s_.puzzle); ++r) {
+    for (int c = 1; c <= LoopCols(s_.puzzle); ++c) {
+      const int v = s_.puzzle.Grid[r][c];
+      if (v <= 0 && s_.puzzle.Notes[r][c] != 0)
+        aids.notes[static_cast<size_t>(r) * kGridDim + static_cast<size_t>(c)] =
+            s_.puzzle.Notes[r][c] | (v < 0 ? kNotesMarked : 0);
+    }
+  }
   // A hint frames its cell while the board is the one it was given for.
   if (a.hintKind != 0 && a.hintRow >= 1 && a.gridAtHint == s_.puzzle.Grid)
     aids.hint = a.hintRow * kGridDim + a.hintCol;
@@ -121,14 +153,18 @@ void BoardView::ShowAids(bool shade) {
       a.cursorCol <= LoopCols(s_.puzzle))
     aids.cursor = a.cursorRow * kGridDim + a.cursorCol;
   if (aids == aids_) return;
+  if (aids.cursor != aids_.cursor && aids.cursor != 0) AnnounceCursor(this, a.cursorRow, a.cursorCol);
   aids_ = aids;
   update();
 }
 
-void BoardView::PaintAids(QPainter& p) const {
+void BoardView::PaintAids(QPainter& p, const QRect& dirty) const {
   p.save();
   p.translate(offset_);
   ScaleToTwips(p, logicalDpiX() * zoom_, logicalDpiY() * zoom_);
+  const QRectF dirtyTwips = p.transform().inverted().mapRect(QRectF(dirty));
+  PaintOptions(p, dirtyTwips);
+  PaintNotes(p, dirtyTwips);
   auto cell = [](int at, int inset) {
     const int r = at / kGridDim, c = at % kGridDim;
     return QRectF(CellX(c) + inset, CellY(r) + inset, kCellSize - 2 * inset, kCellSize - 2 * inset);
@@ -148,6 +184,74 @@ void BoardView::PaintAids(QPainter& p) const {
   p.restore();
 }
 
+void BoardView::PaintOptions(QPainter& p, const QRectF& dirty) const {
+  const QFont small = TwipsFont(180, true);
+  const QFont rank = TwipsFont(14 * kTwipsPerPoint, true);
+  const QFont symbol = TwipsFont(560, false), suits = TwipsFont(230, false);
+  for (size_t at = 0; at < aids_.options.size(); ++at) {
+    const CardSet set = aids_.options[at] & ~kOptionsShown;
+    const int r = static_cast<int>(at) / kGridDim, c = static_cast<int>(at) % kGridDim;
+    const QRectF cell(CellX(c), CellY(r), kCellSize, kCellSize);
+    if (aids_.options[at] == 0 || !dirty.intersects(cell)) continue;
+    const int count = __builtin_popcountll(set);
+    p.setFont(small);
+    p.setPen(count == 0 ? QColor(200, 9, 9) : QColor(90, 90, 90));
+    p.drawText(cell.adjusted(40, 25, -50, 0), Qt::AlignRight | Qt::AlignTop, QString::number(count));
+    if (count == 1) {
+      // The one card it can take, faintly where a placed card would stand.
+      const int card = __builtin_ctzll(set) + 1;
+      p.setOpacity(0.3);
+      p.setPen(SuitQColor(CardSuit(card)));
+      p.setFont(symbol);
+      p.drawText(QRectF(cell.x() + 60, cell.y() + 10, 550, 620), Qt::AlignCenter,
+                 kSuitGlyphs[CardSuit(card) - 1]);
+      p.setFont(rank);
+      p.drawText(QPointF(TextX(c) + 310, TextY(r) + 325 + p.fontMetrics().ascent()),
+                 QString::fromLatin1(RankLetter(CardRank(card))));
+      p.setOpacity(1);
+      continue;
+    }
+    for (int suit = 1; suit <= 4; ++suit) {
+      if ((set & (kFirstSuitCards << (suit - 1))) == 0) continue;
+      p.setPen(SuitQColor(suit));
+      p.setFont(suits);
+      p.drawText(QRectF(cell.x() + 55 + (suit - 1) * 175, cell.bottom() - 260, 175, 240), Qt::AlignCenter,
+                 kSuitGlyphs[suit - 1]);
+    }
+  }
+}
+
+void BoardView::PaintNotes(QPainter& p, const QRectF& dirty) const {
+  p.setPen(QColor(20, 90, 210));
+  const QFont small = TwipsFont(130, true), pencil = TwipsFont(165, true);
+  for (size_t at = 0; at < aids_.notes.size(); ++at) {
+    const int r = static_cast<int>(at) / kGridDim, c = static_cast<int>(at) % kGridDim;
+    const QRectF cell(CellX(c), CellY(r), kCellSize, kCellSize);
+    const unsigned notes = aids_.notes[at];
+    if (notes == 0 || !dirty.intersects(cell)) continue;
+    if (notes & kNotesMarked) {
+      // One line under the mark's symbol, left of its "?".
+      QString text;
+      for (int rank = 1; rank <= 13; ++rank)
+        if (notes & (1U << (rank - 1))) text += QLatin1String(RankLetter(rank));
+      p.setFont(small);
+      const QRectF line = cell.adjusted(35, 615, -290, -20);
+      p.drawText(line, Qt::AlignLeft | Qt::AlignVCenter,
+                 p.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(line.width())));
+      continue;
+    }
+    // Pencil marks: each rank in its own place, 1-7 above 8-K, between the
+    // option count and the option suits.
+    p.setFont(pencil);
+    for (int rank = 1; rank <= 13; ++rank) {
+      if ((notes & (1U << (rank - 1))) == 0) continue;
+      const int column = (rank - 1) % 7, line = (rank - 1) / 7;
+      const QRectF place(cell.x() + 40 + column * 104, cell.y() + 215 + line * 185, 104, 185);
+      p.drawText(place, Qt::AlignCenter, QLatin1String(RankLetter(rank)));
+    }
+  }
+}
+
 void BoardView::keyPressEvent(QKeyEvent* event) {
   if (!onKey || !onKey(event)) QWidget::keyPressEvent(event);
 }
@@ -155,6 +259,14 @@ void BoardView::keyPressEvent(QKeyEvent* event) {
 void BoardView::mouseReleaseEvent(QMouseEvent* event) {
   const int button = event->button() == Qt::LeftButton ? 1 : (event->button() == Qt::RightButton ? 2 : 0);
   const QPointF twips = PixelsToTwips(event->position());
+  if (button == 1 && event->modifiers().testFlag(Qt::ShiftModifier) && onMarkClick) {
+    onMarkClick(static_cast<float>(twips.x()), static_cast<float>(twips.y()));
+    return;
+  }
+  if (button == 1 && event->modifiers().testFlag(Qt::ControlModifier) && onNoteClick) {
+    onNoteClick(static_cast<float>(twips.x()), static_cast<float>(twips.y()));
+    return;
+  }
   if (button != 0 && onMouseUp)
     onMouseUp(button, static_cast<float>(twips.x()), static_cast<float>(twips.y()));
 }

@@ -20,6 +20,8 @@ class BoardView : public QWidget {
 
  public:
   explicit BoardView(const GameState& state, QWidget* parent = nullptr);
+  // What the board shows, for the screen reader's cells.
+  const GameState& State() const { return s_; }
 
   // The fill of the cells painted from now on: scheme colour 2.
   void SetCellColor(QColor color) { cell_ = color; }
@@ -30,9 +32,10 @@ class BoardView : public QWidget {
   // as every other card.
   void SetGivenColor(QColor color) { given_ = color; }
   // The aids drawn over the picture, never into it: the cells where the
-  // selected card fits (when `shade`), the hint's cell, the keyboard cursor.
-  // Repaints when what they show has changed.
-  void ShowAids(bool shade);
+  // selected card fits (when `shade`), the hint's cell, the keyboard cursor,
+  // and (when `options`) what each empty cell can still take. Repaints when
+  // what they show has changed.
+  void ShowAids(bool shade, bool options = false);
   void DrawBoard();
   void DrawCell(int rank, const std::string& suitLetter, int row, int col);
   void ShowSolution();
@@ -56,6 +59,10 @@ class BoardView : public QWidget {
   // Mouse events in twips; button 1 left, 2 right.
   std::function<void(int button, float x, float y)> onMouseUp;
   std::function<void(float x, float y)> onMouseMove;
+  // A left click with Shift held, in twips: the player's suit mark.
+  std::function<void(float x, float y)> onMarkClick;
+  // A left click with Ctrl held, in twips: the chosen card's rank noted.
+  std::function<void(float x, float y)> onNoteClick;
   // Called after each paint of the widget (start-up and placement timing).
   std::function<void()> onPainted;
   // Keys pressed on the board; true when the key was used.
@@ -73,11 +80,17 @@ class BoardView : public QWidget {
   bool EnsureImage();
   template <typename Paint>
   void PaintOnImage(Paint&& paint);
-  void PaintAids(QPainter& p) const;
+  void PaintAids(QPainter& p, const QRect& dirty) const;
+  void PaintOptions(QPainter& p, const QRectF& dirty) const;
+  void PaintNotes(QPainter& p, const QRectF& dirty) const;
 
   // What the aids show: shaded cells, and the hint's and the cursor's cells.
   struct Aids {
     std::array<bool, kGridDim * kGridDim> shaded{};
+    // The options of each empty cell, with kOptionsShown set; 0 shows none.
+    std::array<CardSet, kGridDim * kGridDim> options{};
+    // The rank notes of each cell without a card; kNotesMarked when it holds a mark.
+    std::array<uint16_t, kGridDim * kGridDim> notes{};
     int hint = 0, cursor = 0;  // row * kGridDim + col; 0 for none
     bool operator==(const Aids&) const = default;
   };

@@ -38,6 +38,7 @@ TEST(CliBook, PageCountsMessagesAndRefusals) {
       {{sample, "--per-page", "3"}, "2:+stderr", {}},
       {{sample, "--answers-per-page", "13"}, "2:+stderr", {}},
       {{sample, "--answers", "front"}, "2:+stderr", {}},
+      {{}, "2:+stderr", {}},  // no FILE
   };
   for (const auto& c : cases) {
     std::vector<std::string> args{"book", "--pdf", pdf};

@@ -54,12 +54,14 @@ bool ReadEntry(const std::string& entry, PlayAids::Change& c) {
   return at == end;
 }
 
+// The undo list as changes: a cell's value, or (after "note") its rank notes.
 std::vector<PlayAids::Change> UndoChanges(const std::deque<std::string>& list) {
   std::vector<PlayAids::Change> changes;
   changes.reserve(list.size());
   for (const std::string& entry : list) {
     PlayAids::Change c{};
-    if (ReadEntry(entry, c)) changes.push_back(c);
+    c.note = entry.starts_with(kNoteUndoPrefix);
+    if (ReadEntry(c.note ? entry.substr(kNoteUndoPrefix.size()) : entry, c)) changes.push_back(c);
   }
   return changes;
 }
@@ -152,7 +154,8 @@ void BoardKeeper::Enter(GameState& s, UserInterface& ui, KeeperEvent ran) {
   s.session.aids.RedoList = board_.redo;
   if (!kept) return;
   for (const PlayAids::Change& c : board_.undo)
-    s.session.UndoList.push_back(UndoEntry(c.row, c.col, c.value));
+    s.session.UndoList.push_back(c.note ? NoteUndoEntry(c.row, c.col, c.value)
+                                        : UndoEntry(c.row, c.col, c.value));
   for (int r = 1; r <= LoopRows(p); ++r)
     for (int c = 1; c <= LoopCols(p); ++c) p.Grid[r][c] = board_.grid[r][c];
   p.Notes = board_.notes;
@@ -194,11 +197,8 @@ void BoardKeeper::KeepBoard(const GameState& s) {
   }
   board_.grid = s.puzzle.Grid;
   board_.notes = s.puzzle.Notes;
-  // Changes of notes are kept as the notes they made, not as steps to undo.
   board_.undo = UndoChanges(s.session.UndoList);
-  board_.redo.clear();
-  for (const PlayAids::Change& c : s.session.aids.RedoList)
-    if (!c.note) board_.redo.push_back(c);
+  board_.redo = s.session.aids.RedoList;
   kept_ = store_.Keep(place_, board_);
   storedMs_ = board_.playedMs;
   if (kept_ && status_.outcome == PuzzleOutcome::kNew) status_.outcome = PuzzleOutcome::kInProgress;

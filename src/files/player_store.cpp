@@ -82,27 +82,51 @@ constexpr const char* kSql[kSqlCount] = {
 // A grid value as one letter, the way puzzle files write them.
 char Letter(int value) { return static_cast<char>(value + 64); }
 
-// Three letters a change: row and column digits, the value as a grid letter.
+// Three letters a change: row and column digits, the value as a grid letter;
+// a change of rank notes is "n", the digits and the notes in four hex digits.
 std::string ChangesText(const std::vector<PlayAids::Change>& changes) {
+  static constexpr char kHex[] = "0123456789abcdef";
   std::string text;
   text.reserve(changes.size() * 3);
   for (const auto& c : changes) {
+    if (c.note) text += 'n';
     text += static_cast<char>('0' + c.row);
     text += static_cast<char>('0' + c.col);
-    text += Letter(c.value);
+    if (!c.note) {
+      text += Letter(c.value);
+      continue;
+    }
+    for (int shift = 12; shift >= 0; shift -= 4) text += kHex[(c.value >> shift) & 15];
   }
   return text;
 }
 
+// The notes of a change read at `at`: four hex digits; -1 when they are not.
+int HexNotes(const std::string& text, size_t at) {
+  if (at + 4 > text.size()) return -1;
+  int value = 0;
+  for (size_t i = at; i < at + 4; ++i) {
+    const char h = text[i];
+    const int digit = h >= '0' && h <= '9' ? h - '0' : (h >= 'a' && h <= 'f' ? h - 'a' + 10 : -1);
+    if (digit < 0) return -1;
+    value = value * 16 + digit;
+  }
+  return value;
+}
+
 // Changes of cells on a rows x cols board, to values a cell can hold.
 bool ReadChanges(const std::string& text, int rows, int cols, std::vector<PlayAids::Change>& out) {
-  if (text.size() % 3 != 0) return false;
   out.reserve(text.size() / 3);
-  for (size_t at = 0; at < text.size(); at += 3) {
-    const PlayAids::Change c{text[at] - '0', text[at + 1] - '0', text[at + 2] - 64};
-    if (c.row < 1 || c.row > rows || c.col < 1 || c.col > cols || !CardCodeTable::InRange(c.value))
-      return false;
+  for (size_t at = 0; at < text.size();) {
+    const bool note = text[at] == 'n';
+    at += note ? 1 : 0;
+    if (at + 3 > text.size()) return false;
+    const int value = note ? HexNotes(text, at + 2) : text[at + 2] - 64;
+    const PlayAids::Change c{text[at] - '0', text[at + 1] - '0', value, note};
+    if (c.row < 1 || c.row > rows || c.col < 1 || c.col > cols) return false;
+    if (note ? value < 0 : !CardCodeTable::InRange(value)) return false;
     out.push_back(c);
+    at += note ? 6 : 3;
   }
   return true;
 }

@@ -25,7 +25,6 @@ std::vector<std::string_view> Split(std::string_view text, char separator) {
 
 bool OnBoardArrays(int row, int col) { return row >= 0 && row <= kMaxIndex && col >= 0 && col <= kMaxIndex; }
 
-constexpr std::string_view kNotePrefix = "note";
 constexpr int kAllRanks = (1 << 13) - 1;
 
 }  // namespace
@@ -33,7 +32,7 @@ constexpr int kAllRanks = (1 << 13) - 1;
 std::string UndoEntry(int row, int col, int value) { return Str(row) + "," + Str(col) + "," + Str(value); }
 
 std::string NoteUndoEntry(int row, int col, int notes) {
-  return std::string(kNotePrefix) + UndoEntry(row, col, notes);
+  return std::string(kNoteUndoPrefix) + UndoEntry(row, col, notes);
 }
 
 void PushUndo(const Puzzle& p, Session& session, WindowTexts& view, int row, int col) {
@@ -47,8 +46,8 @@ void UndoLast(GameState& s, UserInterface& ui) {
   if (s.session.UndoList.empty()) return;
   EndHint(s.session.aids, s.view);
   std::string_view entry = s.session.UndoList.front();
-  const bool note = entry.starts_with(kNotePrefix);
-  if (note) entry.remove_prefix(kNotePrefix.size());
+  const bool note = entry.starts_with(kNoteUndoPrefix);
+  if (note) entry.remove_prefix(kNoteUndoPrefix.size());
   const auto parts = Split(entry, ',');
   const int row = parts.size() >= 3 ? ValInt(parts[0]).value_or(-1) : -1;
   const int col = parts.size() >= 3 ? ValInt(parts[1]).value_or(-1) : -1;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "model/game_state.h"
 #include "model/user_interface.h"
@@ -12,6 +13,7 @@ namespace velmora {
 std::string UndoEntry(int row, int col, int value);
 
 // The entry for a change of a cell's rank notes: "note 3, 5, 17".
+inline constexpr std::string_view kNoteUndoPrefix = "note";
 std::string NoteUndoEntry(int row, int col, int notes);
 
 // Records the cell's current value as the newest undo entry.

@@ -39,9 +39,10 @@ TEST(CliNotes, NotesAreUndoStepsHiddenUnderACardAndKept) {
                 .out,
             "error: usage: note ROW COL RANKS\n1 2 19TK\n2 3 Q\n1 2 19TK\n2 3 Q\n2 3 Q\n");
   const std::vector<std::string> keep = {"play", "--keep", "--folder", dir.path(), file, "1"};
-  RunCli(keep, "note 2 3 Q\nmark 1 2 C\n");
-  EXPECT_EQ(RunCli(keep, "notes\nboard\n").out,
-            "2 3 Q\no<J[h@a\nAR@b@NX\nW@eTK@M\ndn@F@kB\nZ@HUl@Q\nPr@f@p_\nE@i`q@L\n");
+  RunCli(keep, "note 2 3 Q\nnote 2 3 QK\nmark 1 2 C\nundo\n");
+  // The kept board comes back with its note steps to undo and redo.
+  EXPECT_EQ(RunCli(keep, "notes\nredo\nboard\nundo\nundo\nnotes\n").out,
+            "2 3 QK\no<J[h@a\nAR@b@NX\nW@eTK@M\ndn@F@kB\nZ@HUl@Q\nPr@f@p_\nE@i`q@L\n2 3 Q\n");
   EXPECT_EQ(RunCli(keep, "reset\nnotes\n").out.find("2 3 Q"), std::string::npos);
 }
 

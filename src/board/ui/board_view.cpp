@@ -223,7 +223,8 @@ void BoardView::PaintOptions(QPainter& p, const QRectF& dirty) const {
 
 void BoardView::PaintNotes(QPainter& p, const QRectF& dirty) const {
   p.setPen(QColor(20, 90, 210));
-  const QFont small = TwipsFont(130, true), pencil = TwipsFont(165, true);
+  // Small enough that two neighbouring ranks never touch (a bold "Q" is the widest).
+  const QFont small = TwipsFont(130, true), pencil = TwipsFont(135, true);
   for (size_t at = 0; at < aids_.notes.size(); ++at) {
     const int r = static_cast<int>(at) / kGridDim, c = static_cast<int>(at) % kGridDim;
     const QRectF cell(CellX(c), CellY(r), kCellSize, kCellSize);

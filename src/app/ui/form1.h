@@ -118,6 +118,8 @@ class Form1 : public QMainWindow, public UserInterface {
     RowExtra extra = {};
   };
   static constexpr bool kYields = true;
+  // The menus, one row per entry (form1_menus.cpp).
+  static const MenuRow kMenuRows[];
 
   // The controls: each part lays out its widgets and wires them to commands.
   void BuildControls();

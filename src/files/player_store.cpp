@@ -82,10 +82,25 @@ constexpr const char* kSql[kSqlCount] = {
 // A grid value as one letter, the way puzzle files write them.
 char Letter(int value) { return static_cast<char>(value + 64); }
 
+// A cell's rank notes as four hex digits, the form both the notes column and
+// the note changes of the undo lists keep.
+void AppendNotes(std::string& text, unsigned notes) {
+  char cell[8];
+  std::snprintf(cell, sizeof cell, "%04x", notes & 0x1fff);
+  text += cell;
+}
+
+// The four hex digits of notes at `at`; -1 when they are not.
+int NotesAt(const std::string& text, size_t at) {
+  if (at + 4 > text.size()) return -1;
+  unsigned v = 0;
+  const auto [end, ec] = std::from_chars(text.data() + at, text.data() + at + 4, v, 16);
+  return ec != std::errc() || end != text.data() + at + 4 ? -1 : static_cast<int>(v & 0x1fff);
+}
+
 // Three letters a change: row and column digits, the value as a grid letter;
 // a change of rank notes is "n", the digits and the notes in four hex digits.
 std::string ChangesText(const std::vector<PlayAids::Change>& changes) {
-  static constexpr char kHex[] = "0123456789abcdef";
   std::string text;
   text.reserve(changes.size() * 3);
   for (const auto& c : changes) {
@@ -96,22 +111,9 @@ std::string ChangesText(const std::vector<PlayAids::Change>& changes) {
       text += Letter(c.value);
       continue;
     }
-    for (int shift = 12; shift >= 0; shift -= 4) text += kHex[(c.value >> shift) & 15];
+    AppendNotes(text, static_cast<unsigned>(c.value));
   }
   return text;
-}
-
-// The notes of a change read at `at`: four hex digits; -1 when they are not.
-int HexNotes(const std::string& text, size_t at) {
-  if (at + 4 > text.size()) return -1;
-  int value = 0;
-  for (size_t i = at; i < at + 4; ++i) {
-    const char h = text[i];
-    const int digit = h >= '0' && h <= '9' ? h - '0' : (h >= 'a' && h <= 'f' ? h - 'a' + 10 : -1);
-    if (digit < 0) return -1;
-    value = value * 16 + digit;
-  }
-  return value;
 }
 
 // Changes of cells on a rows x cols board, to values a cell can hold.
@@ -121,7 +123,7 @@ bool ReadChanges(const std::string& text, int rows, int cols, std::vector<PlayAi
     const bool note = text[at] == 'n';
     at += note ? 1 : 0;
     if (at + 3 > text.size()) return false;
-    const int value = note ? HexNotes(text, at + 2) : text[at + 2] - 64;
+    const int value = note ? NotesAt(text, at + 2) : text[at + 2] - 64;
     const PlayAids::Change c{text[at] - '0', text[at + 1] - '0', value, note};
     if (c.row < 1 || c.row > rows || c.col < 1 || c.col > cols) return false;
     if (note ? value < 0 : !CardCodeTable::InRange(value)) return false;
@@ -150,9 +152,7 @@ std::string NotesText(const Board<uint16_t>& notes, int rows, int cols) {
   bool any = false;
   for (int r = 1; r <= std::min(rows, kMaxIndex); ++r) {
     for (int c = 1; c <= std::min(cols, kMaxIndex); ++c) {
-      char cell[8];
-      std::snprintf(cell, sizeof cell, "%04x", notes[r][c] & 0x1fff);
-      text += cell;
+      AppendNotes(text, notes[r][c]);
       any |= notes[r][c] != 0;
     }
   }
@@ -166,11 +166,9 @@ Board<uint16_t> ReadNotes(const std::string& text, int rows, int cols) {
   if (text.size() != static_cast<size_t>(rows * cols) * 4) return notes;
   for (int r = 1; r <= rows; ++r) {
     for (int c = 1; c <= cols; ++c) {
-      const char* at = text.data() + static_cast<size_t>((r - 1) * cols + c - 1) * 4;
-      unsigned v = 0;
-      const auto [end, ec] = std::from_chars(at, at + 4, v, 16);
-      if (ec != std::errc() || end != at + 4) return {};
-      notes[r][c] = static_cast<uint16_t>(v & 0x1fff);
+      const int v = NotesAt(text, static_cast<size_t>((r - 1) * cols + c - 1) * 4);
+      if (v < 0) return {};
+      notes[r][c] = static_cast<uint16_t>(v);
     }
   }
   return notes;

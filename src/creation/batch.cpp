@@ -1,6 +1,7 @@
 // Making many puzzles on one thread, two deals in turn.
 #include <optional>
 
+#include "creation/deal_loops.h"
 #include "creation/generator.h"
 #include "creation/puzzle_maker.h"
 
@@ -38,29 +39,26 @@ struct Slot {
   }
 };
 
-// Deals two puzzles in turn, one cell each, until either ends its deal; the
-// two puzzles' draws do not wait on each other.
-void StepInTurn(Slot& a, Slot& b) {
+// Deals two puzzles in turn, one cell each, until either ends its deal.
+void StepInTurn(Slot& a, Slot& b, const maker::DealLoops& loops) {
   if (a.busy && b.busy) {
-    while (a.phase == Phase::kDealing && b.phase == Phase::kDealing) {
-      a.phase = a.maker->Step();
-      b.phase = b.maker->Step();
-    }
+    loops.inTurn(*a.maker, a.phase, *b.maker, b.phase);
     return;
   }
   Slot& only = a.busy ? a : b;
-  while (only.phase == Phase::kDealing) only.phase = only.maker->Step();
+  only.phase = loops.alone(*only.maker, only.phase);
 }
 
 }  // namespace
 
 void CreatePuzzles(PuzzleJobs& jobs) {
   SilentUserInterface ui;
+  const maker::DealLoops& loops = maker::ActiveDealLoops();
   Slot a, b;
   a.Start(jobs, ui);
   b.Start(jobs, ui);
   while (a.busy || b.busy) {
-    StepInTurn(a, b);
+    StepInTurn(a, b, loops);
     a.Settle(jobs, ui);
     b.Settle(jobs, ui);
   }

@@ -6,6 +6,7 @@
 #include <array>
 
 #include "board/geometry.h"
+#include "creation/deal_loops.h"
 #include "creation/puzzle_maker.h"
 #include "model/solver.h"
 #include "model/text.h"
@@ -178,8 +179,7 @@ int CreatePuzzle(Puzzle& p, Session& session, UserInterface& ui, int& difficulty
   // A 7x7 board, whatever size the last load left.
   p.Rows = p.Cols = maker::kSize;
   maker::PuzzleMaker maker(p, session, ui, difficulty);
-  auto phase = maker.Begin();
-  while (phase == maker::PuzzleMaker::Phase::kDealing) phase = maker.Step();
+  const auto phase = maker::ActiveDealLoops().alone(maker, maker.Begin());
   if (phase == maker::PuzzleMaker::Phase::kCancelled) return 1;
   difficulty = maker.level();
   return 0;

@@ -88,6 +88,11 @@ inline int DrawFromPool(Random& rng, CardSet& pool, CardSet excluded) {
   return bit;
 }
 
+// The generic draw, for PuzzleMaker::StepWith.
+struct BroadwordDraw {
+  static int From(Random& rng, CardSet& pool, CardSet excluded) { return DrawFromPool(rng, pool, excluded); }
+};
+
 // CreatePuzzle's steps for one puzzle, made in `p` (which must be 7x7) from
 // the session's random source, watching its CancelRequest.
 class PuzzleMaker {
@@ -105,9 +110,11 @@ class PuzzleMaker {
 
   // Deals one cell. When a deal ends this also does what follows it: a
   // fresh deal, or the base puzzle's check and the removal of givens.
-  // Inlined so that two makers' steps interleave in one loop.
-  [[gnu::always_inline]] Phase Step() {
-    const int bit = DrawFromPool(rng_, pool_, base_[row_] | colRanks_ | below_);
+  // Inlined so that two makers' steps interleave in one loop. `Draw::From`
+  // does what DrawFromPool does, in the CPU version the loop is built for.
+  template <class Draw>
+  [[gnu::always_inline]] Phase StepWith() {
+    const int bit = Draw::From(rng_, pool_, base_[row_] | colRanks_ | below_);
     if (bit < 0) return AttemptFailed();
     grid_[row_ * kGridDim] = PoolCard(bit);
     below_ = near_[row_] = kPool.nearOfBit[bit];

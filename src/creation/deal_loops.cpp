@@ -1,0 +1,48 @@
+// Each CPU level's build of the dealing loops. The loop bodies are the
+// templates of deal_loops.h; only the draw differs between the levels.
+#include "creation/deal_loops.h"
+
+#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__)
+#include <immintrin.h>
+#define VELMORA_CPU_VERSIONS 1
+#endif
+
+namespace velmora::maker {
+namespace generic {
+
+Phase DealAlone(PuzzleMaker& m, Phase phase) { return DealAloneWith<BroadwordDraw>(m, phase); }
+void DealInTurn(PuzzleMaker& a, Phase& pa, PuzzleMaker& b, Phase& pb) {
+  DealInTurnWith<BroadwordDraw>(a, pa, b, pb);
+}
+constexpr DealLoops kLoops{DealAlone, DealInTurn};
+
+}  // namespace generic
+
+#ifdef VELMORA_CPU_VERSIONS
+// Both newer levels draw with BMI2; the x86-64-v4 loops are the same source
+// compiled for that level.
+#pragma GCC push_options
+#pragma GCC target("avx2,bmi,bmi2,popcnt,lzcnt,fma,movbe")
+namespace v3 {
+#include "creation/deal_version.h"
+}  // namespace v3
+#pragma GCC pop_options
+
+#pragma GCC push_options
+#pragma GCC target("avx2,bmi,bmi2,popcnt,lzcnt,fma,movbe,avx512f,avx512bw,avx512cd,avx512dq,avx512vl")
+namespace v4 {
+#include "creation/deal_version.h"
+}  // namespace v4
+#pragma GCC pop_options
+#endif
+
+const DealLoops& DealLoopsFor(CpuLevel level) {
+#ifdef VELMORA_CPU_VERSIONS
+  if (level == CpuLevel::kV4) return v4::kLoops;
+  if (level == CpuLevel::kV3) return v3::kLoops;
+#endif
+  (void)level;
+  return generic::kLoops;
+}
+
+}  // namespace velmora::maker

@@ -1,0 +1,80 @@
+#include "model/cpu_level.h"
+
+#include <array>
+#include <atomic>
+#include <cstdlib>
+
+namespace velmora {
+namespace {
+
+constexpr std::array<std::string_view, 3> kNames = {"generic", "v3", "v4"};
+
+CpuLevel DetectLevel() {
+#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__)
+  // libgcc's checks include the operating system's saving of the AVX and
+  // AVX-512 registers, so a "yes" here means the instructions can run.
+  __builtin_cpu_init();
+  const bool v3 = __builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi") &&
+                  __builtin_cpu_supports("bmi2") && __builtin_cpu_supports("popcnt") &&
+                  __builtin_cpu_supports("fma");
+  const bool v4 = v3 && __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") &&
+                  __builtin_cpu_supports("avx512cd") && __builtin_cpu_supports("avx512dq") &&
+                  __builtin_cpu_supports("avx512vl");
+  return v4 ? CpuLevel::kV4 : (v3 ? CpuLevel::kV3 : CpuLevel::kGeneric);
+#else
+  return CpuLevel::kGeneric;
+#endif
+}
+
+CpuLevel StartLevel() {
+  const CpuLevel best = BestCpuLevel();
+  const char* asked = std::getenv("VELMORA_CPU");
+  const std::optional<CpuLevel> named = CpuLevelNamed(asked ? asked : "");
+  return named && *named <= best ? *named : best;
+}
+
+// Read on every dispatch; relaxed is enough, as it changes only at start-up
+// and between the runs of a test.
+std::atomic<CpuLevel>& Active() {
+  static std::atomic<CpuLevel> level{StartLevel()};
+  return level;
+}
+
+}  // namespace
+
+bool CpuVersionsBuilt() {
+#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__)
+  return true;
+#else
+  return false;
+#endif
+}
+
+CpuLevel BestCpuLevel() {
+  static const CpuLevel best = DetectLevel();
+  return best;
+}
+
+std::vector<CpuLevel> SupportedCpuLevels() {
+  std::vector<CpuLevel> levels;
+  for (int i = 0; i <= static_cast<int>(BestCpuLevel()); ++i) levels.push_back(static_cast<CpuLevel>(i));
+  return levels;
+}
+
+CpuLevel ActiveCpuLevel() { return Active().load(std::memory_order_relaxed); }
+
+bool UseCpuLevel(CpuLevel level) {
+  if (level > BestCpuLevel()) return false;
+  Active().store(level, std::memory_order_relaxed);
+  return true;
+}
+
+std::string_view CpuLevelName(CpuLevel level) { return kNames[static_cast<size_t>(level)]; }
+
+std::optional<CpuLevel> CpuLevelNamed(std::string_view name) {
+  for (size_t i = 0; i < kNames.size(); ++i)
+    if (kNames[i] == name) return static_cast<CpuLevel>(i);
+  return std::nullopt;
+}
+
+}  // namespace velmora

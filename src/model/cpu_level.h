@@ -1,0 +1,39 @@
+// Which build of the hot paths runs: the generic code, or a version for a
+// newer x86-64 CPU level, chosen once at start-up from what the CPU offers.
+// Every version gives the same results; only the speed differs.
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace velmora {
+
+enum class CpuLevel {
+  kGeneric,  // any CPU the program is built for
+  kV3,       // x86-64-v3: AVX2, BMI1/2, LZCNT, POPCNT, FMA
+  kV4,       // x86-64-v4: v3 plus AVX-512 F, BW, CD, DQ, VL
+};
+
+// Whether the versions for newer CPUs are built in at all (GCC on x86-64).
+bool CpuVersionsBuilt();
+
+// The highest level this CPU and its operating system run.
+CpuLevel BestCpuLevel();
+
+// Every level this machine runs, lowest first.
+std::vector<CpuLevel> SupportedCpuLevels();
+
+// The level the hot paths use: BestCpuLevel(), or a lower one named by the
+// environment variable VELMORA_CPU ("generic", "v3", "v4") at start-up.
+CpuLevel ActiveCpuLevel();
+
+// Switches the hot paths to `level`, for tests and benchmarks that run each
+// version in turn; false, changing nothing, when this machine lacks it.
+// Not to be called while another thread generates or solves.
+bool UseCpuLevel(CpuLevel level);
+
+std::string_view CpuLevelName(CpuLevel level);
+std::optional<CpuLevel> CpuLevelNamed(std::string_view name);
+
+}  // namespace velmora

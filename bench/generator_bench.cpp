@@ -2,6 +2,7 @@
 // runs it: one fresh generator per puzzle.
 #include <benchmark/benchmark.h>
 
+#include "cpu_arg.h"
 #include "creation/generator.h"
 #include "model/game_state.h"
 
@@ -10,6 +11,8 @@ namespace {
 
 void BM_CreatePuzzle(benchmark::State& state) {
   const int level = static_cast<int>(state.range(0));
+  const CpuArg cpu(state, 1);
+  if (!cpu.ok()) return;
   GameState s;
   SilentUserInterface ui;
   uint64_t seed = 1;
@@ -21,7 +24,7 @@ void BM_CreatePuzzle(benchmark::State& state) {
   state.counters["puzzles/s"] =
       benchmark::Counter(static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
 }
-BENCHMARK(BM_CreatePuzzle)->Arg(0)->Arg(1)->Arg(2)->Arg(3)->ArgName("level")->MinTime(2);
+BENCHMARK(BM_CreatePuzzle)->ArgsProduct({{0, 1, 2, 3}, {0, 1, 2}})->ArgNames({"level", "cpu"})->MinTime(2);
 
 // The batch engine of velmora-cli generate on one thread: two puzzles dealt in turn.
 class CountedJobs : public PuzzleJobs {
@@ -45,6 +48,8 @@ class CountedJobs : public PuzzleJobs {
 
 void BM_CreatePuzzlesPaired(benchmark::State& state) {
   const int level = static_cast<int>(state.range(0));
+  const CpuArg cpu(state, 1);
+  if (!cpu.ok()) return;
   constexpr uint64_t kBatch = 200;
   uint64_t seed = 0;
   for (auto _ : state) {
@@ -55,11 +60,8 @@ void BM_CreatePuzzlesPaired(benchmark::State& state) {
       benchmark::Counter(static_cast<double>(state.iterations() * kBatch), benchmark::Counter::kIsRate);
 }
 BENCHMARK(BM_CreatePuzzlesPaired)
-    ->Arg(0)
-    ->Arg(1)
-    ->Arg(2)
-    ->Arg(3)
-    ->ArgName("level")
+    ->ArgsProduct({{0, 1, 2, 3}, {0, 1, 2}})
+    ->ArgNames({"level", "cpu"})
     ->MinTime(2)
     ->Unit(benchmark::kMillisecond);
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "board/geometry.h"
+#include "cpu_arg.h"
 #include "files/puzzle_file.h"
 #include "model/rules.h"
 
@@ -14,6 +15,8 @@ namespace {
 const std::string kPuzzles = std::string(VELMORA_DATA_DIR) + "/puzzles.vlm";
 
 void BM_UpdateOptionsLoadedPuzzle(benchmark::State& state) {
+  const CpuArg cpu(state, 0);
+  if (!cpu.ok()) return;
   GameState s;
   SilentUserInterface ui;
   if (!LoadPuzzle(s, ui, kPuzzles, 1, Draw::kNo)) {
@@ -25,9 +28,11 @@ void BM_UpdateOptionsLoadedPuzzle(benchmark::State& state) {
     benchmark::DoNotOptimize(s.puzzle.CellOptions);
   }
 }
-BENCHMARK(BM_UpdateOptionsLoadedPuzzle);
+BENCHMARK(BM_UpdateOptionsLoadedPuzzle)->DenseRange(0, 2)->ArgName("cpu");
 
 void BM_UpdateOptionsEmptyBoard(benchmark::State& state) {
+  const CpuArg cpu(state, 0);
+  if (!cpu.ok()) return;
   GameState s;
   s.puzzle.Rows = s.puzzle.Cols = 7;
   for (auto _ : state) {
@@ -35,7 +40,7 @@ void BM_UpdateOptionsEmptyBoard(benchmark::State& state) {
     benchmark::DoNotOptimize(s.puzzle.CellOptions);
   }
 }
-BENCHMARK(BM_UpdateOptionsEmptyBoard);
+BENCHMARK(BM_UpdateOptionsEmptyBoard)->DenseRange(0, 2)->ArgName("cpu");
 
 // Loads records from the middle and the end of a 1,000-record file.
 void BM_LoadPuzzleFrom1000Records(benchmark::State& state) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "board/geometry.h"
+#include "cpu_arg.h"
 #include "model/game_state.h"
 #include "model/rules.h"
 #include "model/solver.h"
@@ -141,6 +142,37 @@ void BM_SolveGridOnePassEmptyBoard(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_SolveGridOnePassEmptyBoard);
+
+// The removal trials of "VHard": from the base puzzle, every given blanked
+// in turn, kept blank while the trial still completes the board.
+void BM_BlankTrialsEveryGiven(benchmark::State& state) {
+  const CpuArg cpu(state, 0);
+  if (!cpu.ok()) return;
+  const GameState start = BasePuzzle();
+  SilentUserInterface ui;
+  int kept = 0;
+  for (auto _ : state) {
+    GameState s = start;
+    BlankTrials trials(s.puzzle, s.session);
+    kept = 0;
+    for (int r = 1; r <= 7; ++r) {
+      for (int c = 1; c <= 7; ++c) {
+        const int given = s.puzzle.Grid[r][c];
+        if (given <= 0) continue;
+        s.puzzle.Grid[r][c] = 0;
+        if (trials.Try(ui, r, c, given) == SolveResult::kFilled) {
+          trials.Keep(r, c, given);
+          ++kept;
+        } else {
+          s.puzzle.Grid[r][c] = given;
+        }
+      }
+    }
+    benchmark::DoNotOptimize(kept);
+  }
+  state.counters["kept"] = kept;
+}
+BENCHMARK(BM_BlankTrialsEveryGiven)->DenseRange(0, 2)->ArgName("cpu");
 
 }  // namespace
 }  // namespace velmora

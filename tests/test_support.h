@@ -19,6 +19,7 @@
 
 #include "files/puzzle_file.h"
 #include "files/text_file.h"
+#include "model/cpu_level.h"
 
 namespace velmora::test {
 
@@ -83,6 +84,18 @@ class ScopedEnv {
   const char* name_;
   std::optional<std::string> old_;
 };
+
+// Runs `body` once for each CPU level of the hot paths this machine has,
+// named in the failures' trace, then goes back to the level it started with.
+inline void ForEachCpuLevel(const std::function<void()>& body) {
+  const CpuLevel start = ActiveCpuLevel();
+  for (const CpuLevel level : SupportedCpuLevels()) {
+    UseCpuLevel(level);
+    SCOPED_TRACE("cpu " + std::string(CpuLevelName(level)));
+    body();
+  }
+  UseCpuLevel(start);
+}
 
 // The ordinary user tests act as; they run as root in CI.
 inline constexpr uid_t kNobody = 65534;

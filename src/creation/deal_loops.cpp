@@ -2,10 +2,7 @@
 // templates of deal_loops.h; only the draw differs between the levels.
 #include "creation/deal_loops.h"
 
-#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__)
-#include <immintrin.h>
-#define VELMORA_CPU_VERSIONS 1
-#endif
+#include "model/cpu_targets.h"
 
 namespace velmora::maker {
 namespace generic {
@@ -21,19 +18,17 @@ constexpr DealLoops kLoops{DealAlone, DealInTurn};
 #ifdef VELMORA_CPU_VERSIONS
 // Both newer levels draw with BMI2; the x86-64-v4 loops are the same source
 // compiled for that level.
-#pragma GCC push_options
-#pragma GCC target("avx2,bmi,bmi2,popcnt,lzcnt,fma,movbe")
+VELMORA_BEGIN_V3
 namespace v3 {
 #include "creation/deal_version.h"
 }  // namespace v3
-#pragma GCC pop_options
+VELMORA_END_LEVEL
 
-#pragma GCC push_options
-#pragma GCC target("avx2,bmi,bmi2,popcnt,lzcnt,fma,movbe,avx512f,avx512bw,avx512cd,avx512dq,avx512vl")
+VELMORA_BEGIN_V4
 namespace v4 {
 #include "creation/deal_version.h"
 }  // namespace v4
-#pragma GCC pop_options
+VELMORA_END_LEVEL
 #endif
 
 const DealLoops& DealLoopsFor(CpuLevel level) {

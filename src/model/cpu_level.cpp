@@ -26,17 +26,10 @@ CpuLevel DetectLevel() {
 #endif
 }
 
-CpuLevel StartLevel() {
-  const CpuLevel best = BestCpuLevel();
-  const char* asked = std::getenv("VELMORA_CPU");
-  const std::optional<CpuLevel> named = CpuLevelNamed(asked ? asked : "");
-  return named && *named <= best ? *named : best;
-}
-
 // Read on every dispatch; relaxed is enough, as it changes only at start-up
 // and between the runs of a test.
 std::atomic<CpuLevel>& Active() {
-  static std::atomic<CpuLevel> level{StartLevel()};
+  static std::atomic<CpuLevel> level{ChooseCpuLevel(std::getenv("VELMORA_CPU"), BestCpuLevel())};
   return level;
 }
 
@@ -59,6 +52,11 @@ std::vector<CpuLevel> SupportedCpuLevels() {
   std::vector<CpuLevel> levels;
   for (int i = 0; i <= static_cast<int>(BestCpuLevel()); ++i) levels.push_back(static_cast<CpuLevel>(i));
   return levels;
+}
+
+CpuLevel ChooseCpuLevel(const char* asked, CpuLevel best) {
+  const std::optional<CpuLevel> named = CpuLevelNamed(asked ? asked : "");
+  return named && *named <= best ? *named : best;
 }
 
 CpuLevel ActiveCpuLevel() { return Active().load(std::memory_order_relaxed); }

@@ -24,9 +24,13 @@ CpuLevel BestCpuLevel();
 // Every level this machine runs, lowest first.
 std::vector<CpuLevel> SupportedCpuLevels();
 
-// The level the hot paths use: BestCpuLevel(), or a lower one named by the
-// environment variable VELMORA_CPU ("generic", "v3", "v4") at start-up.
+// The level the hot paths use: ChooseCpuLevel(getenv("VELMORA_CPU"),
+// BestCpuLevel()) at start-up.
 CpuLevel ActiveCpuLevel();
+
+// The level `asked` names ("generic", "v3", "v4") when `best` reaches it;
+// otherwise, or when nothing is asked, `best`.
+CpuLevel ChooseCpuLevel(const char* asked, CpuLevel best);
 
 // Switches the hot paths to `level`, for tests and benchmarks that run each
 // version in turn; false, changing nothing, when this machine lacks it.

@@ -2,6 +2,8 @@
 // texts the rest of the program reads are produced from them in token order.
 #include "model/rules.h"
 
+#include "model/cpu_level.h"
+#include "model/cpu_targets.h"
 #include "model/text.h"
 
 namespace velmora {
@@ -49,20 +51,12 @@ bool OtherBad(const Puzzle& s, int rows, int cols, int r, int c) {
   return bad;
 }
 
-// The options, and the lists when they are asked for.
-bool Update(Puzzle& s, RemainLists* lists) {
-  s.AvailableCards = s.CardCodes.deck;
-  if (lists) {
-    for (auto& list : *lists) list.clear();
-  }
+// Reads the bars and computes the options: the hot part of an update.
+// False on a run-time error; `anyEmpty` tells whether a cell took options.
+[[gnu::always_inline]] inline bool ComputeOptions(Puzzle& s, Bars& b, bool& anyEmpty) {
   const int rows = s.Rows, cols = s.Cols;
-  if (rows < 1 || cols < 1) return true;
-  if (rows > kMaxIndex || cols > kMaxIndex) return false;  // Grid(10, c) does not exist
-  Bars b;
   if (!ReadBars(s, rows, cols, b)) return false;
   s.AvailableCards = b.available;
-
-  bool anyEmpty = false;
   for (int r = 1; r <= rows; ++r) {
     for (int c = 1; c <= cols; ++c) {
       if (s.Grid[r][c] >= 1) {
@@ -75,6 +69,54 @@ bool Update(Puzzle& s, RemainLists* lists) {
       anyEmpty = true;
     }
   }
+  return true;
+}
+
+namespace generic {
+bool Options(Puzzle& s, Bars& b, bool& anyEmpty) { return ComputeOptions(s, b, anyEmpty); }
+}  // namespace generic
+
+#ifdef VELMORA_CPU_VERSIONS
+// The same code built for the newer levels: `flatten` brings the reading of
+// the bars and the option loops into the function, under its target.
+VELMORA_BEGIN_V3
+namespace v3 {
+[[gnu::flatten]] bool Options(Puzzle& s, Bars& b, bool& anyEmpty) { return ComputeOptions(s, b, anyEmpty); }
+}  // namespace v3
+VELMORA_END_LEVEL
+VELMORA_BEGIN_V4
+namespace v4 {
+[[gnu::flatten]] bool Options(Puzzle& s, Bars& b, bool& anyEmpty) { return ComputeOptions(s, b, anyEmpty); }
+}  // namespace v4
+VELMORA_END_LEVEL
+#endif
+
+bool Options(Puzzle& s, Bars& b, bool& anyEmpty) {
+#ifdef VELMORA_CPU_VERSIONS
+  switch (ActiveCpuLevel()) {
+    case CpuLevel::kV4:
+      return v4::Options(s, b, anyEmpty);
+    case CpuLevel::kV3:
+      return v3::Options(s, b, anyEmpty);
+    case CpuLevel::kGeneric:
+      break;
+  }
+#endif
+  return generic::Options(s, b, anyEmpty);
+}
+
+// The options, and the lists when they are asked for.
+bool Update(Puzzle& s, RemainLists* lists) {
+  s.AvailableCards = s.CardCodes.deck;
+  if (lists) {
+    for (auto& list : *lists) list.clear();
+  }
+  const int rows = s.Rows, cols = s.Cols;
+  if (rows < 1 || cols < 1) return true;
+  if (rows > kMaxIndex || cols > kMaxIndex) return false;  // Grid(10, c) does not exist
+  Bars b;
+  bool anyEmpty = false;
+  if (!Options(s, b, anyEmpty)) return false;
 
   if (lists && anyEmpty) {
     for (CardSet set = b.available; set; set &= set - 1) {

@@ -12,6 +12,7 @@
 #include <memory>
 
 #include "model/rules.h"
+#include "model/solver_trials.h"
 
 namespace velmora {
 namespace {
@@ -313,22 +314,33 @@ SolveResult SolveGrid(Puzzle& p, Session& session, UserInterface& ui) {
   return SolveResult::kFilled;
 }
 
+namespace trials {
+namespace generic {
 namespace {
 
-// SolveGridTrial's passes on a started solver: those of SolveGrid, each
-// after a yield, up to the point where the answer is known.
-SolveResult RunTrial(Solver<true>& solver, Session& session, UserInterface& ui) {
-  session.Solving = 1;
-  ui.Yield();
-  while (!solver.Stuck() && solver.Pass() != 0) {
-    // A cell left without options is never filled; no open cell is left
-    // to fill.
-    if (solver.Stuck() || solver.AllPlaced()) break;
-    ui.Yield();
+class PatchedBoard final : public TrialBoard {
+ public:
+  PatchedBoard(Puzzle& p, Session& session) : p_(p), session_(session), read_(p), trial_(p) {
+    patchable_ = read_.Read() && !read_.Dupes();
   }
-  session.Solving = 0;
-  return solver.Stuck() || solver.EmptyCellLeft() ? SolveResult::kCellsLeft : SolveResult::kFilled;
-}
+  SolveResult Try(UserInterface& ui, int row, int col, int card) override {
+    if (!patchable_) return generic::SolveGridTrial(p_, session_, ui);
+    trial_.CopyReadFrom(read_);
+    trial_.Open(row, col, card);
+    trial_.Recompute();
+    return RunTrialWith(trial_, session_, ui);
+  }
+  void Keep(int row, int col, int card) override {
+    if (patchable_) read_.Open(row, col, card);
+  }
+
+ private:
+  Puzzle& p_;
+  Session& session_;
+  Solver<true> read_;   // the board as it stands between trials
+  Solver<true> trial_;  // one trial's working copy
+  bool patchable_ = false;
+};
 
 }  // namespace
 
@@ -343,34 +355,29 @@ SolveResult SolveGridTrial(Puzzle& p, Session& session, UserInterface& ui) {
     p.CellOptions = options;
     return result;
   }
-  return RunTrial(solver, session, ui);
+  return RunTrialWith(solver, session, ui);
 }
 
-struct BlankTrials::Board {
-  explicit Board(Puzzle& p) : read(p), trial(p) {}
-  Solver<true> read;   // the board as it stands between trials
-  Solver<true> trial;  // one trial's working copy
-  bool patchable = false;
-};
+std::unique_ptr<TrialBoard> MakeBoard(Puzzle& p, Session& session) {
+  return std::make_unique<PatchedBoard>(p, session);
+}
+
+}  // namespace generic
+}  // namespace trials
+
+SolveResult SolveGridTrial(Puzzle& p, Session& session, UserInterface& ui) {
+  return trials::TrialFunctionsFor(ActiveCpuLevel()).solveGridTrial(p, session, ui);
+}
 
 BlankTrials::BlankTrials(Puzzle& p, Session& session)
-    : p_(p), session_(session), board_(std::make_unique<Board>(p)) {
-  board_->patchable = board_->read.Read() && !board_->read.Dupes();
-}
+    : board_(trials::TrialFunctionsFor(ActiveCpuLevel()).board(p, session)) {}
 
 BlankTrials::~BlankTrials() = default;
 
 SolveResult BlankTrials::Try(UserInterface& ui, int row, int col, int card) {
-  if (!board_->patchable) return SolveGridTrial(p_, session_, ui);
-  Solver<true>& trial = board_->trial;
-  trial.CopyReadFrom(board_->read);
-  trial.Open(row, col, card);
-  trial.Recompute();
-  return RunTrial(trial, session_, ui);
+  return board_->Try(ui, row, col, card);
 }
 
-void BlankTrials::Keep(int row, int col, int card) {
-  if (board_->patchable) board_->read.Open(row, col, card);
-}
+void BlankTrials::Keep(int row, int col, int card) { board_->Keep(row, col, card); }
 
 }  // namespace velmora

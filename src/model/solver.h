@@ -23,6 +23,10 @@ SolveResult SolveGrid(Puzzle& p, Session& session, UserInterface& ui);
 // each, and stops as soon as the answer is known.
 SolveResult SolveGridTrial(Puzzle& p, Session& session, UserInterface& ui);
 
+namespace trials {
+class TrialBoard;
+}
+
 // SolveGridTrial for a board whose givens are blanked one at a time: the
 // board is read once and each trial patches the cell it blanks.
 class BlankTrials {
@@ -40,10 +44,7 @@ class BlankTrials {
   void Keep(int row, int col, int card);
 
  private:
-  struct Board;
-  Puzzle& p_;
-  Session& session_;
-  std::unique_ptr<Board> board_;
+  std::unique_ptr<trials::TrialBoard> board_;
 };
 
 }  // namespace velmora

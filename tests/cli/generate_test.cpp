@@ -7,6 +7,7 @@
 
 #include "cli/cli_support.h"
 #include "creation/generator.h"
+#include "model/cpu_level.h"
 
 namespace velmora {
 namespace {
@@ -26,13 +27,19 @@ TEST(Generate, SeededRecordsAreTheContractWhateverTheThreadsNumberedOnAfterThose
     first += PuzzleRecordText(s.puzzle, i, "Book");
     after += PuzzleRecordText(s.puzzle, 13 + i, "Book");
   }
-  for (const auto& [file, jobs] : {std::pair{fresh, "1"}, std::pair{book, "2"}}) {
-    const auto r = RunCli({"generate", file, "--count", "30", "--level", "vhard", "--seed", "1000", "--jobs",
-                           jobs, "--title", "Book"});
-    EXPECT_EQ(std::to_string(r.exitCode) + r.out, "0 30 new puzzles added to file:\n" + file + "\n");
+  // Every CPU version of the generator writes the same bytes.
+  for (const CpuLevel level : SupportedCpuLevels()) {
+    const test::ScopedEnv cpu("VELMORA_CPU", std::string(CpuLevelName(level)));
+    dir.Write("fresh.vlm", "");
+    dir.Write("book.vlm", test::Records(13));
+    for (const auto& [file, jobs] : {std::pair{fresh, "1"}, std::pair{book, "2"}}) {
+      const auto r = RunCli({"generate", file, "--count", "30", "--level", "vhard", "--seed", "1000",
+                             "--jobs", jobs, "--title", "Book"});
+      EXPECT_EQ(std::to_string(r.exitCode) + r.out, "0 30 new puzzles added to file:\n" + file + "\n");
+    }
+    EXPECT_EQ(dir.Read("fresh.vlm"), first) << CpuLevelName(level);
+    EXPECT_EQ(dir.Read("book.vlm"), after) << CpuLevelName(level);
   }
-  EXPECT_EQ(dir.Read("fresh.vlm"), first);
-  EXPECT_EQ(dir.Read("book.vlm"), after);
   // A blank title gives the automatic one.
   RunCli({"generate", fresh, "--title", "  "});
   EXPECT_TRUE(test::IsAutomaticTitle(test::Lines(dir.Read("fresh.vlm")).at(301)));

@@ -11,6 +11,7 @@
 #include "board/geometry.h"
 #include "creation/literal_generator.h"
 #include "model/solver.h"
+#include "test_support.h"
 
 namespace velmora {
 namespace {
@@ -29,24 +30,26 @@ GameState Generated(int level, uint64_t seed) {
   return s;
 }
 
-TEST(Generator, MatchesTheWordForWordVersionDrawForDraw) {
-  for (int level = 0; level <= 3; ++level) {
-    for (uint64_t seed = 1; seed <= 25; ++seed) {
-      GameState fast = SeededState(seed), literal = SeededState(seed);
-      int fastLevel = level, literalLevel = level;
-      SilentUserInterface ui;
-      ASSERT_EQ(CreatePuzzle(fast.puzzle, fast.session, ui, fastLevel), 0);
-      ASSERT_EQ(test::LiteralCreatePuzzle(literal, ui, literalLevel), 0);
-      SCOPED_TRACE("level " + std::to_string(level) + " seed " + std::to_string(seed));
-      EXPECT_EQ(fastLevel, literalLevel);
-      EXPECT_EQ(fast.puzzle.Grid, literal.puzzle.Grid);
-      EXPECT_EQ(fast.puzzle.SolutionGrid, literal.puzzle.SolutionGrid);
-      for (int k = -4; k <= 52; ++k)
-        EXPECT_EQ(fast.puzzle.CardCodes.Code(k), literal.puzzle.CardCodes.Code(k)) << k;
-      EXPECT_EQ(fast.session.rng.state(), literal.session.rng.state()) << "a different number of draws";
-      if (HasFailure()) return;
+TEST(Generator, MatchesTheWordForWordVersionDrawForDrawOnEveryCpuLevel) {
+  test::ForEachCpuLevel([&] {
+    for (int level = 0; level <= 3; ++level) {
+      for (uint64_t seed = 1; seed <= 25; ++seed) {
+        GameState fast = SeededState(seed), literal = SeededState(seed);
+        int fastLevel = level, literalLevel = level;
+        SilentUserInterface ui;
+        ASSERT_EQ(CreatePuzzle(fast.puzzle, fast.session, ui, fastLevel), 0);
+        ASSERT_EQ(test::LiteralCreatePuzzle(literal, ui, literalLevel), 0);
+        SCOPED_TRACE("level " + std::to_string(level) + " seed " + std::to_string(seed));
+        EXPECT_EQ(fastLevel, literalLevel);
+        EXPECT_EQ(fast.puzzle.Grid, literal.puzzle.Grid);
+        EXPECT_EQ(fast.puzzle.SolutionGrid, literal.puzzle.SolutionGrid);
+        for (int k = -4; k <= 52; ++k)
+          EXPECT_EQ(fast.puzzle.CardCodes.Code(k), literal.puzzle.CardCodes.Code(k)) << k;
+        EXPECT_EQ(fast.session.rng.state(), literal.session.rng.state()) << "a different number of draws";
+        if (HasFailure()) return;
+      }
     }
-  }
+  });
 }
 
 // What every level promises beyond the draws: the puzzle solves by deduction
@@ -81,19 +84,21 @@ struct CancelAtYield : UserInterface {
 };
 
 TEST(Generator, CancelIsSeenAtTheNextColumnAttemptAndForgottenByAFreshDeal) {
-  for (int at : {1, 2, 3}) {
-    GameState fast = SeededState(9), literal = SeededState(9);
-    CancelAtYield a(fast, at), b(literal, at);
-    int la = kLevelVHard, lb = kLevelVHard;
-    ASSERT_EQ(CreatePuzzle(fast.puzzle, fast.session, a, la), 1) << at;
-    ASSERT_EQ(test::LiteralCreatePuzzle(literal, b, lb), 1) << at;
-    EXPECT_EQ(fast.puzzle.Grid, literal.puzzle.Grid) << at;  // the part dealt so far
-  }
-  GameState stale = SeededState(5);
-  stale.session.CancelRequest = 1;  // standing before the call: cleared by the first fresh deal
-  CancelAtYield never(stale, 0);
-  int level = kLevelEasy;
-  EXPECT_EQ(CreatePuzzle(stale.puzzle, stale.session, never, level), 0);
+  test::ForEachCpuLevel([&] {
+    for (int at : {1, 2, 3}) {
+      GameState fast = SeededState(9), literal = SeededState(9);
+      CancelAtYield a(fast, at), b(literal, at);
+      int la = kLevelVHard, lb = kLevelVHard;
+      ASSERT_EQ(CreatePuzzle(fast.puzzle, fast.session, a, la), 1) << at;
+      ASSERT_EQ(test::LiteralCreatePuzzle(literal, b, lb), 1) << at;
+      EXPECT_EQ(fast.puzzle.Grid, literal.puzzle.Grid) << at;  // the part dealt so far
+    }
+    GameState stale = SeededState(5);
+    stale.session.CancelRequest = 1;  // standing before the call: cleared by the first fresh deal
+    CancelAtYield never(stale, 0);
+    int level = kLevelEasy;
+    EXPECT_EQ(CreatePuzzle(stale.puzzle, stale.session, never, level), 0);
+  });
 }
 
 uint64_t FrozenClock() { return 12345678901234ULL; }

@@ -4,12 +4,17 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <cstdlib>
 #include <functional>
 #include <random>
+#include <utility>
+#include <vector>
 
 #include "files/puzzle_file.h"
+#include "model/cpu_level.h"
+#include "model/rules.h"
 #include "model/undo.h"
 #include "test_support.h"
 
@@ -152,6 +157,94 @@ TEST(SolveGrid, GoesOnFromTheBoardALoadOrAnUndoDuringItsYieldLeaves) {
     EXPECT_EQ(SolveGrid(s.puzzle, s.session, ui), result) << i;
     EXPECT_EQ(s.puzzle.Grid, expected.puzzle.Grid) << i;
     EXPECT_EQ(ui.solving, 1) << i;
+  }
+}
+
+// Boards for the CPU versions: scrambled ones (marks, wrong and repeated
+// cards, cells without options), some narrower, wider or taller than 7x7,
+// some with a value that has no card code.
+std::vector<GameState> VersionBoards() {
+  const GameState full = test::Loaded(test::SolvableFile(), 1);
+  std::mt19937 rng(20261125);
+  std::vector<GameState> boards;
+  for (int t = 0; t < 180; ++t) {
+    GameState s = Scrambled(full, rng, 3 + t % 40);
+    const int shape = t % 8;
+    if (shape == 1) s.puzzle.Cols = 6;
+    if (shape == 2) s.puzzle.Rows = 8;
+    if (shape == 3) s.puzzle.Cols = 8;
+    if (shape == 4) s.puzzle.Grid[2][3] = -7;
+    boards.push_back(s);
+  }
+  return boards;
+}
+
+// Counts the yields: one before each pass of a trial.
+struct YieldCounter : UserInterface {
+  void Yield() override { ++yields; }
+  int yields = 0;
+};
+
+TEST(CpuVersions, OptionsAndTrialsComeOutAsTheGenericCodeGivesThem) {
+  for (const GameState& board : VersionBoards()) {
+    GameState generic = board;
+    SilentUserInterface ui;
+    UseCpuLevel(CpuLevel::kGeneric);
+    const bool read = UpdateOptions(generic.puzzle);
+    GameState solved = board;
+    const SolveResult expected = SolveGrid(solved.puzzle, solved.session, ui);
+    GameState counted = board;
+    YieldCounter passes;
+    SolveGridTrial(counted.puzzle, counted.session, passes);
+    test::ForEachCpuLevel([&] {
+      GameState s = board;
+      EXPECT_EQ(UpdateOptions(s.puzzle), read);
+      EXPECT_EQ(s.puzzle.CellOptions, generic.puzzle.CellOptions);
+      EXPECT_EQ(s.puzzle.AvailableCards, generic.puzzle.AvailableCards);
+      GameState t = board;
+      YieldCounter counter;
+      EXPECT_EQ(SolveGridTrial(t.puzzle, t.session, counter), expected);
+      EXPECT_EQ(counter.yields, passes.yields);
+      EXPECT_EQ(t.puzzle.Grid, board.puzzle.Grid);
+      EXPECT_EQ(t.puzzle.CellOptions, board.puzzle.CellOptions);
+    });
+    if (HasFailure()) return;
+  }
+}
+
+// Blanks of a generator's kind: givens taken away one at a time in a random
+// order, each kept blank only while the trial completes the board. Every
+// answer must be what a trial on the board read afresh gives.
+TEST(CpuVersions, BlankTrialsAnswerAsAFreshTrialWouldAfterEveryBlank) {
+  std::mt19937 rng(77);
+  for (const GameState& board : VersionBoards()) {
+    std::vector<std::pair<int, int>> order;
+    for (int r = 1; r <= LoopRows(board.puzzle); ++r)
+      for (int c = 1; c <= LoopCols(board.puzzle); ++c)
+        if (board.puzzle.Grid[r][c] > 0) order.emplace_back(r, c);
+    std::shuffle(order.begin(), order.end(), rng);
+    test::ForEachCpuLevel([&] {
+      GameState s = board;
+      BlankTrials trials(s.puzzle, s.session);
+      for (const auto& [r, c] : order) {
+        const int given = s.puzzle.Grid[r][c];
+        s.puzzle.Grid[r][c] = 0;
+        GameState fresh = s;
+        const CpuLevel level = ActiveCpuLevel();
+        UseCpuLevel(CpuLevel::kGeneric);
+        YieldCounter passes, counter;
+        const SolveResult expected = SolveGridTrial(fresh.puzzle, fresh.session, passes);
+        UseCpuLevel(level);
+        ASSERT_EQ(trials.Try(counter, r, c, given), expected) << r << "," << c;
+        ASSERT_EQ(counter.yields, passes.yields) << r << "," << c;
+        if (expected == SolveResult::kFilled) {
+          trials.Keep(r, c, given);
+        } else {
+          s.puzzle.Grid[r][c] = given;
+        }
+      }
+    });
+    if (HasFailure()) return;
   }
 }
 

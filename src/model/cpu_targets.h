@@ -10,8 +10,8 @@
 #define VELMORA_CPU_VERSIONS 1
 #define VELMORA_BEGIN_V3 \
   _Pragma("GCC push_options") _Pragma("GCC target(\"avx2,bmi,bmi2,popcnt,lzcnt,fma,movbe\")")
-#define VELMORA_BEGIN_V4     \
-  _Pragma("GCC push_options") \
-      _Pragma("GCC target(\"avx2,bmi,bmi2,popcnt,lzcnt,fma,movbe,avx512f,avx512bw,avx512cd,avx512dq,avx512vl\")")
+#define VELMORA_BEGIN_V4               \
+  _Pragma("GCC push_options") _Pragma( \
+      "GCC target(\"avx2,bmi,bmi2,popcnt,lzcnt,fma,movbe,avx512f,avx512bw,avx512cd,avx512dq,avx512vl\")")
 #define VELMORA_END_LEVEL _Pragma("GCC pop_options")
 #endif

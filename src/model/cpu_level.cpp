@@ -14,13 +14,15 @@ CpuLevel DetectLevel() {
   // libgcc's checks include the operating system's saving of the AVX and
   // AVX-512 registers, so a "yes" here means the instructions can run.
   __builtin_cpu_init();
-  const bool v3 = __builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi") &&
-                  __builtin_cpu_supports("bmi2") && __builtin_cpu_supports("popcnt") &&
-                  __builtin_cpu_supports("fma");
-  const bool v4 = v3 && __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") &&
-                  __builtin_cpu_supports("avx512cd") && __builtin_cpu_supports("avx512dq") &&
-                  __builtin_cpu_supports("avx512vl");
-  return v4 ? CpuLevel::kV4 : (v3 ? CpuLevel::kV3 : CpuLevel::kGeneric);
+  CpuFeatures f;
+  f.v3 = __builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi") && __builtin_cpu_supports("bmi2") &&
+         __builtin_cpu_supports("popcnt") && __builtin_cpu_supports("lzcnt") &&
+         __builtin_cpu_supports("fma") && __builtin_cpu_supports("movbe");
+  f.v4 = f.v3 && __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") &&
+         __builtin_cpu_supports("avx512cd") && __builtin_cpu_supports("avx512dq") &&
+         __builtin_cpu_supports("avx512vl");
+  f.slowBitDeposit = __builtin_cpu_is("amdfam17h");
+  return LevelOfFeatures(f);
 #else
   return CpuLevel::kGeneric;
 #endif
@@ -52,6 +54,11 @@ std::vector<CpuLevel> SupportedCpuLevels() {
   std::vector<CpuLevel> levels;
   for (int i = 0; i <= static_cast<int>(BestCpuLevel()); ++i) levels.push_back(static_cast<CpuLevel>(i));
   return levels;
+}
+
+CpuLevel LevelOfFeatures(const CpuFeatures& f) {
+  if (f.slowBitDeposit || !f.v3) return CpuLevel::kGeneric;
+  return f.v4 ? CpuLevel::kV4 : CpuLevel::kV3;
 }
 
 CpuLevel ChooseCpuLevel(const char* asked, CpuLevel best) {

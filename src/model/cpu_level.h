@@ -15,6 +15,18 @@ enum class CpuLevel {
   kV4,       // x86-64-v4: v3 plus AVX-512 F, BW, CD, DQ, VL
 };
 
+// What the level depends on in a CPU.
+struct CpuFeatures {
+  bool v3 = false;  // every x86-64-v3 instruction set, with the OS's support
+  bool v4 = false;  // every x86-64-v4 one
+  // pdep runs as slow microcode (AMD family 17h, Zen 1 and 2): the newer
+  // levels' draws would be several times slower than the generic ones.
+  bool slowBitDeposit = false;
+};
+
+// The level for a CPU with these features.
+CpuLevel LevelOfFeatures(const CpuFeatures& f);
+
 // Whether the versions for newer CPUs are built in at all (GCC on x86-64).
 bool CpuVersionsBuilt();
 

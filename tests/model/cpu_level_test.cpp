@@ -23,6 +23,18 @@ TEST(CpuLevel, NamesAndTheStartUpChoiceNeverPassWhatTheCpuRuns) {
     EXPECT_EQ(ChooseCpuLevel(c.asked, c.best), c.chosen) << (c.asked ? c.asked : "-");
 }
 
+TEST(CpuLevel, ACpuWithoutFastBitDepositOrAWholeLevelGetsTheLevelBelow) {
+  const struct {
+    CpuFeatures features;
+    CpuLevel level;
+  } cases[] = {{{false, false, false}, CpuLevel::kGeneric}, {{true, false, false}, CpuLevel::kV3},
+               {{true, true, false}, CpuLevel::kV4},        {{true, false, true}, CpuLevel::kGeneric},
+               {{true, true, true}, CpuLevel::kGeneric},    {{false, true, false}, CpuLevel::kGeneric}};
+  for (const auto& c : cases)
+    EXPECT_EQ(LevelOfFeatures(c.features), c.level)
+        << c.features.v3 << c.features.v4 << c.features.slowBitDeposit;
+}
+
 TEST(CpuLevel, OnlyLevelsTheMachineRunsCanBeSwitchedTo) {
   const CpuLevel start = ActiveCpuLevel();
   const auto levels = SupportedCpuLevels();

@@ -196,7 +196,7 @@ class RowBoard final : public TrialBoard {
     patchable_ = read_.Read() && !read_.Dupes();
   }
   [[gnu::flatten]] SolveResult Try(UserInterface& ui, int row, int col, int card) override {
-    if (!patchable_) return generic::SolveGridTrial(p_, session_, ui);
+    if (!patchable_) return generic::SolveTrial(p_, session_, ui);
     trial_.CopyReadFrom(read_);
     trial_.Open(row, col, card);
     trial_.Recompute();
@@ -214,9 +214,9 @@ class RowBoard final : public TrialBoard {
   bool patchable_ = false;
 };
 
-[[gnu::flatten]] SolveResult SolveGridTrial(Puzzle& p, Session& session, UserInterface& ui) {
+[[gnu::flatten]] SolveResult SolveTrial(Puzzle& p, Session& session, UserInterface& ui) {
   RowSolver solver(p);
-  if (!solver.Start()) return generic::SolveGridTrial(p, session, ui);
+  if (!solver.Start()) return generic::SolveTrial(p, session, ui);
   return RunTrialWith(solver, session, ui);
 }
 
@@ -225,4 +225,4 @@ std::unique_ptr<TrialBoard> MakeBoard(Puzzle& p, Session& session) {
   return std::make_unique<RowBoard>(p, session);
 }
 
-constexpr TrialFunctions kFunctions{SolveGridTrial, MakeBoard};
+constexpr TrialFunctions kFunctions{SolveTrial, MakeBoard};

@@ -24,7 +24,7 @@ struct TrialFunctions {
 
 // The generic build, which the others fall back on for boards they do not take.
 namespace generic {
-SolveResult SolveGridTrial(Puzzle& p, Session& session, UserInterface& ui);
+SolveResult SolveTrial(Puzzle& p, Session& session, UserInterface& ui);
 std::unique_ptr<TrialBoard> MakeBoard(Puzzle& p, Session& session);
 }  // namespace generic
 

@@ -1,16 +1,18 @@
-// Each CPU level's build of the solver trials: the generic one of solver.cpp,
-// and the row-at-a-time solver of solver_rows.h built for x86-64-v4.
+// Each CPU level's build of the solver trials: the generic solver of
+// solver_cells.h (built for the generic level in solver.cpp, and here for
+// x86-64-v3), and the row-at-a-time solver of solver_rows.h for x86-64-v4.
 #include <array>
 #include <cstdint>
 #include <memory>
 
 #include "model/cpu_targets.h"
+#include "model/rules.h"
 #include "model/solver_trials.h"
 
 namespace velmora::trials {
 namespace generic {
 namespace {
-constexpr TrialFunctions kFunctions{SolveGridTrial, MakeBoard};
+constexpr TrialFunctions kFunctions{SolveTrial, MakeBoard};
 }  // namespace
 }  // namespace generic
 
@@ -23,6 +25,16 @@ using Lanes = uint64_t __attribute__((vector_size(64)));
 using LaneTest = int64_t __attribute__((vector_size(64)));
 
 }  // namespace
+
+// An AVX2 row is two halves that the shifts between neighbouring columns
+// cross: measured, the row solver ran there at less than half the generic
+// solver's speed, so x86-64-v3 builds the generic one.
+VELMORA_BEGIN_V3
+namespace v3 {
+#include "model/solver_cells.h"
+constexpr TrialFunctions kFunctions{SolveTrial, MakeBoard};
+}  // namespace v3
+VELMORA_END_LEVEL
 
 VELMORA_BEGIN_V4
 namespace v4 {
@@ -41,9 +53,7 @@ VELMORA_END_LEVEL
 const TrialFunctions& TrialFunctionsFor(CpuLevel level) {
 #ifdef VELMORA_CPU_VERSIONS
   if (level == CpuLevel::kV4) return v4::kFunctions;
-    // An AVX2 row is two halves, and the shifts between neighbouring columns
-    // cross them: measured, the row solver there runs at less than half the
-    // generic code's speed, so x86-64-v3 keeps the generic trials.
+  if (level == CpuLevel::kV3) return v3::kFunctions;
 #endif
   (void)level;
   return generic::kFunctions;

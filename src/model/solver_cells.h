@@ -272,7 +272,6 @@ class Solver {
   int count_ = 0;
 };
 
-
 class PatchedBoard final : public TrialBoard {
  public:
   PatchedBoard(Puzzle& p, Session& session) : p_(p), session_(session), read_(p), trial_(p) {
@@ -297,7 +296,6 @@ class PatchedBoard final : public TrialBoard {
   bool patchable_ = false;
 };
 
-
 }  // namespace
 
 [[gnu::flatten]] SolveResult SolveTrial(Puzzle& p, Session& session, UserInterface& ui) {
@@ -317,4 +315,3 @@ class PatchedBoard final : public TrialBoard {
 std::unique_ptr<TrialBoard> MakeBoard(Puzzle& p, Session& session) {
   return std::make_unique<PatchedBoard>(p, session);
 }
-

@@ -27,6 +27,4 @@ class CpuArg {
   bool ok_ = false;
 };
 
-inline constexpr int kCpuArgs[] = {0, 1, 2};
-
 }  // namespace velmora

@@ -4,13 +4,15 @@
 #include <atomic>
 #include <cstdlib>
 
+#include "model/cpu_targets.h"
+
 namespace velmora {
 namespace {
 
 constexpr std::array<std::string_view, 3> kNames = {"generic", "v3", "v4"};
 
 CpuLevel DetectLevel() {
-#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__)
+#ifdef VELMORA_CPU_VERSIONS
   // libgcc's checks include the operating system's saving of the AVX and
   // AVX-512 registers, so a "yes" here means the instructions can run.
   __builtin_cpu_init();
@@ -38,7 +40,7 @@ std::atomic<CpuLevel>& Active() {
 }  // namespace
 
 bool CpuVersionsBuilt() {
-#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__)
+#ifdef VELMORA_CPU_VERSIONS
   return true;
 #else
   return false;

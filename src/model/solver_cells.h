@@ -1,7 +1,8 @@
 // The generic deduction solver, on a list of the board's open cells.
 // Included once per CPU level (solver.cpp for the generic build,
-// solver_versions.cpp for x86-64-v3), inside that level's namespace and under
-// its target options; it has no include guard and includes nothing itself.
+// solver_versions.cpp for the others), inside that level's namespace and
+// under its target options; it has no include guard and includes nothing
+// itself.
 //
 // Each pass works as if UpdateOptions without the lists ran between its two
 // steps, but the bars behind the options (ranks taken in each row and column,
@@ -9,7 +10,7 @@
 // to date as cards go down instead of being rebuilt from the whole grid. The
 // options it leaves in CellOptions are the ones UpdateOptions would compute.
 
-SolveResult SolveTrial(Puzzle& p, Session& session, UserInterface& ui);
+SolveResult CellsTrial(Puzzle& p, Session& session, UserInterface& ui);
 
 namespace {
 
@@ -272,13 +273,16 @@ class Solver {
   int count_ = 0;
 };
 
+// BlankTrials' board with trial solver S: the board read once, each trial a
+// patched copy of it.
+template <class S>
 class PatchedBoard final : public TrialBoard {
  public:
   PatchedBoard(Puzzle& p, Session& session) : p_(p), session_(session), read_(p), trial_(p) {
     patchable_ = read_.Read() && !read_.Dupes();
   }
   [[gnu::flatten]] SolveResult Try(UserInterface& ui, int row, int col, int card) override {
-    if (!patchable_) return SolveTrial(p_, session_, ui);
+    if (!patchable_) return CellsTrial(p_, session_, ui);
     trial_.CopyReadFrom(read_);
     trial_.Open(row, col, card);
     trial_.Recompute();
@@ -291,14 +295,14 @@ class PatchedBoard final : public TrialBoard {
  private:
   Puzzle& p_;
   Session& session_;
-  Solver<true> read_;   // the board as it stands between trials
-  Solver<true> trial_;  // one trial's working copy
+  S read_;   // the board as it stands between trials
+  S trial_;  // one trial's working copy
   bool patchable_ = false;
 };
 
 }  // namespace
 
-[[gnu::flatten]] SolveResult SolveTrial(Puzzle& p, Session& session, UserInterface& ui) {
+[[gnu::flatten]] SolveResult CellsTrial(Puzzle& p, Session& session, UserInterface& ui) {
   Solver<true> solver(p);
   if (!solver.Start()) {
     // Values without a code: the literal way, on the state itself.
@@ -312,6 +316,6 @@ class PatchedBoard final : public TrialBoard {
   return RunTrialWith(solver, session, ui);
 }
 
-std::unique_ptr<TrialBoard> MakeBoard(Puzzle& p, Session& session) {
-  return std::make_unique<PatchedBoard>(p, session);
+std::unique_ptr<TrialBoard> CellsBoard(Puzzle& p, Session& session) {
+  return std::make_unique<PatchedBoard<Solver<true>>>(p, session);
 }

@@ -1,14 +1,14 @@
 // One CPU level's solver trials, a whole row of the board at a time.
-// Included once per level by solver_versions.cpp, inside that level's
-// namespace and under its target options, after that level's LaneBits; it
-// has no include guard and includes nothing itself.
+// Included by solver_versions.cpp inside that level's namespace and under
+// its target options, after solver_cells.h and that level's LaneBits; it has
+// no include guard and includes nothing itself.
 //
 // It computes what the generic trial solver in solver.cpp computes: the same
 // options, the same cards placed in each pass, the same answer. Only the
 // layout differs: a row of the board is one vector of eight card sets, lane
 // c for column c, and lane 0 stands for the board's left edge; so it takes
 // boards up to seven rows and seven columns and leaves larger ones to the
-// generic code.
+// generic solver.
 
 constexpr int kLaneCols = 7;
 constexpr Lanes kLaneIndex = {0, 1, 2, 3, 4, 5, 6, 7};
@@ -190,39 +190,15 @@ class RowSolver {
   bool dead_ = false, marks_ = false, dupes_ = false, settled_ = false;
 };
 
-class RowBoard final : public TrialBoard {
- public:
-  RowBoard(Puzzle& p, Session& session) : p_(p), session_(session), read_(p), trial_(p) {
-    patchable_ = read_.Read() && !read_.Dupes();
-  }
-  [[gnu::flatten]] SolveResult Try(UserInterface& ui, int row, int col, int card) override {
-    if (!patchable_) return generic::SolveTrial(p_, session_, ui);
-    trial_.CopyReadFrom(read_);
-    trial_.Open(row, col, card);
-    trial_.Recompute();
-    return RunTrialWith(trial_, session_, ui);
-  }
-  void Keep(int row, int col, int card) override {
-    if (patchable_) read_.Open(row, col, card);
-  }
-
- private:
-  Puzzle& p_;
-  Session& session_;
-  RowSolver read_;   // the board as it stands between trials
-  RowSolver trial_;  // one trial's working copy
-  bool patchable_ = false;
-};
-
-[[gnu::flatten]] SolveResult SolveTrial(Puzzle& p, Session& session, UserInterface& ui) {
+[[gnu::flatten]] SolveResult RowsTrial(Puzzle& p, Session& session, UserInterface& ui) {
   RowSolver solver(p);
-  if (!solver.Start()) return generic::SolveTrial(p, session, ui);
+  if (!solver.Start()) return CellsTrial(p, session, ui);
   return RunTrialWith(solver, session, ui);
 }
 
-std::unique_ptr<TrialBoard> MakeBoard(Puzzle& p, Session& session) {
-  if (!RowSolver::Takes(p)) return generic::MakeBoard(p, session);
-  return std::make_unique<RowBoard>(p, session);
+std::unique_ptr<TrialBoard> RowsBoard(Puzzle& p, Session& session) {
+  if (!RowSolver::Takes(p)) return CellsBoard(p, session);
+  return std::make_unique<PatchedBoard<RowSolver>>(p, session);
 }
 
-constexpr TrialFunctions kFunctions{SolveTrial, MakeBoard};
+constexpr TrialFunctions kFunctions{RowsTrial, RowsBoard};

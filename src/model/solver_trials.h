@@ -22,10 +22,10 @@ struct TrialFunctions {
   std::unique_ptr<TrialBoard> (*board)(Puzzle& p, Session& session);
 };
 
-// The generic build, which the others fall back on for boards they do not take.
+// The generic build (solver.cpp).
 namespace generic {
-SolveResult SolveTrial(Puzzle& p, Session& session, UserInterface& ui);
-std::unique_ptr<TrialBoard> MakeBoard(Puzzle& p, Session& session);
+SolveResult CellsTrial(Puzzle& p, Session& session, UserInterface& ui);
+std::unique_ptr<TrialBoard> CellsBoard(Puzzle& p, Session& session);
 }  // namespace generic
 
 // The functions built for `level`; a level that is not built in gives the generic ones.

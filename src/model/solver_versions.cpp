@@ -12,7 +12,7 @@
 namespace velmora::trials {
 namespace generic {
 namespace {
-constexpr TrialFunctions kFunctions{SolveTrial, MakeBoard};
+constexpr TrialFunctions kFunctions{CellsTrial, CellsBoard};
 }  // namespace
 }  // namespace generic
 
@@ -32,12 +32,14 @@ using LaneTest = int64_t __attribute__((vector_size(64)));
 VELMORA_BEGIN_V3
 namespace v3 {
 #include "model/solver_cells.h"
-constexpr TrialFunctions kFunctions{SolveTrial, MakeBoard};
+constexpr TrialFunctions kFunctions{CellsTrial, CellsBoard};
 }  // namespace v3
 VELMORA_END_LEVEL
 
 VELMORA_BEGIN_V4
 namespace v4 {
+#include "model/solver_cells.h"
+
 namespace {
 
 // Bit c set where lane c of a comparison holds: one AVX-512 mask.

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <filesystem>
 #include <thread>
 
 #include "cli/cli_support.h"
@@ -66,6 +67,18 @@ TEST(Generate, InterruptLeavesOnlyWholeRecordsAndExits130) {
             " " + std::to_string(records) + " new puzzles added to file:\n" + file + "\n");
   test::Loaded(file, records);  // the last record whole
   EXPECT_EQ(dir.Read("big.vlm").substr(dir.Read("big.vlm").size() - 2), "\r\n");
+}
+
+// An option left without its value at the end of the line is named as such,
+// never read past the arguments.
+TEST(Generate, AnOptionLastOnTheLineWithoutItsValueIsAUsageError) {
+  test::TempDir dir;
+  for (const char* option : {"--count", "--seed", "--level", "--jobs"}) {
+    const auto r = RunCli({"generate", dir.File("g.vlm"), option});
+    EXPECT_EQ(std::to_string(r.exitCode) + r.err.substr(0, r.err.find('\n')),
+              std::string("2velmora-cli generate: ") + option + " needs a value");
+  }
+  EXPECT_FALSE(std::filesystem::exists(dir.File("g.vlm")));
 }
 
 TEST(Transform, PrintsTheCountAndWritesTheNewFile) {

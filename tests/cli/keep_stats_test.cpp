@@ -47,9 +47,11 @@ TEST(CliKeep, PlayKeepsAndRestoresBoardsAndStatsCountsThem) {
                     Place(file, 41, 0) + Place(file, 41, 1) + "undo\nnext\nprevious\noutcome\n"),
       "message: Done\nmessage: Done\nmessage: Done\nmessage: Done\noutcome: finished, clock 0:02, hints "
       "0, undos 0\nmessage: Done\noutcome: in progress, clock 0:05, hints 0, undos 1\n");
-  EXPECT_EQ(play("41", "board\nreset\noutcome\nclock 1\n"),
+  // The clock only runs forward, by a number of milliseconds.
+  EXPECT_EQ(play("41", "board\nreset\nclock -5000\nclock x\noutcome\nclock 1\n"),
             "qWMf@@\\\n[n@A@tk\np@@Xg@J\nFa@@@L@\nh@^Qs@H\n@]@r@b@\nV@@EZ@d\n"
-            "confirm: Reset puzzle from file?\noutcome: new, clock 0:00, hints 0, undos 0\n");
+            "confirm: Reset puzzle from file?\nerror: usage: clock MS\nerror: usage: clock MS\n"
+            "outcome: new, clock 0:00, hints 0, undos 0\n");
   EXPECT_EQ(RunCli({"play", file, "1"}, "clock 1\noutcome\n").out,
             "error: unknown command: clock\nerror: unknown command: outcome\n");
   const std::string figures = "finished: 4\nin progress: 0\nshown: 1\n";

@@ -27,6 +27,10 @@ TEST(SortCli, WritesTheSortedFileAndRepeatsASeededRandomOrder) {
   for (const char* name : {"r1.vlm", "r2.vlm"})
     EXPECT_EQ(RunCli({"sort", in, dir.File(name), "--order", "random", "--seed", "9"}).exitCode, 0);
   EXPECT_EQ(dir.Read("r1.vlm"), dir.Read("r2.vlm"));
+  // Without a seed it does not: two of the 23! orders alike would be chance.
+  for (const char* name : {"u1.vlm", "u2.vlm"})
+    EXPECT_EQ(RunCli({"sort", in, dir.File(name), "--order", "random"}).exitCode, 0);
+  EXPECT_NE(dir.Read("u1.vlm"), dir.Read("u2.vlm"));
 }
 
 TEST(SortCli, AFullDiskLeavesTheOldOutputWithItsPermissionsAndNoOtherFile) {
